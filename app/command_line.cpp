@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "app/command_line.h"
+
+#include <charconv>
+#include <optional>
+#include <sstream>
+#include <string_view>
+
+namespace quenlor::app {
+namespace {
+
+// A port number is a whole number from 1; 0 for anything else.
+int PortNumber(std::string_view text) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc() && end == text.data() + text.size() && number > 0 ? number : 0;
+}
+
+std::vector<std::string> Words(const std::string& text) {
+  std::istringstream stream(text);
+  std::vector<std::string> words;
+  for (std::string word; stream >> word;) words.push_back(word);
+  return words;
+}
+
+class Parser {
+ public:
+  explicit Parser(const std::vector<std::string>& arguments) : arguments_(arguments) {}
+
+  CommandLine Parse() {
+    bool only_files = false;
+    while (at_ < arguments_.size() && result_.error.empty()) {
+      const std::string& argument = arguments_[at_++];
+      if (only_files || !argument.starts_with("-")) TakeFile(argument);
+      else if (argument == "--") only_files = true;
+      else TakeOption(argument);
+    }
+    return result_;
+  }
+
+ private:
+  void TakeFile(const std::string& argument) {
+    if (argument.empty()) result_.error = "the file name is empty";
+    else if (!result_.file.empty()) result_.error = "more than one file: " + argument;
+    else result_.file = argument;
+  }
+
+  void TakeOption(const std::string& argument) {
+    const std::size_t equals = argument.find('=');
+    const std::string option = argument.substr(0, equals);
+    if (equals != std::string::npos) attached_ = argument.substr(equals + 1);
+    if (option == "--help" || option == "-h") result_.help = true;
+    else if (option == "--version") result_.version = true;
+    else if (option == "--folder") result_.folder = Value(option);
+    else if (option == "--port") TakePort(Value(option));
+    else if (option == "--virtual") TakeVirtual(Value(option));
+    else if (option == "--instrument") result_.instrument = Words(Value(option));
+    else result_.error = "unknown option " + argument;
+    if (attached_ && result_.error.empty()) result_.error = option + " takes no value";
+    attached_.reset();
+  }
+
+  std::string Value(const std::string& option) {
+    std::string value;
+    if (attached_) value = *attached_;
+    else if (at_ < arguments_.size()) value = arguments_[at_++];
+    attached_.reset();
+    if (value.empty() && result_.error.empty()) result_.error = option + " needs a value";
+    return value;
+  }
+
+  void TakePort(const std::string& value) {
+    const std::size_t equals = value.find('=');
+    const int number = PortNumber(value.substr(0, equals));
+    if (!result_.error.empty()) return;
+    if (number == 0 || equals == std::string::npos || equals + 1 == value.size()) {
+      result_.error = "--port needs n=DEVICE, not " + value;
+    } else {
+      result_.ports[number] = value.substr(equals + 1);
+    }
+  }
+
+  void TakeVirtual(const std::string& value) {
+    const int number = PortNumber(value);
+    if (!result_.error.empty()) return;
+    if (number == 0) result_.error = "--virtual needs a port number, not " + value;
+    else result_.virtual_ports.insert(number);
+  }
+
+  const std::vector<std::string>& arguments_;
+  std::size_t at_ = 0;
+  std::optional<std::string> attached_;  // the value of --option=value while it is not taken
+  CommandLine result_;
+};
+
+}  // namespace
+
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments) { return Parser(arguments).Parse(); }
+
+std::string HelpText() {
+  return R"(Usage: quenlor [options] [FILE]
+
+Logs the readings of a viscometer on a serial line. FILE, a data file or a raw
+log, is opened at start.
+
+Options:
+  --folder DIR        keep settings, commands, port numbers and raw logs in DIR
+                      (default: the folder of the program; the user's own data
+                      folder when the program is installed or its folder cannot
+                      be written)
+  --port n=DEVICE     port number n is this device (may be given again);
+                      without it the line n=DEVICE of Ports.txt in that folder
+  --virtual n         put a virtual viscometer behind port number n
+  --instrument TEXT   how the virtual viscometer behaves, for instance
+                      "--interval 0.5 --form comma"; the same words as
+                      quenlor-instrument takes, see quenlor-instrument --help
+  --help              show this and exit
+  --version           show the version and exit
+
+Exit status: 0 done, 2 wrong usage.
+)";
+}
+
+}  // namespace quenlor::app

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace quenlor::app {
+
+// What the program was called with: quenlor [--folder DIR] [--port n=DEVICE]… [--virtual n] [FILE]
+struct CommandLine {
+  bool help = false;
+  bool version = false;
+  std::string folder;                   // empty: the program chooses
+  std::map<int, std::string> ports;     // devices of port numbers
+  std::set<int> virtual_ports;          // numbers with the virtual viscometer behind them
+  std::vector<std::string> instrument;  // how the virtual viscometer behaves, in its own words
+  std::string file;                     // a data file to open at start; empty: a new document
+  std::string error;                    // wrong usage, in one line; empty when all is well
+};
+
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
+
+// The text of --help.
+std::string HelpText();
+
+}  // namespace quenlor::app

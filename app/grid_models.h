@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QColor>
+
+#include "data/document.h"
+#include "graph/color_table.h"
+
+namespace quenlor::app {
+
+// A grid of the document for a table view. Row 0 and column 0 of the table are the view's headers, so cell (r, c) of
+// the model is (r + 1, c + 1) of the table.
+//
+// Nothing is copied. Rows that arrive are shown at the next Sync, many at once: a view's work after an insertion is
+// the same for one row and for a thousand.
+class GridModel : public QAbstractTableModel, protected data::DocumentListener {
+  Q_OBJECT
+
+ public:
+  explicit GridModel(data::Document& document, QObject* parent = nullptr);
+  ~GridModel() override;
+
+  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : shown_rows_; }
+  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : shown_cols_; }
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+  // The title of column 0, for the corner between the headers.
+  QString CornerTitle() const { return Text(0, 0); }
+
+  // Shows what has arrived since the last call; true when rows were added.
+  bool Sync();
+
+ protected:
+  virtual data::Document::Row TableRows() const = 0;
+  virtual int TableCols() const = 0;
+  virtual std::string_view TableText(data::Document::Row row, int col) const = 0;
+  // The run whose colour a row has; 0 for none.
+  virtual long long RunOfRow(data::Document::Row row) const = 0;
+
+  QString Text(data::Document::Row row, int col) const;
+  void ShowAll();  // in the constructor of the last class, when the table can be asked
+  const data::Document& Document() const { return document_; }
+
+  void RowsAboutToBeRemoved(Row first, Row last) override;
+  void RowsRemoved(Row first, Row last) override;
+  void CellChanged(Row row, int col) override;
+  void ColumnsChanged() override;
+  void DocumentReplaced() override;
+
+ private:
+  data::Document& document_;
+  int shown_rows_ = 0;
+  int shown_cols_ = 0;
+};
+
+// The measurement table.
+class Grid1Model : public GridModel {
+ public:
+  explicit Grid1Model(data::Document& document, QObject* parent = nullptr) : GridModel(document, parent) { ShowAll(); }
+
+ protected:
+  data::Document::Row TableRows() const override { return Document().Grid1().Rows(); }
+  int TableCols() const override { return Document().Grid1().Cols(); }
+  std::string_view TableText(data::Document::Row row, int col) const override;
+  long long RunOfRow(data::Document::Row row) const override;
+};
+
+// The display table: run number, time, and the columns chosen as viscosity and temperature.
+class Grid2Model : public Grid1Model {
+ public:
+  explicit Grid2Model(data::Document& document, QObject* parent = nullptr) : Grid1Model(document, parent) { ShowAll(); }
+
+ protected:
+  int TableCols() const override { return 4; }
+  std::string_view TableText(data::Document::Row row, int col) const override;
+};
+
+// The run information table.
+class Grid4Model : public GridModel {
+ public:
+  explicit Grid4Model(data::Document& document, QObject* parent = nullptr) : GridModel(document, parent) { ShowAll(); }
+
+ protected:
+  data::Document::Row TableRows() const override { return Document().Grid4().Rows(); }
+  int TableCols() const override { return Document().Grid4().Cols(); }
+  std::string_view TableText(data::Document::Row row, int col) const override;
+  long long RunOfRow(data::Document::Row row) const override { return row; }
+  void RowsAboutToBeRemoved(Row, Row) override {}
+  void RowsRemoved(Row, Row) override {}
+  void CellChanged(Row, int) override {}
+  void RunsChanged() override;
+  void ReadingAppended(Row) override { latest_changed_ = true; }
+
+ public:
+  // The latest run's times change with every reading; they are shown anew once a tick.
+  void ShowLatest();
+
+ private:
+  bool latest_changed_ = false;
+};
+
+QColor ToQColor(graph::Color color);
+
+}  // namespace quenlor::app

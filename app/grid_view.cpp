@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "app/grid_view.h"
+
+#include <QAbstractButton>
+#include <QEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOptionHeader>
+#include <algorithm>
+#include <cmath>
+
+namespace quenlor::app {
+namespace {
+
+constexpr double kTwipsPerPixel = 15;
+constexpr int kFittedRows = 64;  // of a burst only the last rows are measured; texts of a run are much alike
+
+int TextWidth(const QFontMetrics& font, const QString& text) {
+  return font.horizontalAdvance(text) + static_cast<int>(std::ceil(100 / kTwipsPerPixel));
+}
+
+}  // namespace
+
+GridView::GridView(GridModel* model, const QString& name, const QString& title, QWidget* parent)
+    : QTableView(parent), model_(model) {
+  setObjectName(name);
+  setAccessibleName(title);
+  setModel(model);
+  setSelectionMode(ContiguousSelection);
+  setEditTriggers(NoEditTriggers);
+  setWordWrap(false);
+  setAlternatingRowColors(false);
+  setTabKeyNavigation(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+  verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  // Texts that are too long for a header's first glance must not decide how wide it is.
+  horizontalHeader()->setMaximumSectionSize(4000);
+  verticalHeader()->setResizeContentsPrecision(0);
+
+  corner_ = findChild<QAbstractButton*>();
+  if (corner_ != nullptr) corner_->installEventFilter(this);
+  connect(this, &QTableView::doubleClicked, this, &GridView::Grid_DblClick);
+  connect(verticalHeader(), &QHeaderView::sectionDoubleClicked, this, &GridView::Grid_DblClick);
+  connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &GridView::Grid_DblClick);
+  connect(model, &QAbstractItemModel::modelReset, this, [this] { FitTitles(); });
+  connect(model, &QAbstractItemModel::headerDataChanged, this, [this](Qt::Orientation orientation) {
+    if (orientation == Qt::Horizontal) FitTitles();
+  });
+  connect(model, &QAbstractItemModel::modelReset, this, [this] { FitNewRows(0); });
+  FitTitles();
+  FitNewRows(0);
+}
+
+int GridView::Sync() {
+  QElapsedTimer timer;
+  timer.start();
+  const int first_new = std::max(0, model_->rowCount() - 1);
+  if (!model_->Sync()) return 0;
+  FitNewRows(first_new);
+  // A hand on the scroll bar wins over the newest row, until it lets go.
+  if (isVisible() && !verticalScrollBar()->isSliderDown()) {
+    scrollToBottom();
+    viewport()->repaint();
+  }
+  return static_cast<int>(timer.elapsed());
+}
+
+GridSelection GridView::Selection() const {
+  const QItemSelection selection = selectionModel()->selection();
+  if (selection.isEmpty()) return {};
+  GridSelection result{selection.first().top(), selection.first().bottom(), selection.first().left(),
+                       selection.first().right()};
+  for (const QItemSelectionRange& range : selection) {
+    result.Row = std::min<data::Document::Row>(result.Row, range.top());
+    result.RowSel = std::max<data::Document::Row>(result.RowSel, range.bottom());
+    result.Col = std::min(result.Col, range.left());
+    result.ColSel = std::max(result.ColSel, range.right());
+  }
+  ++result.Row, ++result.RowSel, ++result.Col, ++result.ColSel;
+  return result;
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Delete) {
+    emit Grid_KeyDown(46);
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+}
+
+// The corner between the headers carries the title of column 0.
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != corner_ || event->type() != QEvent::Paint) return QTableView::eventFilter(watched, event);
+  QPainter painter(corner_);
+  QStyleOptionHeader option;
+  option.initFrom(corner_);
+  option.rect = corner_->rect();
+  option.text = model_->CornerTitle();
+  option.textAlignment = Qt::AlignCenter;
+  option.orientation = Qt::Horizontal;
+  option.section = 0;
+  corner_->style()->drawControl(QStyle::CE_Header, &option, &painter, corner_);
+  return true;
+}
+
+void GridView::FitColumnWidth(int column, int width) {
+  if (width > columnWidth(column)) setColumnWidth(column, std::min(width, 4000));
+}
+
+void GridView::FitNewRows(int first) {
+  const int rows = model_->rowCount();
+  const int columns = std::min(model_->columnCount(), 256);  // wider tables are not read by eye
+  const QFontMetrics font = fontMetrics();
+  for (int row = std::max(first, rows - kFittedRows); row < rows; ++row) {
+    for (int column = 0; column < columns; ++column) {
+      FitColumnWidth(column, TextWidth(font, model_->index(row, column).data().toString()) + 8);
+    }
+  }
+}
+
+void GridView::FitTitles() {
+  // Column 0 is as wide as its title at least, also while no reading shows it how wide it must be.
+  verticalHeader()->setMinimumWidth(TextWidth(verticalHeader()->fontMetrics(), model_->CornerTitle()) + 16);
+  const int columns = std::min(model_->columnCount(), 256);
+  for (int column = 0; column < columns; ++column) {
+    const QString title = model_->headerData(column, Qt::Horizontal).toString();
+    FitColumnWidth(column, TextWidth(horizontalHeader()->fontMetrics(), title) + 16);
+  }
+}
+
+}  // namespace quenlor::app

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTimer>
+#include <array>
+#include <functional>
+#include <string>
+
+#include "app/document_commands.h"
+#include "app/grid_view.h"
+#include "app/main_menus.h"
+#include "app/settings_file.h"
+#include "data/document.h"
+#include "link/error_window.h"
+#include "link/measurement.h"
+#include "platform/dialogs.h"
+
+namespace quenlor::app {
+
+// What the main window stands on.
+struct MainWindowPorts {
+  link::MeasurementPorts measurement;
+  platform::Dialogs& dialogs;
+  std::string program_folder;
+  bool system_writes_comma = false;                    // one and a half is "1,5" to this system
+  std::function<void()> look_for_devices;              // before the Com Port menu tells them
+  std::function<std::string(int port)> name_of_port;   // the device behind a number; empty when there is none
+};
+
+// The program's window: menus, the tables, the buttons and boxes of a measurement. It owns the document, the settings
+// and the measurement, and wires each control to the verb that answers it.
+class MainWindow : public QMainWindow,
+                   private link::MeasurementListener,
+                   private DocumentCommandsView,
+                   private data::DocumentListener {
+  Q_OBJECT
+
+ public:
+  explicit MainWindow(const MainWindowPorts& ports);
+  ~MainWindow() override;
+
+  // Opens a data file in place of the new document with which the program starts.
+  void OpenFile(const std::string& path) { commands_.ReadDataFile(path); }
+
+  const data::Document& Document() const { return document_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;  // Form_QueryUnload
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  // Handlers, named after control and event.
+  void Form_Load();
+  void Command1_Click();  // "Start" / "Stop"
+  void Command2_Click();  // "Command"
+  void Check1_Click();    // "Repeat"
+  void Check5_Click();    // "Auto Stop"
+  void Text1_Change();    // auto stop, minutes
+  void Text2_Change();    // repeat interval, seconds
+  void Combo1_Change();   // "Command Data"
+  void Grid1_KeyDown(int KeyCode);
+  void Grid1_DblClick();
+  void mNew_Click();
+  void mOpen_Click();
+  void mSave_Click();
+  void mEnd_Click();
+  void Option_Click(int element, OptionGroup& group, int Index);  // every menu of one checked item
+  void DP_Click(int Index);
+  void VDT_Click(int Index);
+  void TDT_Click(int Index);
+  void mNum_Click();
+  void mVisco_Click();
+
+  // One command at a time: while one waits, for the instrument or for an answer, others are refused.
+  void RunAlone(const std::function<void()>& command);
+
+  void BuildWindow();
+  QWidget* BuildControls();
+  QWidget* BuildTables();
+  QGroupBox* BuildRepeatFrame();
+  QGroupBox* BuildAutoScalingFrame();
+  QGroupBox* BuildSelectionFrame();
+  void ConnectHandlers();
+  void ShowSettings();
+  void FillColumnMenu(OptionGroup& group, int chosen_column);
+  void ShowDevices();
+  void ShowHeader();
+  void AskForRefresh();
+  void Refresh();
+
+  // link::MeasurementListener
+  void StateChanged() override;
+  void LineReceived(const std::string& line) override;
+  void ErrorLine(const std::string& line) override;
+  // DocumentCommandsView
+  void Say(const std::string& text) override;
+  void Busy(bool busy) override;
+  void SettingsApplied() override { ShowSettings(); }
+  void AutoScalingOn() override;
+  void ClearReceivedData() override;
+  // data::DocumentListener
+  void ReadingAppended(Row) override { AskForRefresh(); }
+  void HeaderChanged() override { ShowHeader(); }
+  void DocumentReplaced() override;
+
+  MainWindowPorts ports_;
+  SettingsFile settings_;
+  data::Document document_;
+  link::Measurement measurement_;
+  DocumentCommands commands_;
+  Grid1Model grid1_model_;
+  Grid2Model grid2_model_;
+  Grid4Model grid4_model_;
+  MainMenus menus_;
+  QTimer refresh_;
+  std::string last_line_;
+  bool line_waits_ = false;  // last_line_ is not shown yet
+  bool busy_ = false;        // a command runs
+  bool close_wanted_ = false;  // the window was closed meanwhile; it closes when the command is over
+
+  QPushButton* Command1 = nullptr;
+  QPushButton* Command2 = nullptr;
+  QComboBox* Combo1 = nullptr;
+  QCheckBox* Check1 = nullptr;
+  QCheckBox* Check5 = nullptr;
+  QLineEdit* Text1 = nullptr;
+  QLineEdit* Text2 = nullptr;
+  QLineEdit* Text3 = nullptr;
+  std::array<QCheckBox*, 3> auto_scaling_{};  // Check2 "Time", Check3 "Viscosity", Check4 "Temp"
+  std::array<QLabel*, 7> Label6{};            // 3 date, 4 file name, 6 remarks; the others belong to the axes
+  QTabWidget* tabs_ = nullptr;
+  GridView* Grid1 = nullptr;
+  GridView* Grid2 = nullptr;
+  GridView* Grid4 = nullptr;
+  QPointer<link::ErrorWindow> Form5;
+};
+
+}  // namespace quenlor::app

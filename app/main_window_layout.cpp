@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+// Where the main window's controls stand, and what they tell about themselves.
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include "app/main_window.h"
+#include "app/version.h"
+
+namespace quenlor::app {
+namespace {
+
+template <class Widget>
+Widget* Named(Widget* widget, const char* name, const QString& accessible, const QString& tip) {
+  widget->setObjectName(QString::fromLatin1(name));
+  widget->setAccessibleName(accessible);
+  widget->setToolTip(tip);
+  return widget;
+}
+
+}  // namespace
+
+void MainWindow::BuildWindow() {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(QString::fromStdString(Caption(ThisVersion())));
+  setAcceptDrops(true);
+
+  auto* centre = new QWidget(this);
+  auto* layout = new QVBoxLayout(centre);
+  layout->addWidget(BuildControls());
+  layout->addWidget(BuildTables(), 1);
+  setCentralWidget(centre);
+  statusBar()->setObjectName(QStringLiteral("StatusBar"));
+  resize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42);
+}
+
+QWidget* MainWindow::BuildControls() {
+  auto* controls = new QWidget(this);
+  Command1 = Named(new QPushButton(QStringLiteral("Start"), controls), "Command1", tr("Start or stop the measurement"),
+                   tr("Opens the port and begins a measurement, or ends it"));
+  Command2 = Named(new QPushButton(QStringLiteral("Command"), controls), "Command2", tr("Send the command"),
+                   tr("Sends the command to the instrument, while a measurement runs"));
+  Combo1 = Named(new QComboBox(controls), "Combo1", tr("Command Data"),
+                 tr("The command for the button, for Start and for repeat requests; any text may be typed"));
+  Combo1->setEditable(true);
+  Combo1->setInsertPolicy(QComboBox::NoInsert);
+  Combo1->setCompleter(nullptr);  // what is typed is what is sent
+  auto* label = new QLabel(QStringLiteral("Command &Data"), controls);
+  label->setBuddy(Combo1);
+  Command2->setEnabled(false);
+
+  auto* command_row = new QHBoxLayout;
+  command_row->addWidget(label);
+  command_row->addWidget(Combo1, 1);
+  auto* buttons = new QVBoxLayout;
+  auto* button_row = new QHBoxLayout;
+  button_row->addWidget(Command1);
+  button_row->addWidget(Command2);
+  buttons->addLayout(button_row);
+  buttons->addLayout(command_row);
+
+  auto* layout = new QHBoxLayout(controls);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addLayout(buttons);
+  layout->addWidget(BuildRepeatFrame());
+  layout->addWidget(BuildAutoScalingFrame());
+  layout->addWidget(BuildSelectionFrame());
+  layout->addStretch(1);
+  return controls;
+}
+
+QGroupBox* MainWindow::BuildRepeatFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Repeat/Auto Stop"), this);
+  frame->setObjectName(QStringLiteral("Frame3"));
+  Check1 = Named(new QCheckBox(QStringLiteral("&Repeat"), frame), "Check1", QStringLiteral("Repeat"),
+                 tr("Sends the command again and again while a measurement runs"));
+  Text2 = Named(new QLineEdit(frame), "Text2", tr("Repeat interval in seconds"), tr("Seconds between two requests"));
+  Check5 = Named(new QCheckBox(QStringLiteral("&Auto Stop"), frame), "Check5", QStringLiteral("Auto Stop"),
+                 tr("Ends the measurement after the set time; works together with Repeat"));
+  Text1 = Named(new QLineEdit(frame), "Text1", tr("Auto stop after minutes"),
+                tr("Minutes from the first reading of a run to its end"));
+  auto* layout = new QGridLayout(frame);
+  const auto row = [&](int at, QCheckBox* box, QLineEdit* text, const QString& unit) {
+    text->setMaximumWidth(fontMetrics().averageCharWidth() * 9);
+    layout->addWidget(box, at, 0);
+    layout->addWidget(text, at, 1);
+    layout->addWidget(new QLabel(unit, frame), at, 2);
+  };
+  row(0, Check1, Text2, tr("sec"));
+  row(1, Check5, Text1, tr("min"));
+  return frame;
+}
+
+QGroupBox* MainWindow::BuildAutoScalingFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Auto-Scaling"), this);
+  frame->setObjectName(QStringLiteral("Frame1"));
+  auto* layout = new QGridLayout(frame);
+  static constexpr std::array kNames = {"Check2", "Check3", "Check4"};
+  const std::array captions = {QStringLiteral("Time"), QStringLiteral("Viscosity"), QStringLiteral("Temp")};
+  for (std::size_t i = 0; i < auto_scaling_.size(); ++i) {
+    auto_scaling_[i] = Named(new QCheckBox(captions[i], frame), kNames[i], captions[i],
+                             tr("The range of this axis follows the data"));
+    layout->addWidget(auto_scaling_[i], static_cast<int>(i % 2), static_cast<int>(i / 2));
+  }
+  frame->setEnabled(false);  // there are no axes yet
+  return frame;
+}
+
+QGroupBox* MainWindow::BuildSelectionFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Selection"), this);
+  frame->setObjectName(QStringLiteral("Frame2"));
+  auto* layout = new QVBoxLayout(frame);
+  const std::array captions = {QStringLiteral("Visco / Time"), QStringLiteral("Visco / Time , Temp / Time"),
+                               QStringLiteral("Visco / Temp")};
+  for (std::size_t i = 0; i < captions.size(); ++i) {
+    auto* option = new QRadioButton(captions[i], frame);
+    option->setObjectName(QStringLiteral("Option1[%1]").arg(i));
+    option->setToolTip(tr("Which graphs are drawn"));
+    option->setChecked(i == 0);
+    layout->addWidget(option);
+  }
+  frame->setEnabled(false);  // there is no graph yet
+  return frame;
+}
+
+QWidget* MainWindow::BuildTables() {
+  auto* pane = new QWidget(this);
+  Text3 = Named(new QLineEdit(pane), "Text3", tr("Received Data"), QString());
+  Text3->setReadOnly(true);
+  auto* received = new QLabel(tr("Recei&ved Data"), pane);
+  received->setBuddy(Text3);
+  auto* received_row = new QHBoxLayout;
+  received_row->addWidget(received);
+  received_row->addWidget(Text3, 1);
+
+  auto* header = new QHBoxLayout;
+  const auto caption = [&](int index, const QString& name, int stretch) {
+    auto* label = new QLabel(pane);
+    label->setObjectName(QStringLiteral("Label6[%1]").arg(index));
+    label->setAccessibleName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setMinimumWidth(1);
+    Label6[static_cast<std::size_t>(index)] = label;
+    header->addWidget(label, stretch);
+  };
+  caption(4, tr("File name"), 2);
+  caption(3, tr("Date of the measurement"), 1);
+  caption(6, tr("Remarks"), 3);
+
+  tabs_ = new QTabWidget(pane);
+  tabs_->setObjectName(QStringLiteral("Tables"));
+  Grid1 = new GridView(&grid1_model_, QStringLiteral("Grid1"), tr("Measurement table"), tabs_);
+  Grid2 = new GridView(&grid2_model_, QStringLiteral("Grid2"), tr("Display table"), tabs_);
+  Grid4 = new GridView(&grid4_model_, QStringLiteral("Grid4"), tr("Run information table"), tabs_);
+  Grid1->setToolTip(tr("Every reading. Del deletes whole rows; a double click edits while no measurement runs"));
+  tabs_->addTab(Grid1, tr("&Measurement"));
+  tabs_->addTab(Grid2, tr("Displa&y"));
+  tabs_->addTab(Grid4, tr("R&uns"));
+
+  auto* layout = new QVBoxLayout(pane);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addLayout(received_row);
+  layout->addLayout(header);
+  layout->addWidget(tabs_, 1);
+  return pane;
+}
+
+}  // namespace quenlor::app

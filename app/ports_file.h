@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "link/port_directory.h"
+#include "platform/file_system.h"
+#include "platform/serial_devices.h"
+
+namespace quenlor::app {
+
+// The port directory and its file "Ports.txt" in the program folder.
+class PortsFile {
+ public:
+  PortsFile(platform::FileSystem& files, platform::SerialDevices& devices, const std::string& program_folder,
+            link::PortDirectory directory)
+      : files_(files), devices_(devices), path_(program_folder + "/Ports.txt"), directory_(std::move(directory)) {}
+
+  // Reads the file anew, gives each serial device that is seen and has no number yet the lowest free one, and keeps
+  // that in the file.
+  void LookForDevices();
+
+  std::string Device(int port) const { return directory_.Device(port); }
+
+ private:
+  platform::FileSystem& files_;
+  platform::SerialDevices& devices_;
+  std::string path_;
+  link::PortDirectory directory_;
+};
+
+}  // namespace quenlor::app

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "app/program.h"
+
+#include <QLocale>
+
+#include "app/port_switch.h"
+#include "app/ports_file.h"
+#include "app/program_folder.h"
+#include "app/virtual_port.h"
+#include "platform/qt/qt_clock.h"
+#include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_file_system.h"
+#include "platform/qt/qt_serial_devices.h"
+#include "platform/qt/qt_serial_port.h"
+#include "platform/qt/qt_timer.h"
+
+namespace quenlor::app {
+namespace {
+
+#ifdef Q_OS_WIN
+constexpr auto kNaming = link::PortDirectory::Naming::kCom;
+#else
+constexpr auto kNaming = link::PortDirectory::Naming::kFiles;
+#endif
+
+bool SystemWritesComma() { return QLocale::system().toString(3.0 / 2.0).contains(QLatin1Char(',')); }
+
+}  // namespace
+
+struct Program::Parts {
+  Parts(const CommandLine& line, const instrument::ViscometerOptions& viscometer)
+      : folder(ProgramFolder(QString::fromStdString(line.folder)).toStdString()),
+        ports(files, devices, folder, link::PortDirectory(kNaming, line.ports)),
+        system_port([this](int port) { return ports.Device(port); }),
+        MSComm1(system_port),
+        dialogs([this]() -> QWidget* { return window.get(); }) {
+    for (const int number : line.virtual_ports) MSComm1.Add(number, std::make_unique<VirtualPort>(viscometer));
+    window = std::make_unique<MainWindow>(MainWindowPorts{
+        .measurement = {MSComm1, clock, Timer1, Timer2, loop, files},
+        .dialogs = dialogs,
+        .program_folder = folder,
+        .system_writes_comma = SystemWritesComma(),
+        .look_for_devices = [this] { ports.LookForDevices(); },
+        .name_of_port = [this](int port) {
+          return MSComm1.HasOwn(port) ? QObject::tr("virtual viscometer").toStdString() : ports.Device(port);
+        }});
+  }
+
+  platform::qt::QtFileSystem files;
+  platform::qt::QtSerialDevices devices;
+  std::string folder;
+  PortsFile ports;
+  platform::qt::QtSerialPort system_port;
+  PortSwitch MSComm1;
+  platform::qt::QtClock clock;
+  platform::qt::QtTimer Timer1;
+  platform::qt::QtTimer Timer2;
+  platform::qt::QtEventLoop loop;
+  platform::qt::QtDialogs dialogs;
+  std::unique_ptr<MainWindow> window;
+};
+
+Program::Program(const CommandLine& line, const instrument::ViscometerOptions& viscometer)
+    : parts_(std::make_unique<Parts>(line, viscometer)) {}
+
+Program::~Program() = default;
+
+MainWindow& Program::Window() { return *parts_->window; }
+
+}  // namespace quenlor::app

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "data/settings_list.h"
+#include "platform/file_system.h"
+
+namespace quenlor::app {
+
+// The settings list and the file that mirrors it: "quenlor.ini" in the program folder, one element a line.
+//
+// A file that cannot be written changes nothing for the running program; its choices hold until it ends.
+class SettingsFile {
+ public:
+  SettingsFile(platform::FileSystem& files, const std::string& program_folder, bool system_writes_comma)
+      : files_(files), path_(program_folder + "/quenlor.ini"), system_writes_comma_(system_writes_comma) {}
+
+  data::SettingsList& List() { return list_; }
+  const data::SettingsList& List() const { return list_; }
+
+  // Reads the file; a missing one is made with the defaults.
+  void LoadSettings();
+  void SaveSettings();
+
+ private:
+  void WriteDefaultSettings();
+
+  platform::FileSystem& files_;
+  std::string path_;
+  bool system_writes_comma_;
+  data::SettingsList list_;
+};
+
+}  // namespace quenlor::app

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace quenlor::app {
+
+struct Version {
+  std::string major;
+  std::string minor;
+  std::string revision;
+  std::string comment;  // stands behind the number as it is, for instance " beta"
+};
+
+// The version of this build.
+Version ThisVersion();
+
+// The window's caption: "Quenlor Ver.1.02" is version 1.0 with revision 2.
+std::string Caption(const Version& version);
+
+}  // namespace quenlor::app

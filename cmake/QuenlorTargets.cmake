@@ -1,0 +1,32 @@
+# How the targets of this tree are declared: warnings are errors, sources are the folder's, Qt only where said.
+
+option(QUENLOR_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
+option(QUENLOR_FUZZ "Build the fuzz targets (needs clang)" OFF)
+option(QUENLOR_BENCH "Build the benchmarks (needs Google Benchmark)" OFF)
+
+add_library(quenlor_flags INTERFACE)
+target_include_directories(quenlor_flags INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(quenlor_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+if(QUENLOR_SANITIZE)
+  target_compile_options(quenlor_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quenlor_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(QUENLOR_FUZZ)
+  target_compile_options(quenlor_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# A library of the sources given, linked against the given targets.
+function(quenlor_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE quenlor_flags)
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR})
+endfunction()
+
+# The same for a folder that may use Qt.
+function(quenlor_qt_library name)
+  quenlor_library(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+endfunction()

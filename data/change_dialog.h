@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <optional>
+#include <string>
+
+namespace quenlor::data {
+
+// "Change": one text of the document, edited in a box. Its caption says which text that is.
+class ChangeDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  ChangeDialog(const std::string& caption, const std::string& text, QWidget* parent);
+
+  // The edited text on "Enter"; nothing on "Cancel".
+  std::optional<std::string> Ask();
+
+ private:
+  QLineEdit* Text1;
+  QPushButton* Command1;  // "Enter"
+  QPushButton* Command2;  // "Cancel"
+};
+
+}  // namespace quenlor::data

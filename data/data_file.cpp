@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+#include "data/data_file.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "data/document.h"
+#include "data/text_number.h"
+#include "data/utf8.h"
+
+namespace quenlor::data {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::size_t kKeyLength = 4;
+
+bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
+
+bool IsBlank(std::string_view line) { return line.find_first_not_of(" \t") == std::string_view::npos; }
+
+// A run number is a whole number that a 16-bit counter holds; 0 for any other text.
+int RunNumber(std::string_view text) {
+  const double number = C_Val(text);
+  return number >= 1 && number <= Document::kMaxRuns ? static_cast<int>(number) : 0;
+}
+
+// Reads a data file block by block; the lines that are readings stay where they are in their block.
+class Reader {
+ public:
+  void ReadBlock(std::string block) {
+    std::vector<std::uint64_t> starts;
+    starts.reserve(block.size() / 24 + 1);  // a short reading; memory that is not reached is never touched
+    char* const begin = block.data();
+    char* const end = begin + block.size();
+    for (char* at = begin; at < end;) {
+      if (IsLineEnd(*at) && !in_memo_) {
+        ++at;
+        continue;
+      }
+      if (!in_memo_ && !MayHoldAKey(*at) && separator_known_) {
+        starts.push_back(static_cast<std::uint64_t>(at - begin));
+        at = ReadReading(at);
+        continue;
+      }
+      char* const line_end = std::find_if(at, end, IsLineEnd);
+      if (ReadKeyLine({at, static_cast<std::size_t>(line_end - at)})) {
+        at = line_end + (line_end + 1 < end && *line_end == '\r' && line_end[1] == '\n' ? 2 : 1);
+      } else {
+        starts.push_back(static_cast<std::uint64_t>(at - begin));
+        at = ReadReading(at);
+      }
+    }
+    contents_.table.AdoptRows(std::move(block), std::move(starts));
+  }
+
+  DataFileContents Take() { return std::move(contents_); }
+
+ private:
+  // Digits open nearly every line of a data file; the letters of the keys, a blank line's blanks do not.
+  static bool MayHoldAKey(char c) { return !(c >= '0' && c <= '9'); }
+
+  // Divides the reading that starts at `at` into cells, in place. Every line of a block has an end.
+  char* ReadReading(char* at) {
+    const char* const line = at;
+    char* first_cell_end = nullptr;
+    const char separator = contents_.separator;
+    int cells = 1;
+    for (;; ++at) {
+      const char c = *at;
+      if (c >= '0' && c <= '9') continue;
+      if (c == separator) {
+        if (first_cell_end == nullptr) first_cell_end = at;
+        *at = MeasurementTable::kCellEnd;
+        ++cells;
+      } else if (IsLineEnd(c)) {
+        break;
+      }
+    }
+    *at = MeasurementTable::kRowEnd;
+    if (first_cell_end == nullptr) first_cell_end = at;
+    NoteRun({line, static_cast<std::size_t>(first_cell_end - line)});
+    while (contents_.table.Cols() < cells && contents_.table.AddDataColumn()) {
+    }
+    return at + 1;  // the LF of a CR LF reads as a blank line
+  }
+
+  // Readings of one run follow each other, so the text of the last number is nearly always met again.
+  void NoteRun(std::string_view text) {
+    if (text == last_run_) return;
+    last_run_ = text;
+    RaiseRunCount(RunNumber(text));
+  }
+
+  void RaiseRunCount(int number) {
+    if (number <= contents_.run_count) return;
+    contents_.run_count = number;
+    contents_.runs.AddRunsUpTo(number);
+  }
+
+  // True when the line is not a reading, and has been dealt with.
+  bool ReadKeyLine(std::string_view line) {
+    if (in_memo_) {
+      contents_.List2.emplace_back(line);
+      return true;
+    }
+    if (IsBlank(line)) return true;
+    const std::string_view key = line.substr(0, kKeyLength);
+    if (key == "No.,"sv || key == "No.;"sv || line == "No."sv) {
+      if (key.size() == kKeyLength) SetSeparator(key.back());
+      ReadTitles(line);
+      return true;
+    }
+    const bool keyed = key == "Date"sv || key == "Memo"sv || key == "Info"sv || key == "Axis"sv || key == "Temp"sv;
+    if (!separator_known_) GuessSeparator(keyed ? line.substr(kKeyLength, 1) : line);
+    if (!keyed) return false;
+
+    const std::string_view rest = line.substr(std::min(kKeyLength + 1, line.size()));
+    if (key == "Date"sv) contents_.date = rest;
+    if (key == "Memo"sv) ReadRemarks(rest);
+    if (key == "Info"sv) ReadInfo(rest);
+    if (key == "Axis"sv) contents_.axis = SplitFields(rest, contents_.separator);
+    return true;
+  }
+
+  // Without a title row the first line that has a separator shows which one it is.
+  void GuessSeparator(std::string_view text) {
+    const bool semicolon = text.find(';') != text.npos;
+    if (semicolon || text.find(',') != text.npos) SetSeparator(semicolon ? ';' : ',');
+  }
+
+  void SetSeparator(char separator) {
+    contents_.separator = separator;
+    separator_known_ = true;
+  }
+
+  void ReadTitles(std::string_view line) {
+    int col = 0;
+    for (const std::string& title : SplitFields(line, contents_.separator)) {
+      if (col == contents_.table.Cols() && !contents_.table.AddDataColumn()) return;
+      contents_.table.SetTextMatrix(0, col++, title);
+    }
+  }
+
+  void ReadRemarks(std::string_view rest) {
+    std::string remarks(rest);
+    std::replace(remarks.begin(), remarks.end(), contents_.separator, ' ');
+    contents_.remarks = std::move(remarks);
+    in_memo_ = true;
+  }
+
+  void ReadInfo(std::string_view rest) {
+    int col = 0;
+    for (const std::string& field : SplitFields(rest, contents_.separator)) {
+      if (col == 0) RaiseRunCount(RunNumber(std::string_view(field).substr(std::min<std::size_t>(3, field.size()))));
+      contents_.runs.SetTextMatrix(info_row_, col++, field);
+    }
+    ++info_row_;
+  }
+
+  DataFileContents contents_;
+  bool separator_known_ = false;
+  bool in_memo_ = false;
+  int info_row_ = 0;
+  std::string last_run_;
+};
+
+}  // namespace
+
+DataFileContents ParseDataFile(std::string bytes) {
+  bytes = ToUtf8(std::move(bytes));
+  Reader reader;
+  // A last line without an end gets one in a block of its own, so that the large one is not copied for a byte.
+  const std::size_t last_end = bytes.find_last_of("\r\n");
+  const std::size_t whole = last_end == std::string::npos ? 0 : last_end + 1;
+  std::string last_line = bytes.substr(whole);
+  bytes.resize(whole);
+  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.replace(0, 3, "\n\n\n");
+  if (whole == 0 && last_line.starts_with("\xEF\xBB\xBF")) last_line.erase(0, 3);
+  if (!bytes.empty()) reader.ReadBlock(std::move(bytes));
+  if (!last_line.empty()) reader.ReadBlock(last_line + "\n");
+  return reader.Take();
+}
+
+std::vector<std::string> SplitFields(std::string_view line, char separator) {
+  std::vector<std::string> fields;
+  for (;;) {
+    const std::size_t end = line.find(separator);
+    fields.emplace_back(line.substr(0, end));
+    if (end == std::string_view::npos) return fields;
+    line.remove_prefix(end + 1);
+  }
+}
+
+std::string NewTemplate(bool visco_view, int field_count) {
+  std::string line = visco_view ? "No.,Time,Viscosity,Unit1,Temp,Unit2" : "No.,Time,Data 1,Data 2,Data 3,Data 4";
+  const int columns = std::min(field_count, MeasurementTable::kMaxCols);
+  for (int k = 6; k < columns; ++k) line += ",Data" + std::to_string(k - 1);
+  return line + "\r\n";
+}
+
+}  // namespace quenlor::data

@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: MIT
+#include "data/document.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "data/text_number.h"
+
+namespace quenlor::data {
+namespace {
+
+constexpr std::size_t kWritePiece = std::size_t{1} << 20;
+
+// Field k (from 1) of an Axis line as a number, when it is there and is one.
+std::optional<double> AxisNumber(const std::vector<std::string>& fields, std::size_t k) {
+  return k <= fields.size() ? LeadingNumber(fields[k - 1]) : std::nullopt;
+}
+
+void Assign(double& limit, std::optional<double> number) {
+  if (number) limit = *number;
+}
+
+void Assign(std::int16_t& exponent, std::optional<double> number) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  if (number && *number >= Limits::min() && *number <= Limits::max()) exponent = static_cast<std::int16_t>(*number);
+}
+
+}  // namespace
+
+bool Document::AppendReading(std::span<const std::string_view> fields, const Moment& now,
+                             const std::function<void(Row)>& filled) {
+  const bool first_of_run = StartTime_ == 0;
+  if (first_of_run && RunCount_ >= kMaxRuns) return false;
+  if (first_of_run) {
+    StartRun();
+    StartTime_ = now.seconds;
+  }
+
+  const double elapsed = now.seconds - StartTime_;
+  const std::string time = settings_.Index(setting::kTimeS) == 0 ? TenthsText(elapsed) : SecondsToTime(elapsed);
+  runs_.SetTextMatrix(RunCount_, 2, time);
+  runs_.SetTextMatrix(RunCount_, 3, DateText(now.local_second));
+  runs_.SetTextMatrix(RunCount_, 4, TimeText(now.local_second));
+
+  const std::string run = std::to_string(RunCount_);
+  std::vector<std::string_view> cells{run, time};
+  cells.insert(cells.end(), fields.begin(), fields.end());
+  const int cols = table_.Cols();
+  table_.AppendRow(cells);
+  const Row row = table_.EntryRow() - 1;
+  if (filled) filled(row);
+
+  date_ = DateTimeText(now.local_second);
+  DataChanged_ = true;
+  if (table_.Cols() != cols) Tell(&DocumentListener::ColumnsChanged);
+  if (first_of_run) Tell(&DocumentListener::RunsChanged);
+  Tell(&DocumentListener::ReadingAppended, row);
+  return true;
+}
+
+void Document::StartRun() {
+  ++RunCount_;
+  const std::string name = "No." + std::to_string(RunCount_);
+  runs_.SetTextMatrix(RunCount_, 0, name);
+  runs_.SetTextMatrix(RunCount_, 1, name);
+  if (RunCount_ == 2) MultiRun_ = true;
+}
+
+void Document::RemoveRows(Row row, Row row_sel) {
+  const auto [first, last] = std::minmax(row, row_sel);
+  if (first < 1 || last >= table_.EntryRow()) return;
+  Tell(&DocumentListener::RowsAboutToBeRemoved, Row{first}, Row{last});
+  table_.RemoveRows(first, last);
+  Tell(&DocumentListener::RowsRemoved, Row{first}, Row{last});
+}
+
+void Document::SetCell(Row row, int col, std::string_view text) {
+  table_.SetTextMatrix(row, col, text);
+  Tell(&DocumentListener::CellChanged, row, col);
+}
+
+void Document::SetTitle(int col, std::string_view text) {
+  table_.SetTextMatrix(0, col, text);
+  Tell(&DocumentListener::ColumnsChanged);
+}
+
+void Document::SetSampleName(int run, std::string_view name) {
+  if (run < 1 || run >= runs_.Rows()) return;
+  runs_.SetTextMatrix(run, 1, name);
+  Tell(&DocumentListener::RunsChanged);
+}
+
+void Document::SetFileName(std::string_view name) {
+  file_name_ = name;
+  Tell(&DocumentListener::HeaderChanged);
+}
+
+void Document::SetRemarks(std::string_view remarks) {
+  remarks_ = remarks;
+  Tell(&DocumentListener::HeaderChanged);
+}
+
+void Document::SetViscoColumn(int col) {
+  ViscoColumn_ = static_cast<std::int16_t>(col);
+  Tell(&DocumentListener::ColumnsChanged);
+}
+
+void Document::SetTempColumn(int col) {
+  TempColumn_ = static_cast<std::int16_t>(col);
+  Tell(&DocumentListener::ColumnsChanged);
+}
+
+// The columns called as the template calls them, else the first two data columns.
+void Document::ChooseColumns() {
+  ViscoColumn_ = 2;
+  TempColumn_ = 3;
+  for (int col = table_.Cols() - 1; col >= 2; --col) {
+    if (table_.TextMatrix(0, col) == "Viscosity") ViscoColumn_ = static_cast<std::int16_t>(col);
+    if (table_.TextMatrix(0, col) == "Temp") TempColumn_ = static_cast<std::int16_t>(col);
+  }
+}
+
+void Document::ReadAxisFields(const std::vector<std::string>& fields) {
+  const auto column = [&](std::int16_t& target, std::optional<double> number) {
+    if (number && *number >= 2 && *number < table_.Cols()) target = static_cast<std::int16_t>(*number);
+  };
+  column(ViscoColumn_, AxisNumber(fields, 1));
+  column(TempColumn_, AxisNumber(fields, 2));
+  Assign(ranges_.TimeMin, AxisNumber(fields, 3));
+  Assign(ranges_.TimeMax, AxisNumber(fields, 4));
+  Assign(ranges_.ViscoMin, AxisNumber(fields, 5));
+  Assign(ranges_.ViscoMax, AxisNumber(fields, 6));
+  Assign(ranges_.TempMin, AxisNumber(fields, 7));
+  Assign(ranges_.TempMax, AxisNumber(fields, 8));
+  Assign(ranges_.ViscoLogMin, AxisNumber(fields, 9));
+  Assign(ranges_.ViscoLogMax, AxisNumber(fields, 10));
+}
+
+void Document::Load(DataFileContents contents, std::string_view file_name, std::string_view file_date) {
+  table_ = std::move(contents.table);
+  runs_ = std::move(contents.runs);
+  List2_ = std::move(contents.List2);
+  RunCount_ = static_cast<std::int16_t>(contents.run_count);
+  MultiRun_ = RunCount_ >= 2;
+  DataChanged_ = false;
+  StartTime_ = 0;
+  FieldSeparator_ = settings_.DecimalComma() ? ';' : contents.separator;
+  file_name_ = file_name;
+  date_ = contents.date.value_or(std::string(file_date));
+  remarks_ = contents.remarks.value_or(std::string(kEmptyRemarks));
+  ChooseColumns();
+  ReadAxisFields(contents.axis);
+  Tell(&DocumentListener::DocumentReplaced);
+}
+
+std::string Document::AxisLine() const {
+  const std::string fields[] = {
+      std::to_string(ViscoColumn_),        std::to_string(TempColumn_),      GeneralText(ranges_.TimeMin),
+      GeneralText(ranges_.TimeMax),        GeneralText(ranges_.ViscoMin),    GeneralText(ranges_.ViscoMax),
+      GeneralText(ranges_.TempMin),        GeneralText(ranges_.TempMax),     std::to_string(ranges_.ViscoLogMin),
+      std::to_string(ranges_.ViscoLogMax), settings_[setting::kTimeS],       settings_[setting::kLog],
+      settings_[setting::kLW],             settings_[setting::kMK]};
+  std::string line = "Axis";
+  for (const std::string& field : fields) line += FieldSeparator_ + field;
+  return line;
+}
+
+void Document::Write(const std::function<void(std::string_view)>& write) const {
+  const char separator = FieldSeparator_;
+  std::string piece;
+  piece.reserve(kWritePiece + 4096);
+  const auto end_line = [&] {
+    piece += "\r\n";
+    if (piece.size() < kWritePiece) return;
+    write(piece);
+    piece.clear();
+  };
+
+  for (Row row = 0; row < table_.EntryRow(); ++row) {
+    table_.AppendLine(row, separator, piece);
+    end_line();
+  }
+  for (int row = 0; runs_.Rows() >= 2 && row < runs_.Rows(); ++row) {
+    piece += "Info";
+    for (int col = 0; col < runs_.Cols(); ++col) (piece += separator) += runs_.TextMatrix(row, col);
+    end_line();
+  }
+  piece += AxisLine();
+  end_line();
+  (piece += "Date") += separator;
+  piece += date_;
+  end_line();
+  std::string remarks = remarks_;
+  std::replace(remarks.begin(), remarks.end(), ' ', separator);
+  (piece += "Memo") += separator;
+  piece += remarks;
+  end_line();
+  for (const std::string& line : List2_) {
+    piece += line;
+    end_line();
+  }
+  write(piece);
+}
+
+void Document::Saved(std::string_view file_name) {
+  DataChanged_ = false;
+  SetFileName(file_name);
+}
+
+void ApplyAxisSettings(const std::vector<std::string>& axis_fields, SettingsList& settings) {
+  struct Field {
+    std::size_t number;
+    int element;
+    int lowest;
+    int highest;
+  };
+  constexpr Field kFields[] = {
+      {11, setting::kTimeS, 0, 2}, {12, setting::kLog, 0, 1}, {13, setting::kLW, 1, 2}, {14, setting::kMK, 0, 4}};
+  for (const Field& field : kFields) {
+    const auto item = AxisNumber(axis_fields, field.number);
+    if (!item || *item < field.lowest || *item > field.highest || *item != std::floor(*item)) continue;
+    settings.Set(field.element, static_cast<int>(*item));
+  }
+}
+
+}  // namespace quenlor::data

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/data_file.h"
+#include "data/date_time.h"
+#include "data/measurement_table.h"
+#include "data/run_table.h"
+#include "data/settings_list.h"
+
+namespace quenlor::data {
+
+// Told after the document has changed. The calls say what changed, in the words of the tables.
+class DocumentListener {
+ public:
+  using Row = MeasurementTable::Row;
+  virtual ~DocumentListener() = default;
+  virtual void ReadingAppended(Row /*row*/) {}
+  virtual void RowsAboutToBeRemoved(Row /*first*/, Row /*last*/) {}  // the one call that comes before its change
+  virtual void RowsRemoved(Row /*first*/, Row /*last*/) {}
+  virtual void CellChanged(Row /*row*/, int /*col*/) {}
+  virtual void ColumnsChanged() {}  // a column or title more or other, or another column shown as viscosity or temp
+  virtual void RunsChanged() {}     // the run information table
+  virtual void HeaderChanged() {}   // a caption
+  virtual void DocumentReplaced() {}
+};
+
+// The open document: the tables, what is known beside them, and every way in which they change.
+//
+// Readings are appended by AppendReading, one run per measurement; a file replaces everything by Load.
+class Document {
+ public:
+  using Row = MeasurementTable::Row;
+  static constexpr int kMaxRuns = 32767;  // run numbers are 16-bit
+  static constexpr std::string_view kEmptyRemarks = "Remarks:          ";
+
+  explicit Document(const SettingsList& settings) : settings_(settings) {}
+
+  void AddListener(DocumentListener& listener) { listeners_.push_back(&listener); }
+  void RemoveListener(DocumentListener& listener) { std::erase(listeners_, &listener); }
+
+  const MeasurementTable& Grid1() const { return table_; }
+  const RunTable& Grid4() const { return runs_; }
+  int RunCount() const { return RunCount_; }
+  bool MultiRun() const { return MultiRun_; }
+  bool DataChanged() const { return DataChanged_; }
+  int ViscoColumn() const { return ViscoColumn_; }
+  int TempColumn() const { return TempColumn_; }
+  double StartTime() const { return StartTime_; }
+  char FieldSeparator() const { return FieldSeparator_; }
+  const AxisRanges& Ranges() const { return ranges_; }
+  const std::string& FileName() const { return file_name_; }
+  const std::string& Date() const { return date_; }
+  const std::string& Remarks() const { return remarks_; }
+  const std::vector<std::string>& List2() const { return List2_; }
+
+  // The next reading begins a new run.
+  void BeginMeasurement() { StartTime_ = 0; }
+
+  // Appends one reading with its fields in column order, stamped with `now`; the first one since BeginMeasurement
+  // starts a run. `filled` is called with the new row before listeners hear of it: the raw log writes it there.
+  // False, and nothing changed, when the run numbers are used up.
+  bool AppendReading(std::span<const std::string_view> fields, const Moment& now,
+                     const std::function<void(Row)>& filled = {});
+
+  // Removes readings from the larger to the smaller of the two rows.
+  void RemoveRows(Row row, Row row_sel);
+
+  void SetCell(Row row, int col, std::string_view text);
+  void SetTitle(int col, std::string_view text);
+  void SetSampleName(int run, std::string_view name);
+  void SetFileName(std::string_view name);
+  void SetRemarks(std::string_view remarks);
+  void SetViscoColumn(int col);
+  void SetTempColumn(int col);
+  void SetFieldSeparator(char separator) { FieldSeparator_ = separator; }
+
+  // The contents of a file become the document: nothing unsaved, no run begun. `file_date` stands as the date where
+  // the file has none of its own.
+  void Load(DataFileContents contents, std::string_view file_name, std::string_view file_date);
+
+  // Hands the document as a data file to `write`, in large pieces.
+  void Write(const std::function<void(std::string_view)>& write) const;
+
+  // After a save: nothing unsaved, and the document is called after the file.
+  void Saved(std::string_view file_name);
+
+ private:
+  template <class... Parameters, class... Arguments>
+  void Tell(void (DocumentListener::*what)(Parameters...), Arguments... arguments) {
+    for (DocumentListener* listener : std::vector(listeners_)) (listener->*what)(arguments...);
+  }
+  void StartRun();
+  void ChooseColumns();
+  void ReadAxisFields(const std::vector<std::string>& fields);
+  std::string AxisLine() const;
+
+  const SettingsList& settings_;
+  std::vector<DocumentListener*> listeners_;
+  MeasurementTable table_;
+  RunTable runs_;
+  AxisRanges ranges_;
+  std::int16_t RunCount_ = 0;
+  std::int16_t ViscoColumn_ = 2;
+  std::int16_t TempColumn_ = 3;
+  bool MultiRun_ = false;
+  bool DataChanged_ = false;
+  char FieldSeparator_ = ',';
+  double StartTime_ = 0;
+  std::string file_name_ = "File Name";
+  std::string date_;
+  std::string remarks_{kEmptyRemarks};
+  std::vector<std::string> List2_;
+};
+
+// The settings that an Axis line's fields 11 to 14 carry: time scale, visco axis, line and marker. Fields that are
+// missing or name no menu item leave their setting alone.
+void ApplyAxisSettings(const std::vector<std::string>& axis_fields, SettingsList& settings);
+
+}  // namespace quenlor::data

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "data/measurement_table.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace quenlor::data {
+namespace {
+
+constexpr int kOffsetBits = 40;  // a block may be a terabyte, and there may be 16 million blocks
+constexpr std::uint64_t kOffsetMask = (std::uint64_t{1} << kOffsetBits) - 1;
+constexpr std::size_t kBlockSize = std::size_t{1} << 20;
+
+const char* CellEnd(const char* at) {
+  while (static_cast<unsigned char>(*at) < 0xFE) ++at;
+  return at;
+}
+
+}  // namespace
+
+MeasurementTable::MeasurementTable() { Reset(); }
+
+void MeasurementTable::Reset(std::vector<std::string> titles) {
+  titles_ = std::move(titles);
+  if (titles_.size() > kMaxCols) titles_.resize(kMaxCols);
+  if (titles_.empty()) titles_.emplace_back("No.");
+  if (titles_.size() == 1) titles_.emplace_back("Time");
+  blocks_.clear();
+  starts_.clear();
+  starts_.shrink_to_fit();
+}
+
+const char* MeasurementTable::RowStart(Row row) const {
+  const std::uint64_t start = starts_[static_cast<std::size_t>(row - 1)];
+  return blocks_[start >> kOffsetBits].data() + (start & kOffsetMask);
+}
+
+std::string_view MeasurementTable::TextMatrix(Row row, int col) const {
+  if (col < 0 || col >= Cols() || row < 0 || row >= EntryRow()) return {};
+  if (row == 0) return titles_[static_cast<std::size_t>(col)];
+  const char* begin = RowStart(row);
+  const char* end = CellEnd(begin);
+  for (; col > 0; --col) {
+    if (*end == kRowEnd) return {};
+    begin = end + 1;
+    end = CellEnd(begin);
+  }
+  return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+void MeasurementTable::SetTextMatrix(Row row, int col, std::string_view text) {
+  if (col < 0 || col >= Cols() || row < 0 || row >= EntryRow()) return;
+  if (row == 0) {
+    titles_[static_cast<std::size_t>(col)] = text;
+    return;
+  }
+  std::vector<std::string_view> cells;
+  const char* begin = RowStart(row);
+  for (const char* end = CellEnd(begin);; end = CellEnd(begin)) {
+    cells.emplace_back(begin, static_cast<std::size_t>(end - begin));
+    if (*end == kRowEnd) break;
+    begin = end + 1;
+  }
+  cells.resize(std::max(cells.size(), static_cast<std::size_t>(col) + 1));
+  cells[static_cast<std::size_t>(col)] = text;
+  starts_[static_cast<std::size_t>(row - 1)] = StoreRow(cells);
+}
+
+bool MeasurementTable::AddDataColumn() {
+  if (Cols() >= kMaxCols) return false;
+  titles_.push_back("Data" + std::to_string(Cols() - 1));
+  return true;
+}
+
+// Blocks only grow within what they reserved, so that a row, once stored, never moves.
+std::uint64_t MeasurementTable::StoreRow(std::span<const std::string_view> cells) {
+  std::size_t size = std::max<std::size_t>(cells.size(), 1);
+  for (const std::string_view cell : cells) size += cell.size();
+  if (blocks_.empty() || blocks_.back().capacity() - blocks_.back().size() < size) {
+    std::string block;
+    block.reserve(std::max(kBlockSize, size));
+    blocks_.push_back(std::move(block));
+  }
+  std::string& block = blocks_.back();
+  const std::uint64_t start = (std::uint64_t{blocks_.size() - 1} << kOffsetBits) | block.size();
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (i > 0) block.push_back(kCellEnd);
+    block.append(cells[i]);
+  }
+  block.push_back(kRowEnd);
+  return start;
+}
+
+void MeasurementTable::AppendRow(std::span<const std::string_view> cells) {
+  if (cells.size() > kMaxCols) cells = cells.first(kMaxCols);
+  while (static_cast<std::size_t>(Cols()) < cells.size()) AddDataColumn();
+  starts_.push_back(StoreRow(cells));
+}
+
+void MeasurementTable::RemoveRows(Row first, Row last) {
+  starts_.erase(starts_.begin() + (first - 1), starts_.begin() + last);
+  if (starts_.empty()) blocks_.clear();
+}
+
+void MeasurementTable::AppendLine(Row row, char separator, std::string& line) const {
+  if (row <= 0 || row >= EntryRow()) {
+    for (int col = 0; col < Cols(); ++col) {
+      if (col > 0) line.push_back(separator);
+      line.append(TextMatrix(row, col));
+    }
+    return;
+  }
+  const char* begin = RowStart(row);
+  int col = 0;
+  for (const char* end = CellEnd(begin);; end = CellEnd(begin)) {
+    line.append(begin, end);
+    if (++col == Cols() || *end == kRowEnd) break;
+    line.push_back(separator);
+    begin = end + 1;
+  }
+  line.append(static_cast<std::size_t>(Cols() - col), separator);
+}
+
+void MeasurementTable::AdoptRows(std::string block, std::vector<std::uint64_t> starts) {
+  const std::uint64_t number = std::uint64_t{blocks_.size()} << kOffsetBits;
+  if (number != 0) {
+    for (std::uint64_t& start : starts) start |= number;
+  }
+  blocks_.push_back(std::move(block));
+  if (starts_.empty()) {
+    starts_ = std::move(starts);
+  } else {
+    starts_.insert(starts_.end(), starts.begin(), starts.end());
+  }
+}
+
+}  // namespace quenlor::data

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace quenlor::data {
+
+// Walks the lines of a text. CR LF, LF and CR each end a line; a byte-order mark at the start is skipped.
+class TextLines {
+ public:
+  explicit TextLines(std::string_view text) : rest_(text) {
+    if (rest_.starts_with("\xEF\xBB\xBF")) rest_.remove_prefix(3);
+  }
+
+  // The next line without its end; nothing after the last one.
+  std::optional<std::string_view> Next() {
+    if (rest_.empty()) return std::nullopt;
+    const std::size_t end = rest_.find_first_of("\r\n");
+    const std::string_view line = rest_.substr(0, end);
+    if (end == std::string_view::npos) {
+      rest_ = {};
+    } else {
+      rest_.remove_prefix(end + (rest_.substr(end).starts_with("\r\n") ? 2 : 1));
+    }
+    return line;
+  }
+
+ private:
+  std::string_view rest_;
+};
+
+}  // namespace quenlor::data

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include "link/measurement.h"
+
+#include <chrono>
+
+#include "link/port_settings.h"
+
+namespace quenlor::link {
+namespace {
+
+using namespace std::chrono_literals;
+namespace setting = data::setting;
+
+constexpr auto kRequestTick = 50ms;
+constexpr auto kReplyTimeout = 5000ms;
+constexpr double kStopSeconds = 2.0;  // what the instrument needs to take "STOP"
+constexpr std::string_view kStartWord = "QUENLOR";
+constexpr std::string_view kStopWord = "STOP";
+constexpr std::string_view kAnsweredRequest = "QM";
+
+}  // namespace
+
+Measurement::Measurement(const MeasurementPorts& ports, data::Document& document, const data::SettingsList& settings,
+                         const std::string& program_folder, MeasurementListener& listener)
+    : MSComm1_(ports.MSComm1), clock_(ports.clock), Timer1_(ports.Timer1), Timer2_(ports.Timer2), loop_(ports.loop),
+      document_(document), settings_(settings), listener_(listener),
+      raw_log_(ports.files, ports.clock, document, program_folder,
+               [this](const std::string& line) { listener_.ErrorLine(line); }),
+      reception_(ports.MSComm1, ports.clock, document, settings, raw_log_,
+                 {.line_begins = [this] { Timer2_.Enabled(false); },
+                  .line_received = [this](const std::string& line) { listener_.LineReceived(line); },
+                  .error = [this](const std::string& line) { listener_.ErrorLine(line); },
+                  .runs_used_up = [this] {
+                    listener_.ErrorLine("Overflow");
+                    ClosePort();
+                  }}) {
+  Timer1_.Interval(kRequestTick);
+  Timer2_.Interval(kReplyTimeout);
+  Timer1_.OnTimer([this] { Timer1_Timer(); });
+  Timer2_.OnTimer([this] { Timer2_Timer(); });
+  MSComm1_.OnComm([this](int CommEvent) { OnComm(CommEvent); });
+}
+
+Measurement::~Measurement() {
+  MSComm1_.OnComm({});
+  Timer1_.Enabled(false);
+  Timer2_.Enabled(false);
+}
+
+std::optional<platform::OpenFailure> Measurement::Start() {
+  if (Running() || stopping_) return {};
+  if (auto failure = OpenPort()) return failure;
+  document_.BeginMeasurement();
+
+  const bool visco = settings_.IsOn(setting::kVisco);
+  const bool repeat = settings_.Index(setting::kRepeat) == 1;
+  CommandText_ = std::string(visco ? kStartWord : std::string_view(command_data_));
+  if (visco || repeat) {
+    MSComm1_.ClearOutBuffer();
+    MSComm1_.Output(CommandText_.append(Terminator(settings_)));
+  }
+  NextRequestTime_ = clock_.Now().seconds + settings_.Number(setting::kRepeatSeconds);
+  UpdateRepeatTimer();
+  Timer2_.Enabled(false);
+  return {};
+}
+
+std::optional<platform::OpenFailure> Measurement::OpenPort() {
+  reception_.ClearLine();
+  const auto port = ApplyPortSettings(settings_);
+  if (!port) return platform::OpenFailure{"", "a choice of the RS-232C menu is missing", ""};
+  if (auto failure = MSComm1_.Open(port->CommPort, port->Settings)) return failure;
+  listener_.StateChanged();
+  loop_.Paint();
+  MSComm1_.RTSEnable(true);
+  if (const auto failed = raw_log_.RewriteRawLog(port->CommPort)) {
+    ClosePort();
+    return platform::OpenFailure{raw_log_.Path(port->CommPort), failed->text, ""};
+  }
+  return {};
+}
+
+void Measurement::Stop() {
+  if (!Running() || stopping_) return;
+  Timer2_.Enabled(false);
+  if (settings_.IsOn(setting::kVisco)) {
+    CommandText_ = kStopWord;
+    SendCommand(CommandText_);
+    stopping_ = true;
+    listener_.StateChanged();
+    WaitSeconds(kStopSeconds);
+    stopping_ = false;
+  }
+  ClosePort();
+}
+
+void Measurement::StopWithoutWait() {
+  if (!Running()) return;
+  if (settings_.IsOn(setting::kVisco)) SendCommand(kStopWord);
+  ClosePort();
+}
+
+// The port may be closed already, when its device has gone; the rest of a measurement ends all the same.
+void Measurement::ClosePort() {
+  if (Running()) {
+    MSComm1_.RTSEnable(false);
+    MSComm1_.Close();
+  }
+  MSComm1_.ClearInBuffer();
+  raw_log_.Close();
+  UpdateRepeatTimer();
+  Timer2_.Enabled(false);
+  listener_.StateChanged();
+}
+
+void Measurement::UpdateRepeatTimer() {
+  Timer1_.Enabled(settings_.Index(setting::kRepeat) == 1 && Running());
+}
+
+void Measurement::RepeatChanged() {
+  if (settings_.Index(setting::kRepeat) == 1) NextRequestTime_ = clock_.Now().seconds;
+  UpdateRepeatTimer();
+}
+
+void Measurement::SendCommand(std::string_view text) {
+  if (!Running()) return;
+  MSComm1_.ClearOutBuffer();
+  MSComm1_.Output(std::string(text).append(Terminator(settings_)));
+  if (text.starts_with(kAnsweredRequest) && document_.StartTime() != 0) ArmTimer2();
+}
+
+// An answer that is owed already stays owed from the first request on.
+void Measurement::ArmTimer2() {
+  Timer2_.Interval(kReplyTimeout);
+  Timer2_.Enabled(true);
+}
+
+void Measurement::Timer1_Timer() {
+  const double now = clock_.Now().seconds;
+  if (!Running() || now < NextRequestTime_) return;
+  if (AutoStopDue(now)) {
+    CommandText_ = kStopWord;
+    SendCommand(CommandText_);
+    ArmTimer2();
+  } else {
+    CommandText_ = command_data_;
+    SendCommand(CommandText_);
+  }
+  // The next moment of the grid, not an interval from now: requests never drift.
+  NextRequestTime_ += settings_.Number(setting::kRepeatSeconds);
+}
+
+// One second before the full minutes, so that the last reading still falls within them.
+bool Measurement::AutoStopDue(double now) const {
+  const double minutes = settings_.Number(setting::kAutoStopMinutes);
+  return document_.StartTime() != 0 && minutes > 0 && settings_.Index(setting::kRepeat) == 1 &&
+         settings_.Index(setting::kAutoStop) == 1 && now >= document_.StartTime() + minutes * 60 - 1;
+}
+
+void Measurement::Timer2_Timer() {
+  Timer2_.Enabled(false);
+  if (Running()) ClosePort();
+}
+
+void Measurement::OnComm(int CommEvent) {
+  reception_.MSComm1_OnComm(CommEvent);
+  if (CommEvent == platform::comm_event::kPortGone) ClosePort();
+}
+
+}  // namespace quenlor::link

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "data/document.h"
+#include "data/settings_list.h"
+#include "link/raw_log.h"
+#include "link/reception.h"
+#include "platform/clock.h"
+#include "platform/event_loop.h"
+#include "platform/file_system.h"
+#include "platform/serial_port.h"
+#include "platform/timer.h"
+
+namespace quenlor::link {
+
+// What a measurement needs of the machine it runs on.
+struct MeasurementPorts {
+  platform::SerialPort& MSComm1;
+  platform::Clock& clock;
+  platform::Timer& Timer1;  // 50 ms: looks for the next repeat request and the auto stop
+  platform::Timer& Timer2;  // 5000 ms: the instrument owes an answer
+  platform::EventLoop& loop;
+  platform::FileSystem& files;
+};
+
+// Told what happens in a measurement; the main window and the Error window show it.
+class MeasurementListener {
+ public:
+  virtual ~MeasurementListener() = default;
+  virtual void StateChanged() = 0;  // Running or Stopping is another than before
+  virtual void LineReceived(const std::string& line) = 0;
+  virtual void ErrorLine(const std::string& line) = 0;
+};
+
+// Runs one measurement after the other: start word, repeat requests, auto stop, reply watchdog, and the end.
+//
+// A measurement is running exactly while the port is open. Stop takes two seconds with the Visco option, in which
+// lines are still received; Stopping tells that this wait is on, and only then do both verbs do nothing.
+class Measurement {
+ public:
+  Measurement(const MeasurementPorts& ports, data::Document& document, const data::SettingsList& settings,
+              const std::string& program_folder, MeasurementListener& listener);
+  ~Measurement();
+  Measurement(const Measurement&) = delete;
+  Measurement& operator=(const Measurement&) = delete;
+
+  bool Running() const { return MSComm1_.PortOpen(); }
+  bool Stopping() const { return stopping_; }
+
+  // Opens the port of the settings and starts. On failure the measurement is stopped and nothing was sent.
+  std::optional<platform::OpenFailure> Start();
+
+  // Ends the measurement; with the Visco option "STOP" is sent and the instrument has two seconds to take it.
+  void Stop();
+
+  // Ends it at once, for the end of the program; "STOP" is still sent with the Visco option.
+  void StopWithoutWait();
+
+  // Sends one command line. Nothing while the port is closed.
+  void SendCommand(std::string_view text);
+
+  // The command that is sent at Start without the Visco option, and at every repeat request.
+  void SetCommandData(std::string text) { command_data_ = std::move(text); }
+  const std::string& CommandData() const { return command_data_; }
+
+  // The Repeat box was clicked; its element of the settings list holds the new value already.
+  void RepeatChanged();
+
+  void Timer1_Timer();
+  void Timer2_Timer();
+
+ private:
+  std::optional<platform::OpenFailure> OpenPort();
+  void ClosePort();
+  void UpdateRepeatTimer();
+  void WaitSeconds(double seconds) { loop_.WaitSeconds(seconds); }
+  void ArmTimer2();
+  bool AutoStopDue(double now) const;
+  void OnComm(int CommEvent);
+
+  platform::SerialPort& MSComm1_;
+  platform::Clock& clock_;
+  platform::Timer& Timer1_;
+  platform::Timer& Timer2_;
+  platform::EventLoop& loop_;
+  data::Document& document_;
+  const data::SettingsList& settings_;
+  MeasurementListener& listener_;
+  RawLog raw_log_;
+  Reception reception_;
+  std::string CommandText_;
+  std::string command_data_;
+  double NextRequestTime_ = 0;  // seconds of the clock's time base
+  bool stopping_ = false;
+};
+
+}  // namespace quenlor::link

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "link/raw_log.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "data/text_lines.h"
+
+namespace quenlor::link {
+namespace {
+
+// While the disk refuses, it is asked again this often; each attempt carries all that is missing.
+constexpr double kRetrySeconds = 1.0;
+
+bool IsTitleLine(std::string_view line) { return line.starts_with("No.,") || line.starts_with("No.;"); }
+
+// Columns may have come since a line was written; what it lacks at its end is empty cells.
+std::string_view WithoutEmptyEnd(std::string_view line, char separator) {
+  return line.substr(0, line.find_last_not_of(separator) + 1);
+}
+
+}  // namespace
+
+RawLog::RawLog(platform::FileSystem& files, platform::Clock& clock, data::Document& document, std::string folder,
+               std::function<void(const std::string&)> report_error)
+    : files_(files), clock_(clock), document_(document), folder_(std::move(folder)),
+      report_error_(std::move(report_error)) {
+  document_.AddListener(*this);
+}
+
+RawLog::~RawLog() { document_.RemoveListener(*this); }
+
+std::string RawLog::Path(int port_number) const { return folder_ + "/Com_" + std::to_string(port_number) + ".txt"; }
+
+std::string RawLog::Line(Row row) const {
+  std::string line;
+  document_.Grid1().AppendLine(row, document_.FieldSeparator(), line);
+  return line += "\r\n";
+}
+
+platform::Done RawLog::RewriteRawLog(int port_number) {
+  const std::string path = Path(port_number);
+  auto lock = files_.Lock(folder_ + "/Com_" + std::to_string(port_number) + ".lock");
+  if (!lock) return platform::Failure{path + " is in use by another Quenlor"};
+
+  if (files_.Exists(path)) {
+    const auto bytes = files_.Read(path);
+    if (!bytes.ok()) return bytes.failure();
+    if (HoldsMoreThanTheTable(bytes.value())) {
+      if (auto failed = SetAside(path, port_number)) return failed;
+    }
+  }
+  auto failed = files_.Replace(path, [this](platform::ByteSink& sink) {
+    for (Row row = 0; row < document_.Grid1().EntryRow(); ++row) sink.Write(Line(row));
+  });
+  if (failed) return failed;
+  path_ = path;
+  lock_ = std::move(lock);
+  missing_from_.reset();
+  return {};
+}
+
+// Both hold their readings in the order of arrival, so one walk through the table finds every line or misses one.
+bool RawLog::HoldsMoreThanTheTable(std::string_view bytes) const {
+  const data::MeasurementTable& table = document_.Grid1();
+  char separator = document_.FieldSeparator();
+  data::TextLines lines(bytes);
+  Row row = 1;
+  std::string in_table;
+  while (const auto line = lines.Next()) {
+    if (IsTitleLine(*line)) separator = (*line)[3];
+    if (line->empty() || IsTitleLine(*line)) continue;
+    const std::string_view on_disk = WithoutEmptyEnd(*line, separator);
+    bool found = false;
+    for (; !found && row < table.EntryRow(); ++row) {
+      in_table.clear();
+      table.AppendLine(row, separator, in_table);
+      found = WithoutEmptyEnd(in_table, separator) == on_disk;
+    }
+    if (!found) return true;
+  }
+  return false;
+}
+
+platform::Done RawLog::SetAside(const std::string& path, int port_number) {
+  const std::int64_t now = clock_.Now().local_second;
+  std::string stamp = data::DateText(now) + "-" + data::TimeText(now);
+  std::erase_if(stamp, [](char c) { return c == '/' || c == ':'; });
+  const std::string stem = folder_ + "/Com_" + std::to_string(port_number) + "_" + stamp;
+  std::string copy = stem + ".txt";
+  for (int n = 2; files_.Exists(copy); ++n) copy = stem + "-" + std::to_string(n) + ".txt";
+  return files_.Rename(path, copy);
+}
+
+void RawLog::AppendRawLog(Row row) {
+  if (path_.empty()) return;
+  if (!missing_from_) {
+    AppendRows(row, row);
+  } else if (std::fabs(clock_.Now().seconds - last_attempt_) >= kRetrySeconds) {
+    AppendRows(*missing_from_, row);
+  }
+}
+
+void RawLog::AppendRows(Row first, Row last) {
+  std::string lines;
+  for (Row row = first; row <= last; ++row) lines += Line(row);
+  const auto failed = files_.Append(path_, lines);
+  if (failed) {
+    last_attempt_ = clock_.Now().seconds;
+    if (!missing_from_) report_error_("Raw Log Not Written: " + failed->text);
+    missing_from_ = first;
+  } else if (missing_from_) {
+    missing_from_.reset();
+    report_error_("Raw Log Written Again");
+  }
+}
+
+void RawLog::Close() {
+  if (path_.empty()) return;
+  if (missing_from_) AppendRows(*missing_from_, document_.Grid1().EntryRow() - 1);
+  const auto failed = files_.Sync(path_);
+  if (failed && !missing_from_) report_error_("Raw Log Not Written: " + failed->text);
+  path_.clear();
+  lock_.reset();
+}
+
+void RawLog::RowsRemoved(Row first, Row last) {
+  if (missing_from_ && *missing_from_ > first) {
+    *missing_from_ -= std::min(last + 1, *missing_from_) - first;
+  }
+}
+
+}  // namespace quenlor::link

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace quenlor::platform {
+
+enum class Buttons { kOk, kOkCancel, kYesNo, kYesNoCancel };
+enum class Icon { kCritical, kQuestion, kExclamation };
+enum class Answer { kOk, kCancel, kYes, kNo };
+
+struct MessageBox {
+  std::string text;
+  Buttons buttons = Buttons::kOk;
+  Icon icon = Icon::kExclamation;
+  Answer default_answer = Answer::kOk;
+  std::string title = "Quenlor";
+};
+
+// What closing a box by its title bar or by Esc counts as: Cancel where there is one, else No, else Ok.
+constexpr Answer CautiousAnswer(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::kOk:
+      return Answer::kOk;
+    case Buttons::kYesNo:
+      return Answer::kNo;
+    case Buttons::kOkCancel:
+    case Buttons::kYesNoCancel:
+      break;
+  }
+  return Answer::kCancel;
+}
+
+// The modal boxes that wait for the operator. The adapter shows them, the twin answers from a script.
+// A carriage return in a text starts a new line; nothing else in it has a meaning.
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  virtual Answer Show(const MessageBox& box) = 0;
+
+  // A path, or nothing when the operator cancels. `filter` is "caption|pattern|caption|pattern…".
+  virtual std::optional<std::string> OpenFile(const std::string& filter) = 0;
+  // The same for saving, with `name` preset and a question before an existing file is overwritten. With a
+  // filter of one suffix chosen ("*.csv"), a name without a suffix gets that suffix.
+  virtual std::optional<std::string> SaveFile(const std::string& name, const std::string& filter) = 0;
+};
+
+}  // namespace quenlor::platform

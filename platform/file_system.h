@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/result.h"
+
+namespace quenlor::platform {
+
+// Takes bytes in order. A failing sink swallows the rest; the failure is told by the operation that lent it.
+class ByteSink {
+ public:
+  virtual ~ByteSink() = default;
+  virtual void Write(std::string_view bytes) = 0;
+};
+
+// Held until destroyed; released by the operating system when the program is killed.
+class FileLock {
+ public:
+  virtual ~FileLock() = default;
+};
+
+// Files as the program needs them. Paths are UTF-8. No operation leaves a file open.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  virtual bool Exists(const std::string& path) const = 0;
+  virtual Result<std::string> Read(const std::string& path) const = 0;  // the whole file; a directory fails
+  virtual Result<std::int64_t> ModifiedAt(
+      const std::string& path) const = 0;  // seconds since 1970, local time
+
+  // Makes the file's content what `write` puts into its sink: written beside it, synced to the device, and
+  // put in its place in one step, so that the old content stays whole on any failure. Permissions are kept
+  // and a symbolic link keeps pointing. Where the folder cannot be written but the file can, it is written in
+  // place, and so is what is no file: a pipe, a device.
+  virtual Done Replace(const std::string& path, const std::function<void(ByteSink&)>& write) = 0;
+
+  // Opens, appends, closes. Either all bytes arrive or, on failure, none stay. Creates a missing file.
+  virtual Done Append(const std::string& path, std::string_view bytes) = 0;
+
+  virtual Done Sync(const std::string& path) = 0;  // to the device
+
+  // Gives the file another name; fails when `to` exists already, and then changes nothing.
+  virtual Done Rename(const std::string& from, const std::string& to) = 0;
+
+  // Exclusive between programs, by a lock file of that path. Empty when another holder lives; a file system
+  // on which the lock file cannot be made grants the lock (a read-only folder cannot be damaged by two).
+  virtual std::unique_ptr<FileLock> Lock(const std::string& path) = 0;
+
+  // Replace with bytes at hand.
+  Done Replace(const std::string& path, std::string_view bytes) {
+    return Replace(path, [bytes](ByteSink& sink) { sink.Write(bytes); });
+  }
+};
+
+}  // namespace quenlor::platform

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "platform/memory/memory_file_system.h"
+
+namespace quenlor::platform::memory {
+namespace {
+
+constexpr char kMissing[] = "No such file or directory";
+constexpr char kFolder[] = "Is a directory";
+constexpr char kFull[] = "No space left on device";
+
+Failure Failed(const std::string& what, const std::string& reason) {
+  return {"cannot " + what + ": " + reason};
+}
+
+class BoundedSink : public ByteSink {
+ public:
+  explicit BoundedSink(std::optional<std::uint64_t> room) : room_(room) {}
+
+  void Write(std::string_view bytes) override {
+    if (full || (room_ && bytes_.size() + bytes.size() > *room_)) {
+      full = true;
+    } else {
+      bytes_.append(bytes);
+    }
+  }
+
+  std::string Take() { return std::move(bytes_); }
+
+  bool full = false;
+
+ private:
+  std::optional<std::uint64_t> room_;
+  std::string bytes_;
+};
+
+class MemoryFileLock : public FileLock {
+ public:
+  MemoryFileLock(std::shared_ptr<std::set<std::string>> locked, std::string path)
+      : locked_(std::move(locked)), path_(std::move(path)) {}
+  ~MemoryFileLock() override { locked_->erase(path_); }
+  MemoryFileLock(const MemoryFileLock&) = delete;
+  MemoryFileLock& operator=(const MemoryFileLock&) = delete;
+
+ private:
+  std::shared_ptr<std::set<std::string>> locked_;
+  std::string path_;
+};
+
+class GrantedLock : public FileLock {};
+
+}  // namespace
+
+bool MemoryFileSystem::Exists(const std::string& path) const {
+  return files_.contains(path) || folders_.contains(path);
+}
+
+Result<std::string> MemoryFileSystem::Read(const std::string& path) const {
+  ++calls_.reads;
+  if (folders_.contains(path)) return Failed("read " + path, kFolder);
+  const auto file = files_.find(path);
+  if (file == files_.end()) return Failed("read " + path, kMissing);
+  if (unreadable_.contains(path)) return Failed("read " + path, "Permission denied");
+  return file->second.bytes;
+}
+
+Result<std::int64_t> MemoryFileSystem::ModifiedAt(const std::string& path) const {
+  if (folders_.contains(path)) return std::int64_t{0};
+  const auto file = files_.find(path);
+  if (file == files_.end()) return Failed("read " + path, kMissing);
+  return file->second.modified_at;
+}
+
+Done MemoryFileSystem::Replace(const std::string& path, const std::function<void(ByteSink&)>& write) {
+  ++calls_.replaces;
+  if (const auto reason = WhyNotChanged(path)) return Failed("replace " + path, *reason);
+  BoundedSink sink(room_);
+  write(sink);
+  if (sink.full) return Failed("replace " + path, kFull);
+  File replacement{sink.Take(), Now()};
+  File& file = files_[path];
+  if (room_)
+    *room_ = *room_ - replacement.bytes.size() + file.bytes.size();  // the old content leaves the disk
+  file = std::move(replacement);
+  return {};
+}
+
+Done MemoryFileSystem::Append(const std::string& path, std::string_view bytes) {
+  ++calls_.appends;
+  if (const auto reason = WhyNotChanged(path)) return Failed("append to " + path, *reason);
+  if (room_ && bytes.size() > *room_) return Failed("append to " + path, kFull);
+  if (room_) *room_ -= bytes.size();
+  File& file = files_[path];
+  file.bytes.append(bytes);
+  file.modified_at = Now();
+  return {};
+}
+
+Done MemoryFileSystem::Sync(const std::string& path) {
+  ++calls_.syncs;
+  if (!Exists(path)) return Failed("sync " + path, kMissing);
+  for (const auto& [prefix, reason] : refused_) {
+    if (path.starts_with(prefix)) return Failed("sync " + path, reason);
+  }
+  return {};
+}
+
+Done MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
+  ++calls_.renames;
+  const std::string what = "rename " + from + " to " + to;
+  const auto file = files_.find(from);
+  if (file == files_.end()) return Failed(what, kMissing);
+  if (Exists(to)) return Failed(what, "File exists");
+  for (const std::string& path : {from, to}) {
+    if (const auto reason = WhyNotChanged(path)) return Failed(what, *reason);
+  }
+  File moved = std::move(file->second);
+  files_.erase(file);
+  files_[to] = std::move(moved);
+  return {};
+}
+
+std::unique_ptr<FileLock> MemoryFileSystem::Lock(const std::string& path) {
+  ++calls_.locks;
+  if (WhyNotChanged(path)) return std::make_unique<GrantedLock>();
+  if (!locked_->insert(path).second) return nullptr;
+  return std::make_unique<MemoryFileLock>(locked_, path);
+}
+
+void MemoryFileSystem::Put(const std::string& path, std::string bytes) {
+  files_[path] = {std::move(bytes), Now()};
+}
+
+void MemoryFileSystem::SetModifiedAt(const std::string& path, std::int64_t local_second) {
+  files_[path].modified_at = local_second;
+}
+
+std::string MemoryFileSystem::Content(const std::string& path) const {
+  const auto file = files_.find(path);
+  return file == files_.end() ? std::string() : file->second.bytes;
+}
+
+std::vector<std::string> MemoryFileSystem::Paths() const {
+  std::vector<std::string> paths;
+  for (const auto& [path, file] : files_) paths.push_back(path);
+  return paths;
+}
+
+std::optional<std::string> MemoryFileSystem::WhyNotChanged(const std::string& path) const {
+  if (folders_.contains(path)) return kFolder;
+  for (const auto& [prefix, reason] : refused_) {
+    if (path.starts_with(prefix)) return reason;
+  }
+  return {};
+}
+
+}  // namespace quenlor::platform::memory

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/device_access.h"
+
+#include <system_error>
+
+#ifndef _WIN32
+#include <cerrno>
+#include <filesystem>
+#include <vector>
+
+#include <fcntl.h>
+#include <grp.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace quenlor::platform::qt {
+
+#ifdef _WIN32
+
+std::string SystemPath(const std::string& device) { return device; }
+std::optional<OpenFailure> WhyUnusable(const std::string&) { return std::nullopt; }
+
+#else
+
+namespace {
+
+// Whether the user data base has the user in the group, whatever this login knows.
+bool ListedInGroup(const passwd& user, gid_t group) {
+  int count = 64;
+  std::vector<gid_t> groups(count);
+  while (::getgrouplist(user.pw_name, user.pw_gid, groups.data(), &count) < 0) {
+    groups.resize(groups.size() * 2);
+    count = static_cast<int>(groups.size());
+  }
+  groups.resize(count);
+  for (const gid_t listed : groups) {
+    if (listed == group) return true;
+  }
+  return false;
+}
+
+DeviceRights RightsTo(const struct stat& device) {
+  DeviceRights rights;
+  constexpr auto kGroupUse = S_IRGRP | S_IWGRP;
+  // Nobody should be told to become a member of the administrator's own group.
+  rights.group_may_use = (device.st_mode & kGroupUse) == kGroupUse && device.st_gid != 0;
+  if (const group* owner = ::getgrgid(device.st_gid)) rights.group = owner->gr_name;
+  if (const passwd* user = ::getpwuid(::geteuid())) {
+    rights.user = user->pw_name;
+    rights.member_after_login = ListedInGroup(*user, device.st_gid);
+  }
+  return rights;
+}
+
+}  // namespace
+
+std::string SystemPath(const std::string& device) {
+  const std::string path = device.find('/') == device.npos ? "/dev/" + device : device;
+  std::error_code missing;
+  const auto own_name = std::filesystem::canonical(path, missing);
+  return missing ? path : own_name.string();
+}
+
+std::optional<OpenFailure> WhyUnusable(const std::string& device) {
+  const std::string path = SystemPath(device);
+  struct stat found {};
+  if (::stat(path.c_str(), &found) != 0) {
+    return OpenFailure{device, std::generic_category().message(errno), {}};
+  }
+  if (!S_ISCHR(found.st_mode)) return OpenFailure{device, "it is not a serial device", {}};
+  if (::faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) != 0) {
+    const int error = errno;
+    return OpenFailure{device, std::generic_category().message(error),
+                       error == EACCES ? PermissionAdvice(RightsTo(found)) : std::string()};
+  }
+  return std::nullopt;
+}
+
+#endif
+
+std::string PermissionAdvice(const DeviceRights& rights) {
+  if (rights.group.empty() || !rights.group_may_use) {
+    return "Ask the administrator for the right to read and write the device.";
+  }
+  if (rights.member_after_login) {
+    return "You have been added to the group " + rights.group + " since you logged in: log in again.";
+  }
+  const std::string user = rights.user.empty() ? "$USER" : rights.user;
+  return "Members of the group " + rights.group + " may use the device: run \"sudo usermod -aG " +
+         rights.group + " " + user + "\" and log in again.";
+}
+
+}  // namespace quenlor::platform::qt

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/native_file.h"
+
+#include <QtGlobal>
+#include <cerrno>
+#include <system_error>
+#include <tuple>
+
+#ifdef Q_OS_UNIX
+#include <cstdio>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#else
+#include <QFile>
+
+#include <io.h>
+#endif
+
+namespace quenlor::platform::qt {
+namespace {
+
+std::string Text(int error) { return std::generic_category().message(error); }
+
+}  // namespace
+
+#ifdef Q_OS_UNIX
+
+namespace {
+
+int Open(const std::string& path, int flags) {
+  int file = -1;
+  do {
+    file = ::open(path.c_str(), flags | O_CLOEXEC, 0666);
+  } while (file < 0 && errno == EINTR);
+  return file;
+}
+
+// How many bytes went out; fewer than given only with errno telling why.
+std::size_t WriteAll(int file, std::string_view bytes) {
+  std::size_t written = 0;
+  while (written < bytes.size()) {
+    const ssize_t count = ::write(file, bytes.data() + written, bytes.size() - written);
+    if (count >= 0) {
+      written += static_cast<std::size_t>(count);
+    } else if (errno != EINTR) {
+      break;
+    }
+  }
+  return written;
+}
+
+}  // namespace
+
+Reason AppendBytes(const std::string& path, std::string_view bytes) {
+  const int file = Open(path, O_WRONLY | O_APPEND | O_CREAT);
+  if (file < 0) return Text(errno);
+  Reason reason;
+  const std::size_t written = WriteAll(file, bytes);
+  if (written < bytes.size()) {
+    reason = Text(errno);
+    // After an appending write the position is the end of what it wrote, wherever the file ended before.
+    const off_t end = ::lseek(file, 0, SEEK_CUR);
+    if (written > 0 && end >= 0 && ::ftruncate(file, end - static_cast<off_t>(written)) != 0) {
+      *reason += "; a part of it stays in the file";
+    }
+  }
+  // A network file system may notice a full disk only now. After an interruption the file is closed all the
+  // same.
+  if (::close(file) != 0 && errno != EINTR && !reason) reason = Text(errno);
+  return reason;
+}
+
+Reason SyncToDevice(int open_file) {
+  while (::fsync(open_file) != 0) {
+    if (errno == EINVAL || errno == EROFS)
+      break;  // a pipe, a terminal: nothing is kept, so nothing can be late
+    if (errno != EINTR) return Text(errno);
+  }
+  return {};
+}
+
+Reason SyncToDevice(const std::string& path) {
+  int file = Open(path, O_RDONLY | O_NONBLOCK);  // a pipe without its other end must not stop us
+  if (file < 0 && errno == EACCES) file = Open(path, O_WRONLY | O_NONBLOCK);
+  if (file < 0) return Text(errno);
+  Reason reason = SyncToDevice(file);
+  ::close(file);
+  return reason;
+}
+
+void CopyPermissions(const std::string& from, int open_file) {
+  struct stat model {};
+  if (::stat(from.c_str(), &model) != 0) return;
+  constexpr auto kSameOwner = static_cast<uid_t>(-1);
+  // Only root gives files away, but a member gives one to the group. The mode comes last, giving away trims
+  // it.
+  const bool is_given = ::fchown(open_file, model.st_uid, model.st_gid) == 0 ||
+                        ::fchown(open_file, kSameOwner, model.st_gid) == 0;
+  const mode_t mode = model.st_mode & (is_given ? 07777 : 0777);
+  std::ignore = ::fchmod(open_file, mode);
+}
+
+void SyncFolder(const std::string& path) {
+  const int folder = Open(path, O_RDONLY | O_DIRECTORY);
+  if (folder < 0) return;
+  ::fsync(folder);
+  ::close(folder);
+}
+
+Reason RenameFile(const std::string& from, const std::string& to) {
+#ifdef RENAME_NOREPLACE
+  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return {};
+  if (errno != EINVAL && errno != ENOSYS) return Text(errno);
+#endif
+  // Some network file systems cannot refuse a name that is taken; a second link always does.
+  if (::link(from.c_str(), to.c_str()) != 0) return Text(errno);
+  if (::unlink(from.c_str()) == 0) return {};
+  const int error = errno;
+  ::unlink(to.c_str());
+  return Text(error);
+}
+
+#else
+
+Reason AppendBytes(const std::string& path, std::string_view bytes) {
+  QFile file(QString::fromStdString(path));
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
+    return file.errorString().toStdString();
+  }
+  const qint64 before = file.size();
+  if (file.write(bytes.data(), static_cast<qint64>(bytes.size())) == static_cast<qint64>(bytes.size()))
+    return {};
+  Reason reason = file.errorString().toStdString();
+  file.resize(before);
+  return reason;
+}
+
+Reason SyncToDevice(int open_file) {
+  if (::_commit(open_file) == 0) return {};
+  return Text(errno);
+}
+
+Reason SyncToDevice(const std::string& path) {
+  QFile file(QString::fromStdString(path));
+  if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) return file.errorString().toStdString();
+  return SyncToDevice(file.handle());
+}
+
+void CopyPermissions(const std::string&, int) {}  // QSaveFile has done what can be done
+
+void SyncFolder(const std::string&) {}
+
+Reason RenameFile(const std::string& from, const std::string& to) {
+  QFile file(QString::fromStdString(from));
+  if (file.rename(QString::fromStdString(to))) return {};
+  return file.errorString().toStdString();
+}
+
+#endif
+
+}  // namespace quenlor::platform::qt

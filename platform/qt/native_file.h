@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quenlor::platform::qt {
+
+// The file operations that Qt does not offer, or not fast enough for one call per reading. Each returns why
+// it did not work, and nothing when it did.
+using Reason = std::optional<std::string>;
+
+Reason AppendBytes(const std::string& path, std::string_view bytes);
+
+Reason SyncToDevice(const std::string& path);
+Reason SyncToDevice(int open_file);
+
+// Gives an open file the owner, group and mode of another, as far as the user and the file system allow.
+void CopyPermissions(const std::string& from, int open_file);
+
+// Makes new names in a folder last. A system that cannot do so keeps them in its own time.
+void SyncFolder(const std::string& path);
+
+// Never replaces, never copies.
+Reason RenameFile(const std::string& from, const std::string& to);
+
+}  // namespace quenlor::platform::qt

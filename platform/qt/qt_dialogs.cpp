@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/qt_dialogs.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QStandardPaths>
+
+namespace quenlor::platform::qt {
+namespace {
+
+// A box belongs to its parent and goes when that goes, even while it waits for the operator.
+template <class Box>
+class OnScreen {
+ public:
+  explicit OnScreen(Box* box) : box_(box) {}
+  ~OnScreen() { delete box_.data(); }
+  OnScreen(const OnScreen&) = delete;
+  OnScreen& operator=(const OnScreen&) = delete;
+
+  Box* operator->() const { return box_.data(); }
+  bool Gone() const { return box_.isNull(); }
+
+ private:
+  QPointer<Box> box_;
+};
+
+void MakeModal(QDialog& dialog) {
+  dialog.setWindowModality(dialog.parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
+}
+
+QMessageBox::StandardButton ButtonOf(Answer answer) {
+  switch (answer) {
+    case Answer::kOk:
+      return QMessageBox::Ok;
+    case Answer::kYes:
+      return QMessageBox::Yes;
+    case Answer::kNo:
+      return QMessageBox::No;
+    case Answer::kCancel:
+      break;
+  }
+  return QMessageBox::Cancel;
+}
+
+QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::kOk:
+      return QMessageBox::Ok;
+    case Buttons::kOkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::kYesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::kYesNoCancel:
+      break;
+  }
+  return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+}
+
+QMessageBox::Icon IconOf(Icon icon) {
+  switch (icon) {
+    case Icon::kCritical:
+      return QMessageBox::Critical;
+    case Icon::kQuestion:
+      return QMessageBox::Question;
+    case Icon::kExclamation:
+      break;
+  }
+  return QMessageBox::Warning;
+}
+
+QString Lines(const std::string& text) {
+  return QString::fromStdString(text)
+      .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+      .replace(u'\r', u'\n');
+}
+
+// "caption|pattern|caption|pattern" as Qt writes it: caption(patterns). The box hides that last pair of
+// brackets.
+QStringList NameFilters(const std::string& filter) {
+  const QStringList parts = QString::fromStdString(filter).split(u'|');
+  QStringList filters;
+  for (qsizetype caption = 0; caption + 1 < parts.size(); caption += 2) {
+    QStringList patterns = parts[caption + 1].split(u';', Qt::SkipEmptyParts);
+    // Names without a dot are files too.
+    patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+    filters << parts[caption] + u'(' + patterns.join(u' ') + u')';
+  }
+  return filters;
+}
+
+// "csv" of a filter that ends with "(*.csv)", nothing of one with several patterns or none in particular.
+QString SuffixOf(const QString& name_filter) {
+  const QString pattern = name_filter.mid(name_filter.lastIndexOf(u'(') + 1).chopped(1);
+  if (!pattern.startsWith(QStringLiteral("*."))) return {};
+  const QString suffix = pattern.mid(2);
+  const bool plain = !suffix.contains(u'*') && !suffix.contains(u'?') && !suffix.contains(u' ');
+  return plain ? suffix : QString();
+}
+
+}  // namespace
+
+QtDialogs::QtDialogs(std::function<QWidget*()> parent, const std::string& folder)
+    : parent_(std::move(parent)), folder_(QString::fromStdString(folder)) {
+  if (folder_.isEmpty()) folder_ = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+Answer QtDialogs::Show(const MessageBox& box) {
+  const OnScreen message(new QMessageBox(parent_()));
+  message->setObjectName(QStringLiteral("MessageBox"));
+  MakeModal(*message.operator->());
+  message->setWindowTitle(QString::fromStdString(box.title));
+  message->setIcon(IconOf(box.icon));
+  message->setTextFormat(Qt::PlainText);
+  message->setText(Lines(box.text));
+  message->setStandardButtons(ButtonsOf(box.buttons));
+  message->setDefaultButton(ButtonOf(box.default_answer));
+  message->setEscapeButton(ButtonOf(CautiousAnswer(box.buttons)));
+
+  const int button = message->exec();
+  for (const Answer answer : {Answer::kOk, Answer::kCancel, Answer::kYes, Answer::kNo}) {
+    if (button == ButtonOf(answer)) return answer;
+  }
+  return CautiousAnswer(box.buttons);  // the application quits
+}
+
+std::optional<std::string> QtDialogs::OpenFile(const std::string& filter) {
+  auto* dialog = new QFileDialog(parent_());
+  Prepare(*dialog, filter);
+  dialog->setFileMode(QFileDialog::ExistingFile);
+  return Run(dialog);
+}
+
+std::optional<std::string> QtDialogs::SaveFile(const std::string& name, const std::string& filter) {
+  auto* dialog = new QFileDialog(parent_());
+  Prepare(*dialog, filter);
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  dialog->setFileMode(QFileDialog::AnyFile);
+  dialog->selectFile(QString::fromStdString(name));
+  if (auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+    edit->setFocus();
+    edit->selectAll();  // typing replaces the proposal
+  }
+
+  // The box itself adds it, before it asks about an existing file.
+  const auto follow_filter = [dialog] { dialog->setDefaultSuffix(SuffixOf(dialog->selectedNameFilter())); };
+  QObject::connect(dialog, &QFileDialog::filterSelected, dialog, follow_filter);
+  follow_filter();
+  return Run(dialog);
+}
+
+void QtDialogs::Prepare(QFileDialog& dialog, const std::string& filter) const {
+  dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
+  MakeModal(dialog);
+  dialog.setNameFilters(NameFilters(filter));
+  dialog.setDirectory(folder_);
+}
+
+std::optional<std::string> QtDialogs::Run(QFileDialog* dialog) {
+  const OnScreen files(dialog);
+  const bool accepted = files->exec() == QDialog::Accepted;
+  if (!accepted || files.Gone()) return std::nullopt;
+  const QString path = files->selectedFiles().value(0);
+  if (path.isEmpty()) return std::nullopt;
+  folder_ = QFileInfo(path).absolutePath();
+  return path.toStdString();
+}
+
+}  // namespace quenlor::platform::qt

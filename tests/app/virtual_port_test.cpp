@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "app/virtual_port.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <vector>
+
+#include "app/port_switch.h"
+#include "platform/memory/memory_serial_port.h"
+
+namespace quenlor::app {
+namespace {
+
+instrument::ViscometerOptions Options(std::string_view text) {
+  return std::get<instrument::ViscometerOptions>(instrument::ParseOptionsText(text));
+}
+
+struct Listener {
+  explicit Listener(platform::SerialPort& port) : port_(port) {
+    port.OnComm([this](int event) {
+      events.push_back(event);
+      if (event == platform::comm_event::kReceive) received += port_.Input();
+    });
+  }
+  bool WaitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 10'000); }
+
+  platform::SerialPort& port_;
+  std::vector<int> events;
+  std::string received;
+};
+
+TEST(VirtualPort, AnswersLikeAnInstrumentOnALine) {
+  VirtualPort port(Options("--interval 0.01 --form numbered --count 3"));
+  Listener listener(port);
+  ASSERT_FALSE(port.Open(1, "2400E71"));
+  port.Output("QUENLOR\r\n");
+  EXPECT_TRUE(listener.WaitFor([&] { return listener.received.find("\n3,") != std::string::npos; }));
+  EXPECT_TRUE(listener.received.starts_with("1,"));
+}
+
+TEST(VirtualPort, RefusesSettingsThatALineWouldRefuse) {
+  VirtualPort port(Options(""));
+  EXPECT_TRUE(port.Open(1, "fast"));
+  EXPECT_FALSE(port.PortOpen());
+}
+
+TEST(VirtualPort, TellsNothingWhileClosedAndNothingOfThatTimeLater) {
+  VirtualPort port(Options("--interval 0.01 --form numbered"));
+  Listener listener(port);
+  ASSERT_FALSE(port.Open(1, "2400E71"));
+  port.Output("START\r");
+  port.Close();
+  QTest::qWait(100);
+  EXPECT_TRUE(listener.events.empty());
+  ASSERT_FALSE(port.Open(1, "2400E71"));
+  EXPECT_TRUE(listener.WaitFor([&] { return !listener.received.empty(); }));
+  EXPECT_FALSE(listener.received.starts_with("1,"));
+}
+
+TEST(VirtualPort, HangUpIsTheEndOfThePortToldOnce) {
+  VirtualPort port(Options("--interval 0.01 --fault hangup:2"));
+  Listener listener(port);
+  ASSERT_FALSE(port.Open(1, "2400E71"));
+  port.Output("START\r");
+  EXPECT_TRUE(listener.WaitFor([&] { return !port.PortOpen(); }));
+  QTest::qWait(50);
+  EXPECT_EQ(std::count(listener.events.begin(), listener.events.end(), platform::comm_event::kPortGone), 1);
+  EXPECT_EQ(std::count(listener.received.begin(), listener.received.end(), '\r'), 2);
+  EXPECT_TRUE(port.Open(1, "2400E71")) << "a dead instrument stays dead";
+}
+
+TEST(VirtualPort, IsNotEnteredAgainWhileItsListenerLetsEventsRun) {
+  VirtualPort port(Options("--interval 0.001"));
+  int depth = 0;
+  int deepest = 0;
+  int calls = 0;
+  port.OnComm([&](int) {
+    deepest = std::max(deepest, ++depth);
+    port.Input();
+    if (++calls < 5) QTest::qWait(20);
+    --depth;
+  });
+  ASSERT_FALSE(port.Open(1, "2400E71"));
+  port.Output("START\r");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return calls > 6; }, 10'000));
+  EXPECT_EQ(deepest, 1);
+}
+
+TEST(PortSwitch, SendsEachNumberToItsOwnPortOrTheSystems) {
+  platform::memory::MemorySerialPort system_port;
+  PortSwitch ports(system_port);
+  auto own = std::make_unique<platform::memory::MemorySerialPort>();
+  auto* own_port = own.get();
+  std::vector<int> events;
+  ports.OnComm([&](int event) { events.push_back(event); });
+  ports.Add(2, std::move(own));
+
+  ASSERT_FALSE(ports.Open(2, "9600N81"));
+  EXPECT_TRUE(own_port->PortOpen());
+  own_port->Feed("x");
+  EXPECT_EQ(ports.Input(), "x");
+  ASSERT_FALSE(ports.Open(1, "9600N81"));
+  EXPECT_FALSE(own_port->PortOpen()) << "one line at a time";
+  EXPECT_TRUE(system_port.PortOpen());
+  system_port.Feed("y");
+  EXPECT_EQ(ports.Input(), "y");
+  EXPECT_EQ(events.size(), 2u);
+}
+
+}  // namespace
+}  // namespace quenlor::app

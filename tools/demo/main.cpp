@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+//
+// Makes a whole measurement without anybody at the screen: two short runs against the virtual viscometer, saved as a
+// data file, and a picture of the window. It presses the real window's buttons and fills in its real Save box.
+//
+// Usage: quenlor-demo DIR
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cstdio>
+#include <functional>
+#include <variant>
+
+#include "app/program.h"
+
+namespace {
+
+using namespace quenlor;
+
+constexpr int kRunMilliseconds = 9000;
+constexpr int kFailed = 1;
+
+void Wait(int milliseconds) {
+  QEventLoop loop;
+  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+// Answers the Save box, once it is there.
+void AnswerSaveBox(const QString& path) {
+  auto* look = new QTimer(qApp);
+  QObject::connect(look, &QTimer::timeout, look, [look, path] {
+    auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    look->deleteLater();
+    box->findChild<QLineEdit*>()->setText(path);
+    static_cast<QDialog*>(box)->accept();
+  });
+  look->start(50);
+}
+
+bool MakeRun(app::MainWindow& window, int number) {
+  auto* start_button = window.findChild<QPushButton*>(QStringLiteral("Command1"));
+  const auto before = window.Document().Grid1().Rows();
+  start_button->click();
+  Wait(kRunMilliseconds);
+  start_button->click();  // "Stop"; comes back when the port is closed
+  const auto readings = window.Document().Grid1().Rows() - before;
+  std::printf("run %d: %lld readings\n", number, static_cast<long long>(readings));
+  return readings > 0;
+}
+
+int MakeDemo(const QString& folder) {
+  QDir().mkpath(folder);
+  const QString data_file = QDir(folder).absoluteFilePath(QStringLiteral("measurement.csv"));
+  const QString picture = QDir(folder).absoluteFilePath(QStringLiteral("quenlor.png"));
+  QFile::remove(data_file);
+
+  const QTemporaryDir program_folder;
+  app::CommandLine line;
+  line.folder = program_folder.path().toStdString();
+  line.virtual_ports = {1};
+  const auto viscometer = instrument::ParseOptionsText(
+      "--interval 0.5 --viscosity exp:1200:300:5 --temperature exp:20:25:8 --viscosity-noise 4 --seed 7");
+  app::Program program(line, std::get<instrument::ViscometerOptions>(viscometer));
+  app::MainWindow& window = program.Window();
+  window.show();
+
+  if (!MakeRun(window, 1) || !MakeRun(window, 2)) return kFailed;
+  Wait(500);  // the last rows are shown a moment after they came
+  AnswerSaveBox(data_file);
+  window.findChild<QAction*>(QStringLiteral("mSave"))->trigger();
+  if (!QFileInfo::exists(data_file)) return kFailed;
+  Wait(100);
+  if (!window.grab().save(picture)) return kFailed;
+  std::printf("wrote %s\nwrote %s\n", qPrintable(data_file), qPrintable(picture));
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  if (argc != 2) {
+    std::fprintf(stderr, "Usage: quenlor-demo DIR\n");
+    return 2;
+  }
+  return MakeDemo(QString::fromLocal8Bit(argv[1]));
+}
