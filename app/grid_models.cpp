@@ -45,7 +45,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const data::Document::Row row = index.row() + 1;
   if (role == Qt::DisplayRole) return Text(row, index.column() + 1);
-  if (role == Qt::ForegroundRole) {
+  if (role == Qt::ForegroundRole && TextsInRunColor()) {
     const long long run = RunOfRow(row);
     if (run != 0) return ToQColor(graph::RunColor(graph::kDefaultColors, run));
   }

@@ -38,6 +38,7 @@ class GridModel : public QAbstractTableModel, protected data::DocumentListener {
   virtual std::string_view TableText(data::Document::Row row, int col) const = 0;
   // The run whose colour a row has; 0 for none.
   virtual long long RunOfRow(data::Document::Row row) const = 0;
+  virtual bool TextsInRunColor() const { return true; }
 
   QString Text(data::Document::Row row, int col) const;
   void ShowAll();  // in the constructor of the last class, when the table can be asked
@@ -87,6 +88,7 @@ class Grid4Model : public GridModel {
   int TableCols() const override { return Document().Grid4().Cols(); }
   std::string_view TableText(data::Document::Row row, int col) const override;
   long long RunOfRow(data::Document::Row row) const override { return row; }
+  bool TextsInRunColor() const override { return false; }
   void RowsAboutToBeRemoved(Row, Row) override {}
   void RowsRemoved(Row, Row) override {}
   void CellChanged(Row, int) override {}

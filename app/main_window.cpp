@@ -6,6 +6,7 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QStatusBar>
+#include <QTextDocument>
 #include <QUrl>
 #include <algorithm>
 
@@ -26,6 +27,11 @@ constexpr int kRefreshMilliseconds = 50;
 constexpr int kRefreshShare = 8;
 
 QString Text(const std::string& text) { return QString::fromStdString(text); }
+
+// A tool tip takes what looks like markup for markup; received text is shown as it came.
+QString PlainTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()) : text;
+}
 
 }  // namespace
 
@@ -282,7 +288,7 @@ void MainWindow::ShowDevices() {
 void MainWindow::ShowHeader() {
   const auto show = [this](std::size_t index, const std::string& text) {
     Label6[index]->setText(Text(text));
-    Label6[index]->setToolTip(Label6[index]->accessibleName() + QStringLiteral(": ") + Text(text));
+    Label6[index]->setToolTip(PlainTip(Label6[index]->accessibleName() + QStringLiteral(": ") + Text(text)));
   };
   show(3, document_.Date());
   show(4, document_.FileName());
@@ -305,7 +311,7 @@ void MainWindow::Refresh() {
   if (std::exchange(line_waits_, false)) {
     Text3->setText(Text(last_line_));
     Text3->setCursorPosition(0);
-    Text3->setToolTip(Text(last_line_).toHtmlEscaped());
+    Text3->setToolTip(PlainTip(Text(last_line_)));
   }
   // The next refresh is kept away by a share of this one's cost, even if readings wait already.
   if (cost * kRefreshShare > kRefreshMilliseconds) refresh_.start(cost * kRefreshShare);
@@ -319,7 +325,9 @@ void MainWindow::StateChanged() {
   Command2->setEnabled(running);
   menus_.mRS->setEnabled(!running);
   menuBar()->setEnabled(!stopping);
-  if (!running) Refresh();
+  if (running) return;
+  statusBar()->clearMessage();
+  Refresh();
 }
 
 void MainWindow::LineReceived(const std::string& line) {

@@ -50,6 +50,7 @@ QWidget* MainWindow::BuildControls() {
   auto* label = new QLabel(QStringLiteral("Command &Data"), controls);
   label->setBuddy(Combo1);
   Command2->setEnabled(false);
+  Command1->setFocus();
 
   auto* command_row = new QHBoxLayout;
   command_row->addWidget(label);

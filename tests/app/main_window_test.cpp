@@ -221,6 +221,18 @@ TEST_F(MainWindowTest, ReadingsReachTableReceivedDataAndDate) {
   EXPECT_EQ(Find<GridView>("Grid4")->model()->headerData(0, Qt::Vertical).toString(), "No.1");
 }
 
+TEST_F(MainWindowTest, ReceivedMarkupIsShownAsItCame) {
+  Open();
+  Start();
+  Line("\x06");
+  ShowRows(2);
+  EXPECT_EQ(Find<QLineEdit>("Text3")->toolTip(), "<AK>");
+  Line("<b>1</b>");
+  ShowRows(3);
+  EXPECT_EQ(Find<QLineEdit>("Text3")->text(), "<b>1</b>");
+  EXPECT_EQ(Find<QLineEdit>("Text3")->toolTip(), "<qt>&lt;b&gt;1&lt;/b&gt;</qt>");
+}
+
 TEST_F(MainWindowTest, ChoosingCommaShowsTheNextReadingWithCommaAndDividesFieldsBySemicolon) {
   Open();
   Choose("mNum");
