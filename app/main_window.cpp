@@ -326,7 +326,7 @@ void MainWindow::StateChanged() {
   menus_.mRS->setEnabled(!running);
   menuBar()->setEnabled(!stopping);
   if (running) return;
-  statusBar()->clearMessage();
+  Say({});
   Refresh();
 }
 
@@ -342,7 +342,10 @@ void MainWindow::ErrorLine(const std::string& line) {
   if (!Form5->isVisible()) Form5->show();
 }
 
-void MainWindow::Say(const std::string& text) { statusBar()->showMessage(Text(text)); }
+void MainWindow::Say(const std::string& text) {
+  status_->setText(Text(text));
+  status_->setToolTip(PlainTip(Text(text)));
+}
 
 void MainWindow::Busy(bool busy) {
   if (busy) {

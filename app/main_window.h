@@ -139,6 +139,7 @@ class MainWindow : public QMainWindow,
   QLineEdit* Text3 = nullptr;
   std::array<QCheckBox*, 3> auto_scaling_{};  // Check2 "Time", Check3 "Viscosity", Check4 "Temp"
   std::array<QLabel*, 7> Label6{};            // 3 date, 4 file name, 6 remarks; the others belong to the axes
+  QLabel* status_ = nullptr;  // stays while menus tell about their items beside it
   QTabWidget* tabs_ = nullptr;
   GridView* Grid1 = nullptr;
   GridView* Grid2 = nullptr;

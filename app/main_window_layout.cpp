@@ -32,7 +32,13 @@ void MainWindow::BuildWindow() {
   layout->addWidget(BuildControls());
   layout->addWidget(BuildTables(), 1);
   setCentralWidget(centre);
-  statusBar()->setObjectName(QStringLiteral("StatusBar"));
+  status_ = new QLabel(this);
+  status_->setObjectName(QStringLiteral("Status"));
+  status_->setTextFormat(Qt::PlainText);
+  status_->setTextInteractionFlags(Qt::TextSelectableByMouse);  // a command in it is there to be copied
+  status_->setFocusPolicy(Qt::NoFocus);
+  status_->setMinimumWidth(1);
+  statusBar()->addWidget(status_, 1);
   resize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42);
 }
 

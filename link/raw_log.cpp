@@ -56,6 +56,7 @@ platform::Done RawLog::RewriteRawLog(int port_number) {
   if (failed) return failed;
   path_ = path;
   lock_ = std::move(lock);
+  separator_on_disk_ = document_.FieldSeparator();
   missing_from_.reset();
   return {};
 }
@@ -101,18 +102,23 @@ void RawLog::AppendRawLog(Row row) {
   }
 }
 
+// A title line tells a reader which separator the lines below it have, so another separator begins with one.
 void RawLog::AppendRows(Row first, Row last) {
+  const char separator = document_.FieldSeparator();
   std::string lines;
+  if (separator != separator_on_disk_) lines += Line(0);
   for (Row row = first; row <= last; ++row) lines += Line(row);
   const auto failed = files_.Append(path_, lines);
   if (failed) {
     last_attempt_ = clock_.Now().seconds;
     if (!missing_from_) report_error_("Raw Log Not Written: " + failed->text);
     missing_from_ = first;
-  } else if (missing_from_) {
-    missing_from_.reset();
-    report_error_("Raw Log Written Again");
+    return;
   }
+  separator_on_disk_ = separator;
+  if (!missing_from_) return;
+  missing_from_.reset();
+  report_error_("Raw Log Written Again");
 }
 
 void RawLog::Close() {

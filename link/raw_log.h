@@ -54,6 +54,7 @@ class RawLog : private data::DocumentListener {
   std::function<void(const std::string&)> report_error_;
   std::string path_;                           // empty while no measurement runs
   std::unique_ptr<platform::FileLock> lock_;
+  char separator_on_disk_ = ',';               // what the last lines of the file are divided by
   std::optional<Row> missing_from_;            // the first row that is not on the disk
   double last_attempt_ = 0;
 };

@@ -6,7 +6,6 @@
 
 #include <QHeaderView>
 #include <QMimeData>
-#include <QStatusBar>
 #include <QUrl>
 
 #include "app/version.h"
@@ -159,7 +158,7 @@ TEST_F(MainWindowTest, FailedStartSaysWhichDeviceAndWhatWouldHelp) {
   MSComm1.RefuseOpen({"/dev/ttyS0", "Permission denied", "sudo usermod -aG dialout you"});
   dialogs.Answer(Answer::kOk);
   Start();
-  EXPECT_EQ(window->statusBar()->currentMessage(), "/dev/ttyS0: Permission denied: sudo usermod -aG dialout you");
+  EXPECT_EQ(Find<QLabel>("Status")->text(), "/dev/ttyS0: Permission denied: sudo usermod -aG dialout you");
   EXPECT_EQ(Find<QPushButton>("Command1")->text(), "Start");
   EXPECT_FALSE(Find<QPushButton>("Command2")->isEnabled());
   EXPECT_TRUE(Find<QMenu>("mRS")->isEnabled());
@@ -438,7 +437,7 @@ TEST_F(MainWindowTest, FailedSaveLeavesTheOldFileAndTheDataUnsaved) {
   Choose("mSave");
   EXPECT_EQ(files.Content("/data/run.csv"), "old");
   EXPECT_TRUE(window->Document().DataChanged());
-  EXPECT_THAT(window->statusBar()->currentMessage().toStdString(), HasSubstr("No space left on device"));
+  EXPECT_THAT(Find<QLabel>("Status")->text().toStdString(), HasSubstr("No space left on device"));
 }
 
 TEST_F(MainWindowTest, CancelledSaveChangesNothing) {

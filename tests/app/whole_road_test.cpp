@@ -16,7 +16,7 @@
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
-#include <QStatusBar>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -199,7 +199,7 @@ TEST(WholeRoad, AnAbsentDeviceIsRefusedInTheUsualWords) {
   });
   road.Click();
   EXPECT_EQ(text.replace('\r', '\n'), "Can not Open !\nPlease Check Setting of Com Port !");
-  EXPECT_TRUE(window.statusBar()->currentMessage().contains(QStringLiteral("/dev/not-there")));
+  EXPECT_TRUE(window.findChild<QLabel*>(QStringLiteral("Status"))->text().contains(QStringLiteral("/dev/not-there")));
   EXPECT_FALSE(QFile::exists(road.Path("Com_1.txt"))) << "nothing is logged of a measurement that did not start";
 }
 
@@ -217,8 +217,8 @@ TEST(WholeRoad, TwoProgramsOnOneFolderDoNotShareARawLog) {
     if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->accept();
   });
   road.Click();
-  EXPECT_TRUE(window.statusBar()->currentMessage().contains(QStringLiteral("in use by another Quenlor")))
-      << window.statusBar()->currentMessage().toStdString();
+  EXPECT_TRUE(window.findChild<QLabel*>(QStringLiteral("Status"))->text().contains(QStringLiteral("in use by another Quenlor")))
+      << window.findChild<QLabel*>(QStringLiteral("Status"))->text().toStdString();
   other.kill();
   other.waitForFinished();
   const auto log = data::ParseDataFile(FileBytes(road.Path("Com_1.txt")).toStdString());

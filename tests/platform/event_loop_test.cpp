@@ -19,6 +19,31 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
+// Something that happens once, that many milliseconds after the event loop gets its turn.
+class Later {
+ public:
+  Later(int milliseconds, const std::function<void()>& act) {
+    timer_.setSingleShot(true);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, act);
+    timer_.start(milliseconds);
+  }
+
+ private:
+  QTimer timer_;
+};
+
+// A queued call, such as another thread would send.
+class Call {
+ public:
+  explicit Call(const std::function<void()>& act) {
+    QObject::connect(&sender_, &QObject::objectNameChanged, &sender_, act, Qt::QueuedConnection);
+    sender_.setObjectName(QStringLiteral("now"));
+  }
+
+ private:
+  QObject sender_;
+};
+
 TEST(QtEventLoop, WaitsAtLeastThatLong) {
   QElapsedTimer watch;
   watch.start();
@@ -32,8 +57,7 @@ TEST(QtEventLoop, ServesTimersAndEventsWhileItWaits) {
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, &timer, [&ticks] { ++ticks; });
   timer.start(1);
-  QMetaObject::invokeMethod(
-      &timer, [&called] { called = true; }, Qt::QueuedConnection);
+  const Call call([&called] { called = true; });
   qt::QtEventLoop().WaitSeconds(0.1);
   EXPECT_GT(ticks, 1);
   EXPECT_TRUE(called);
@@ -50,11 +74,11 @@ TEST(QtEventLoop, ReturnsAtOnceWhenThereIsNothingToWaitFor) {
 
 TEST(QtEventLoop, ALongWaitEndsWhenTheApplicationQuits) {
   bool returned = false;
-  QTimer::singleShot(0, qApp, [&returned] {
+  const Later wait(0, [&returned] {
     qt::QtEventLoop().WaitSeconds(1e12);
     returned = true;
   });
-  QTimer::singleShot(20, qApp, &QCoreApplication::quit);
+  const Later quit(20, [] { QCoreApplication::quit(); });
   QElapsedTimer watch;
   watch.start();
   QCoreApplication::exec();
@@ -66,7 +90,7 @@ TEST(QtEventLoop, AnInnerWaitDoesNotEndTheOuterOne) {
   qt::QtEventLoop loop;
   QElapsedTimer watch;
   watch.start();
-  QTimer::singleShot(0, qApp, [&loop] { loop.WaitSeconds(0.01); });
+  const Later inner(0, [&loop] { loop.WaitSeconds(0.01); });
   loop.WaitSeconds(0.1);
   EXPECT_GE(watch.elapsed(), 100);
 }
@@ -148,8 +172,7 @@ TEST_F(Painting, ServesNeitherKeysNorTimersNorCalls) {
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, &timer, [&timer_ran] { timer_ran = true; });
   timer.start(0);
-  QMetaObject::invokeMethod(
-      &timer, [&called] { called = true; }, Qt::QueuedConnection);
+  const Call call([&called] { called = true; });
   QCoreApplication::postEvent(&canvas_, new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier));
   canvas_.update();
 
