@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/main_menus.h"
 
-#include "data/settings_list.h"
 #include "link/port_settings.h"
 
 namespace quenlor::app {
 namespace {
-
-namespace setting = data::setting;
 
 QMenu* AddMenu(QMenuBar* bar, const char* name, const QString& caption) {
   QMenu* menu = bar->addMenu(caption);
@@ -40,41 +37,40 @@ void AddItems(OptionGroup& group, const Captions& captions) {
 
 }  // namespace
 
-MainMenus::MainMenus(QMenuBar* bar, const Click& click, const Choose& DP_Click, const Choose& VDT_Click,
-                     const Choose& TDT_Click)
+MainMenus::MainMenus(QMenuBar* bar, MenuHandlers handlers)
     : mFile(AddMenu(bar, "mFile", QStringLiteral("File(&F)"))),
       mRS(AddMenu(bar, "mRS", QStringLiteral("RS-232C(&R)"))),
       Port(AddMenu(mRS, "RS0", QStringLiteral("Com Port(&C)")), QStringLiteral("Port"), 1,
-           [this, click](int i) { click(setting::kPort, Port, i); }),
+           std::move(handlers.Port_Click)),
       BPS(AddMenu(mRS, "RS1", QStringLiteral("Baud Rate(&B)")), QStringLiteral("BPS"), 0,
-          [this, click](int i) { click(setting::kBPS, BPS, i); }),
+          std::move(handlers.BPS_Click)),
       Parity(AddMenu(mRS, "RS2", QStringLiteral("Parity(&P)")), QStringLiteral("Parity"), 0,
-             [this, click](int i) { click(setting::kParity, Parity, i); }),
+             std::move(handlers.Parity_Click)),
       Length(AddMenu(mRS, "RS3", QStringLiteral("Length(&L)")), QStringLiteral("Length"), 0,
-             [this, click](int i) { click(setting::kLength, Length, i); }),
+             std::move(handlers.Length_Click)),
       Bit(AddMenu(mRS, "RS4", QStringLiteral("Stop Bit(&S)")), QStringLiteral("Bit"), 0,
-          [this, click](int i) { click(setting::kBit, Bit, i); }),
+          std::move(handlers.Bit_Click)),
       Term(AddMenu(mRS, "RS5", QStringLiteral("Terminator(&T)")), QStringLiteral("Term"), 0,
-           [this, click](int i) { click(setting::kTerm, Term, i); }),
+           std::move(handlers.Term_Click)),
       mOption(AddMenu(bar, "mOption", QStringLiteral("Option(&O)"))),
       LW(AddMenu(mOption, "mLine", QStringLiteral("Line")), QStringLiteral("LW"), 1,
-         [this, click](int i) { click(setting::kLW, LW, i); }),
+         std::move(handlers.LW_Click)),
       MK(AddMenu(mOption, "mMarker", QStringLiteral("Marker")), QStringLiteral("MK"), 0,
-         [this, click](int i) { click(setting::kMK, MK, i); }),
+         std::move(handlers.MK_Click)),
       TimeS(AddMenu(mOption, "mTime", QStringLiteral("Time Scale")), QStringLiteral("TimeS"), 0,
-            [this, click](int i) { click(setting::kTimeS, TimeS, i); }),
+            std::move(handlers.TimeS_Click)),
       mLog(AddMenu(mOption, "mAxis", QStringLiteral("Visco Axis")), QStringLiteral("mLog"), 0,
-           [this, click](int i) { click(setting::kLog, mLog, i); }),
+           std::move(handlers.mLog_Click)),
       mColor(AddItem(mOption, "mColor", QStringLiteral("Color"), QObject::tr("Colours of the runs and the background"))),
-      DP(AddMenu(mOption, "mPoint", QStringLiteral("Decimal Point")), QStringLiteral("DP"), 0, DP_Click),
-      VDT(AddMenu(mOption, "mV", QStringLiteral("Visco Data")), QStringLiteral("VDT"), 1, VDT_Click),
-      TDT(AddMenu(mOption, "mT", QStringLiteral("Temp Data")), QStringLiteral("TDT"), 1, TDT_Click),
+      DP(AddMenu(mOption, "mPoint", QStringLiteral("Decimal Point")), QStringLiteral("DP"), 0, std::move(handlers.DP_Click)),
+      VDT(AddMenu(mOption, "mV", QStringLiteral("Visco Data")), QStringLiteral("VDT"), 1, std::move(handlers.VDT_Click)),
+      TDT(AddMenu(mOption, "mT", QStringLiteral("Temp Data")), QStringLiteral("TDT"), 1, std::move(handlers.TDT_Click)),
       mNum(AddItem(mOption, "mNum", QStringLiteral("Number"), QObject::tr("Take only the numbers out of received lines"))),
       mVisco(AddItem(mOption, "mVisco", QStringLiteral("Visco"),
                      QObject::tr("Send the start word at Start, and STOP at Stop and at the end"))),
       mDefault(AddItem(mOption, "mDefault", QStringLiteral("Initialize"), QObject::tr("Does nothing"))),
       mScale(AddMenu(bar, "mScale", QStringLiteral("Scale(&S)"))),
-      Range(mScale, QStringLiteral("Range"), 0, [](int) {}) {
+      Range(mScale, QStringLiteral("Range"), 0, std::move(handlers.Range_Click)) {
   mNew = AddItem(mFile, "mNew", QStringLiteral("New(&N)"), QObject::tr("Begin an empty document"));
   mOpen = AddItem(mFile, "mOpen", QStringLiteral("Open(&O)"), QObject::tr("Open a data file or a raw log"));
   mSave = AddItem(mFile, "mSave", QStringLiteral("Save(&S)"), QObject::tr("Save the document as a data file"));

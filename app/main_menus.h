@@ -10,13 +10,30 @@
 
 namespace quenlor::app {
 
+// What answers a click on an item of each group.
+struct MenuHandlers {
+  using Handler = std::function<void(int Index)>;
+  Handler Port_Click;
+  Handler BPS_Click;
+  Handler Parity_Click;
+  Handler Length_Click;
+  Handler Bit_Click;
+  Handler Term_Click;
+  Handler LW_Click;
+  Handler MK_Click;
+  Handler TimeS_Click;
+  Handler mLog_Click;
+  Handler DP_Click;
+  Handler VDT_Click;
+  Handler TDT_Click;
+  Handler Range_Click;
+};
+
 // The items of the main window's menus. The window answers them; entries whose work is not there are disabled.
 struct MainMenus {
-  using Click = std::function<void(int element, OptionGroup& group, int index)>;
-  using Choose = std::function<void(int index)>;
-
-  MainMenus(QMenuBar* bar, const Click& click, const Choose& DP_Click, const Choose& VDT_Click,
-            const Choose& TDT_Click);
+  MainMenus(QMenuBar* bar, MenuHandlers handlers);
+  MainMenus(const MainMenus&) = delete;
+  MainMenus& operator=(const MainMenus&) = delete;
 
   QMenu* mFile;
   QAction* mNew;

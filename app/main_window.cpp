@@ -45,10 +45,7 @@ MainWindow::MainWindow(const MainWindowPorts& ports)
       grid1_model_(document_),
       grid2_model_(document_),
       grid4_model_(document_),
-      menus_(
-          menuBar(), [this](int element, OptionGroup& group, int Index) { Option_Click(element, group, Index); },
-          [this](int Index) { DP_Click(Index); }, [this](int Index) { VDT_Click(Index); },
-          [this](int Index) { TDT_Click(Index); }) {
+      menus_(menuBar(), MenuAnswers()) {
   BuildWindow();
   ConnectHandlers();
   document_.AddListener(*this);
@@ -81,6 +78,23 @@ void MainWindow::ConnectHandlers() {
   connect(Grid1, &GridView::Grid_DblClick, this, &MainWindow::Grid1_DblClick);
   connect(&refresh_, &QTimer::timeout, this, &MainWindow::Refresh);
   refresh_.setSingleShot(true);
+}
+
+MenuHandlers MainWindow::MenuAnswers() {
+  return {.Port_Click = [this](int Index) { Option_Click(setting::kPort, menus_.Port, Index); },
+          .BPS_Click = [this](int Index) { Option_Click(setting::kBPS, menus_.BPS, Index); },
+          .Parity_Click = [this](int Index) { Option_Click(setting::kParity, menus_.Parity, Index); },
+          .Length_Click = [this](int Index) { Option_Click(setting::kLength, menus_.Length, Index); },
+          .Bit_Click = [this](int Index) { Option_Click(setting::kBit, menus_.Bit, Index); },
+          .Term_Click = [this](int Index) { Option_Click(setting::kTerm, menus_.Term, Index); },
+          .LW_Click = [this](int Index) { Option_Click(setting::kLW, menus_.LW, Index); },
+          .MK_Click = [this](int Index) { Option_Click(setting::kMK, menus_.MK, Index); },
+          .TimeS_Click = [this](int Index) { Option_Click(setting::kTimeS, menus_.TimeS, Index); },
+          .mLog_Click = [this](int Index) { Option_Click(setting::kLog, menus_.mLog, Index); },
+          .DP_Click = [this](int Index) { DP_Click(Index); },
+          .VDT_Click = [this](int Index) { VDT_Click(Index); },
+          .TDT_Click = [this](int Index) { TDT_Click(Index); },
+          .Range_Click = [](int) {}};
 }
 
 void MainWindow::Form_Load() {

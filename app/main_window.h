@@ -85,6 +85,7 @@ class MainWindow : public QMainWindow,
   // One command at a time: while one waits, for the instrument or for an answer, others are refused.
   void RunAlone(const std::function<void()>& command);
 
+  MenuHandlers MenuAnswers();
   void BuildWindow();
   QWidget* BuildControls();
   QWidget* BuildTables();

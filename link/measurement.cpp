@@ -54,12 +54,12 @@ std::optional<platform::OpenFailure> Measurement::Start() {
 
   const bool visco = settings_.IsOn(setting::kVisco);
   const bool repeat = settings_.Index(setting::kRepeat) == 1;
-  CommandText_ = std::string(visco ? kStartWord : std::string_view(command_data_));
+  CommandText = std::string(visco ? kStartWord : std::string_view(command_data_));
   if (visco || repeat) {
     MSComm1_.ClearOutBuffer();
-    MSComm1_.Output(CommandText_.append(Terminator(settings_)));
+    MSComm1_.Output(CommandText.append(Terminator(settings_)));
   }
-  NextRequestTime_ = clock_.Now().seconds + settings_.Number(setting::kRepeatSeconds);
+  NextRequestTime = clock_.Now().seconds + settings_.Number(setting::kRepeatSeconds);
   UpdateRepeatTimer();
   Timer2_.Enabled(false);
   return {};
@@ -84,8 +84,8 @@ void Measurement::Stop() {
   if (!Running() || stopping_) return;
   Timer2_.Enabled(false);
   if (settings_.IsOn(setting::kVisco)) {
-    CommandText_ = kStopWord;
-    SendCommand(CommandText_);
+    CommandText = kStopWord;
+    SendCommand(CommandText);
     stopping_ = true;
     listener_.StateChanged();
     WaitSeconds(kStopSeconds);
@@ -118,7 +118,7 @@ void Measurement::UpdateRepeatTimer() {
 }
 
 void Measurement::RepeatChanged() {
-  if (settings_.Index(setting::kRepeat) == 1) NextRequestTime_ = clock_.Now().seconds;
+  if (settings_.Index(setting::kRepeat) == 1) NextRequestTime = clock_.Now().seconds;
   UpdateRepeatTimer();
 }
 
@@ -137,17 +137,17 @@ void Measurement::ArmTimer2() {
 
 void Measurement::Timer1_Timer() {
   const double now = clock_.Now().seconds;
-  if (!Running() || now < NextRequestTime_) return;
+  if (!Running() || now < NextRequestTime) return;
   if (AutoStopDue(now)) {
-    CommandText_ = kStopWord;
-    SendCommand(CommandText_);
+    CommandText = kStopWord;
+    SendCommand(CommandText);
     ArmTimer2();
   } else {
-    CommandText_ = command_data_;
-    SendCommand(CommandText_);
+    CommandText = command_data_;
+    SendCommand(CommandText);
   }
   // The next moment of the grid, not an interval from now: requests never drift.
-  NextRequestTime_ += settings_.Number(setting::kRepeatSeconds);
+  NextRequestTime += settings_.Number(setting::kRepeatSeconds);
 }
 
 // One second before the full minutes, so that the last reading still falls within them.

@@ -92,9 +92,9 @@ class Measurement {
   MeasurementListener& listener_;
   RawLog raw_log_;
   Reception reception_;
-  std::string CommandText_;
+  std::string CommandText;
   std::string command_data_;
-  double NextRequestTime_ = 0;  // seconds of the clock's time base
+  double NextRequestTime = 0;  // seconds of the clock's time base
   bool stopping_ = false;
 };
 

@@ -102,7 +102,8 @@ void PortDirectory::Append(int port, const std::string& device) {
   const bool as_crlf =
       text_.find('\n') == text_.npos ? naming_ == Naming::kCom : text_.find("\r\n") != text_.npos;
   const std::string line_end = as_crlf ? "\r\n" : "\n";
-  if (!text_.empty() && !text_.ends_with('\n')) text_ += line_end;
+  // A CR at the text's end is half of a line end; a second one would be damage to its line.
+  if (!text_.empty() && !text_.ends_with('\n')) text_ += text_.ends_with('\r') ? "\n" : line_end;
   text_ += std::to_string(port) + "=" + device + line_end;
   lines_.emplace(port, device);
 }

@@ -24,7 +24,7 @@ void Reception::MSComm1_OnComm(int CommEvent) {
 }
 
 void Reception::ClearLine() {
-  LineBuffer_.clear();
+  LineBuffer.clear();
   line_cut_ = false;
 }
 
@@ -41,8 +41,8 @@ void Reception::TakeCharacters(std::string_view Input) {
 }
 
 void Reception::Keep(std::string_view characters) {
-  const std::size_t room = kLongestLine - LineBuffer_.size();
-  LineBuffer_ += characters.substr(0, room);
+  const std::size_t room = kLongestLine - LineBuffer.size();
+  LineBuffer += characters.substr(0, room);
   if (characters.size() <= room || line_cut_) return;
   line_cut_ = true;
   answers_.error(std::string(kOverflowLine));
@@ -51,7 +51,7 @@ void Reception::Keep(std::string_view characters) {
 // False when the measurement has ended over this line.
 bool Reception::ProcessLine() {
   answers_.line_begins();
-  const std::string line = data::ToUtf8(std::move(LineBuffer_));
+  const std::string line = data::ToUtf8(std::move(LineBuffer));
   ClearLine();
   answers_.line_received(line);
 

@@ -52,7 +52,7 @@ class Reception {
   const data::SettingsList& settings_;
   RawLog& raw_log_;
   Answers answers_;
-  std::string LineBuffer_;  // since the last carriage return
+  std::string LineBuffer;  // since the last carriage return
   bool line_cut_ = false;   // the line has been longer than can be kept
   std::vector<std::string> fields_;
 };

@@ -402,6 +402,15 @@ TEST_F(MainWindowTest, ErrorWindowGathersLinesAndForgetsThemWhenClosed) {
   EXPECT_TRUE(Running());
 }
 
+TEST_F(MainWindowTest, ErrorWindowKeepsItsLast10000Lines) {
+  Open();
+  Start();
+  MSComm1.Raise(platform::comm_event::kBreak);
+  for (int i = 0; i < link::ErrorWindow::kMostLines; ++i) MSComm1.Raise(platform::comm_event::kParity);
+  EXPECT_EQ(Find<QPlainTextEdit>("Text1")->blockCount(), 10'000);
+  EXPECT_FALSE(Find<QPlainTextEdit>("Text1")->toPlainText().contains("1001"));
+}
+
 TEST_F(MainWindowTest, AVanishedDeviceEndsTheMeasurementAndKeepsTheData) {
   Open();
   Start();
