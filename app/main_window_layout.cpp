@@ -81,7 +81,7 @@ QWidget* MainWindow::BuildControls() {
 QGroupBox* MainWindow::BuildRepeatFrame() {
   auto* frame = new QGroupBox(QStringLiteral("Repeat/Auto Stop"), this);
   frame->setObjectName(QStringLiteral("Frame3"));
-  Check1 = Named(new QCheckBox(QStringLiteral("&Repeat"), frame), "Check1", QStringLiteral("Repeat"),
+  Check1 = Named(new QCheckBox(QStringLiteral("Re&peat"), frame), "Check1", QStringLiteral("Repeat"),
                  tr("Sends the command again and again while a measurement runs"));
   Text2 = Named(new QLineEdit(frame), "Text2", tr("Repeat interval in seconds"), tr("Seconds between two requests"));
   Check5 = Named(new QCheckBox(QStringLiteral("&Auto Stop"), frame), "Check5", QStringLiteral("Auto Stop"),

@@ -14,6 +14,9 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::size_t kKeyLength = 4;
+// As many columns as there can be, with long numbers in them, stay well below. A longer line is noise; whole, it
+// would make every look at one of its cells a walk through all of it.
+constexpr std::ptrdiff_t kLongestReading = 1 << 20;
 
 bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
 
@@ -62,7 +65,7 @@ class Reader {
 
   // Divides the reading that starts at `at` into cells, in place. Every line of a block has an end.
   char* ReadReading(char* at) {
-    const char* const line = at;
+    char* const line = at;
     char* first_cell_end = nullptr;
     const char separator = contents_.separator;
     int cells = 1;
@@ -77,12 +80,17 @@ class Reader {
         break;
       }
     }
+    char* const line_end = at;
+    if (line_end - line > kLongestReading) {
+      at = line + kLongestReading;
+      while ((*at & 0xC0) == 0x80) --at;  // not within a character
+    }
     *at = MeasurementTable::kRowEnd;
-    if (first_cell_end == nullptr) first_cell_end = at;
+    if (first_cell_end == nullptr || first_cell_end > at) first_cell_end = at;
     NoteRun({line, static_cast<std::size_t>(first_cell_end - line)});
     while (contents_.table.Cols() < cells && contents_.table.AddDataColumn()) {
     }
-    return at + 1;  // the LF of a CR LF reads as a blank line
+    return line_end + 1;  // the LF of a CR LF reads as a blank line
   }
 
   // Readings of one run follow each other, so the text of the last number is nearly always met again.
@@ -115,7 +123,7 @@ class Reader {
     if (!separator_known_) GuessSeparator(keyed ? line.substr(kKeyLength, 1) : line);
     if (!keyed) return false;
 
-    const std::string_view rest = line.substr(std::min(kKeyLength + 1, line.size()));
+    const std::string_view rest = WithoutKey(line);
     if (key == "Date"sv) contents_.date = rest;
     if (key == "Memo"sv) ReadRemarks(rest);
     if (key == "Info"sv) ReadInfo(rest);
@@ -127,6 +135,13 @@ class Reader {
   void GuessSeparator(std::string_view text) {
     const bool semicolon = text.find(';') != text.npos;
     if (semicolon || text.find(',') != text.npos) SetSeparator(semicolon ? ';' : ',');
+  }
+
+  // The key and one character behind it are no content; in noise that character may be longer than a separator.
+  static std::string_view WithoutKey(std::string_view line) {
+    line.remove_prefix(std::min(kKeyLength + 1, line.size()));
+    while (!line.empty() && (line.front() & 0xC0) == 0x80) line.remove_prefix(1);
+    return line;
   }
 
   void SetSeparator(char separator) {

@@ -80,6 +80,7 @@ class Document {
   void SetRemarks(std::string_view remarks);
   void SetViscoColumn(int col);
   void SetTempColumn(int col);
+  void SetRanges(const AxisRanges& ranges) { ranges_ = ranges; }
   void SetFieldSeparator(char separator) { FieldSeparator_ = separator; }
 
   // The contents of a file become the document: nothing unsaved, no run begun. `file_date` stands as the date where

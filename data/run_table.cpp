@@ -18,7 +18,7 @@ std::string_view RunTable::TextMatrix(int row, int col) const {
 }
 
 void RunTable::SetTextMatrix(int row, int col, std::string_view text) {
-  if (row < 0 || col < 0) return;
+  if (row < 0 || col < 0 || col >= kMostCols) return;
   AddRunsUpTo(row);
   cols_ = std::max(cols_, col + 1);
   auto& cells = rows_[static_cast<std::size_t>(row)];

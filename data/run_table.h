@@ -13,6 +13,8 @@ namespace quenlor::data {
 // A cell outside the table reads as empty.
 class RunTable {
  public:
+  static constexpr int kMostCols = 256;  // a file with more is noise; each column counts for every run
+
   RunTable() { InitRunInfoGrid(); }
 
   void InitRunInfoGrid();  // the titles alone

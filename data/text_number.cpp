@@ -73,6 +73,12 @@ double ReadDecimal(std::string_view number) {
   return error == std::errc::result_out_of_range ? OutOfRange(number) : value;
 }
 
+// The nearest finite number, so that sums of numbers that are too large still are numbers.
+double Bounded(double value) {
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  return std::clamp(value, -kLargest, kLargest);
+}
+
 }  // namespace
 
 std::optional<double> LeadingNumber(std::string_view text) {
@@ -123,9 +129,10 @@ double TimeToSeconds(std::string_view text) {
   const std::size_t first = text.find(':');
   if (first == std::string_view::npos) return C_Val(text);
   const std::size_t second = text.find(':', first + 1);
-  const double hours = C_Val(text.substr(0, first));
-  if (second == std::string_view::npos) return hours * 3600 + C_Val(text.substr(first + 1)) * 60;
-  return hours * 3600 + C_Val(text.substr(first + 1, second - first - 1)) * 60 + C_Val(text.substr(second + 1));
+  const double hours = Bounded(C_Val(text.substr(0, first)) * 3600);
+  if (second == std::string_view::npos) return Bounded(hours + Bounded(C_Val(text.substr(first + 1)) * 60));
+  const double minutes = Bounded(C_Val(text.substr(first + 1, second - first - 1)) * 60);
+  return Bounded(Bounded(hours + minutes) + C_Val(text.substr(second + 1)));
 }
 
 }  // namespace quenlor::data
