@@ -31,39 +31,54 @@ class Parser {
     bool only_files = false;
     while (at_ < arguments_.size() && result_.error.empty()) {
       const std::string& argument = arguments_[at_++];
-      if (only_files || !argument.starts_with("-")) TakeFile(argument);
-      else if (argument == "--") only_files = true;
-      else TakeOption(argument);
+      if (only_files || !argument.starts_with("-"))
+        TakeFile(argument);
+      else if (argument == "--")
+        only_files = true;
+      else
+        TakeOption(argument);
     }
     return result_;
   }
 
  private:
   void TakeFile(const std::string& argument) {
-    if (argument.empty()) result_.error = "the file name is empty";
-    else if (!result_.file.empty()) result_.error = "more than one file: " + argument;
-    else result_.file = argument;
+    if (argument.empty())
+      result_.error = "the file name is empty";
+    else if (!result_.file.empty())
+      result_.error = "more than one file: " + argument;
+    else
+      result_.file = argument;
   }
 
   void TakeOption(const std::string& argument) {
     const std::size_t equals = argument.find('=');
     const std::string option = argument.substr(0, equals);
     if (equals != std::string::npos) attached_ = argument.substr(equals + 1);
-    if (option == "--help" || option == "-h") result_.help = true;
-    else if (option == "--version") result_.version = true;
-    else if (option == "--folder") result_.folder = Value(option);
-    else if (option == "--port") TakePort(Value(option));
-    else if (option == "--virtual") TakeVirtual(Value(option));
-    else if (option == "--instrument") result_.instrument = Words(Value(option));
-    else result_.error = "unknown option " + argument;
+    if (option == "--help" || option == "-h")
+      result_.help = true;
+    else if (option == "--version")
+      result_.version = true;
+    else if (option == "--folder")
+      result_.folder = Value(option);
+    else if (option == "--port")
+      TakePort(Value(option));
+    else if (option == "--virtual")
+      TakeVirtual(Value(option));
+    else if (option == "--instrument")
+      result_.instrument = Words(Value(option));
+    else
+      result_.error = "unknown option " + argument;
     if (attached_ && result_.error.empty()) result_.error = option + " takes no value";
     attached_.reset();
   }
 
   std::string Value(const std::string& option) {
     std::string value;
-    if (attached_) value = *attached_;
-    else if (at_ < arguments_.size()) value = arguments_[at_++];
+    if (attached_)
+      value = *attached_;
+    else if (at_ < arguments_.size())
+      value = arguments_[at_++];
     attached_.reset();
     if (value.empty() && result_.error.empty()) result_.error = option + " needs a value";
     return value;
@@ -83,8 +98,10 @@ class Parser {
   void TakeVirtual(const std::string& value) {
     const int number = PortNumber(value);
     if (!result_.error.empty()) return;
-    if (number == 0) result_.error = "--virtual needs a port number, not " + value;
-    else result_.virtual_ports.insert(number);
+    if (number == 0)
+      result_.error = "--virtual needs a port number, not " + value;
+    else
+      result_.virtual_ports.insert(number);
   }
 
   const std::vector<std::string>& arguments_;

@@ -40,7 +40,9 @@ class BusyPointer {
 
 bool DocumentCommands::MayDiscard() {
   if (!document_.DataChanged()) return true;
-  return dialogs_.Show({.text = "Will you clear this data?", .buttons = Buttons::kYesNo, .icon = Icon::kExclamation,
+  return dialogs_.Show({.text = "Will you clear this data?",
+                        .buttons = Buttons::kYesNo,
+                        .icon = Icon::kExclamation,
                         .default_answer = Answer::kNo}) == Answer::kYes;
 }
 
@@ -114,8 +116,10 @@ void DocumentCommands::Save() {
 bool DocumentCommands::ExitProgram() {
   measurement_.StopWithoutWait();
   if (!document_.DataChanged()) return true;
-  const Answer answer = dialogs_.Show({.text = "Will you save this data?", .buttons = Buttons::kYesNoCancel,
-                                       .icon = Icon::kExclamation, .default_answer = Answer::kYes});
+  const Answer answer = dialogs_.Show({.text = "Will you save this data?",
+                                       .buttons = Buttons::kYesNoCancel,
+                                       .icon = Icon::kExclamation,
+                                       .default_answer = Answer::kYes});
   if (answer == Answer::kCancel) return false;
   if (answer == Answer::kYes) Save();
   return answer == Answer::kNo || !document_.DataChanged();

@@ -23,20 +23,25 @@ class DocumentCommandsView {
   virtual void ClearReceivedData() = 0;
 };
 
-// New, Open, Save, a dropped file, and the end of the program: each stops what runs, asks before it discards, and
-// leaves everything as it was when it is cancelled or fails.
+// New, Open, Save, a dropped file, and the end of the program: each stops what runs, asks before it discards,
+// and leaves everything as it was when it is cancelled or fails.
 class DocumentCommands {
  public:
   DocumentCommands(data::Document& document, SettingsFile& settings, link::Measurement& measurement,
                    platform::FileSystem& files, platform::Dialogs& dialogs, DocumentCommandsView& view,
                    std::string program_folder)
-      : document_(document), settings_(settings), measurement_(measurement), files_(files), dialogs_(dialogs),
-        view_(view), folder_(std::move(program_folder)) {}
+      : document_(document),
+        settings_(settings),
+        measurement_(measurement),
+        files_(files),
+        dialogs_(dialogs),
+        view_(view),
+        folder_(std::move(program_folder)) {}
 
   void New();
   void Open();
   void Save();
-  void Drop(const std::string& path);        // only ".csv" and ".CSV" are taken
+  void Drop(const std::string& path);          // only ".csv" and ".CSV" are taken
   void ReadDataFile(const std::string& path);  // without a question, at the program's start
 
   // True when the program may end: stopped, and saved or given up by the operator.

@@ -11,7 +11,8 @@ namespace {
 
 constexpr int kMostCellCharacters = 1000;  // a view lays out all of a text to show its first inch
 
-// Black or white, whichever stands out: the eye takes green as brightest and blue as darkest (Rec. 601 weights).
+// Black or white, whichever stands out: the eye takes green as brightest and blue as darkest (Rec. 601
+// weights).
 QColor ReadableOn(const QColor& background) {
   const int luma = (299 * background.red() + 587 * background.green() + 114 * background.blue()) / 1000;
   return luma > 140 ? QColor(Qt::black) : QColor(Qt::white);
@@ -25,7 +26,8 @@ int ToCount(data::Document::Row rows) {
 
 QColor ToQColor(graph::Color color) { return {color.Red(), color.Green(), color.Blue()}; }
 
-GridModel::GridModel(data::Document& document, QObject* parent) : QAbstractTableModel(parent), document_(document) {
+GridModel::GridModel(data::Document& document, const graph::ColorSettings& colors, QObject* parent)
+    : QAbstractTableModel(parent), document_(document), colors_(colors) {
   document_.AddListener(*this);
 }
 
@@ -38,7 +40,8 @@ void GridModel::ShowAll() {
 
 QString GridModel::Text(data::Document::Row row, int col) const {
   const std::string_view text = TableText(row, col);
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(std::min<std::size_t>(text.size(), kMostCellCharacters)));
+  return QString::fromUtf8(text.data(),
+                           static_cast<qsizetype>(std::min<std::size_t>(text.size(), kMostCellCharacters)));
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
@@ -47,21 +50,22 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole) return Text(row, index.column() + 1);
   if (role == Qt::ForegroundRole && TextsInRunColor()) {
     const long long run = RunOfRow(row);
-    if (run != 0) return ToQColor(graph::RunColor(graph::kDefaultColors, run));
+    if (run != 0) return ToQColor(graph::RunColor(colors_.Colors(), run));
   }
   return {};
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (section < 0 || section >= (orientation == Qt::Horizontal ? shown_cols_ : shown_rows_)) return {};
-  if (orientation == Qt::Horizontal) return role == Qt::DisplayRole ? QVariant(Text(0, section + 1)) : QVariant();
+  if (orientation == Qt::Horizontal)
+    return role == Qt::DisplayRole ? QVariant(Text(0, section + 1)) : QVariant();
 
   const data::Document::Row row = section + 1;
   if (role == Qt::DisplayRole) return Text(row, 0);
   if (role != Qt::BackgroundRole && role != Qt::ForegroundRole) return {};
   const long long run = RunOfRow(row);
   if (run == 0) return {};
-  const QColor color = ToQColor(graph::RunColor(graph::kDefaultColors, run));
+  const QColor color = ToQColor(graph::RunColor(colors_.Colors(), run));
   return role == Qt::BackgroundRole ? color : ReadableOn(color);
 }
 
@@ -108,6 +112,12 @@ void GridModel::ColumnsChanged() {
   if (shown_cols_ == 0) return;
   emit headerDataChanged(Qt::Horizontal, 0, shown_cols_ - 1);
   if (shown_rows_ > 0) emit dataChanged(index(0, 0), index(shown_rows_ - 1, shown_cols_ - 1));
+}
+
+void GridModel::ColorsChanged() {
+  if (shown_rows_ == 0 || shown_cols_ == 0) return;
+  emit dataChanged(index(0, 0), index(shown_rows_ - 1, shown_cols_ - 1), {Qt::ForegroundRole});
+  emit headerDataChanged(Qt::Vertical, 0, shown_rows_ - 1);
 }
 
 void GridModel::DocumentReplaced() {

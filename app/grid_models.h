@@ -5,29 +5,33 @@
 #include <QColor>
 
 #include "data/document.h"
-#include "graph/color_table.h"
+#include "graph/color_settings.h"
 
 namespace quenlor::app {
 
-// A grid of the document for a table view. Row 0 and column 0 of the table are the view's headers, so cell (r, c) of
-// the model is (r + 1, c + 1) of the table.
+// A grid of the document for a table view. Row 0 and column 0 of the table are the view's headers, so cell
+// (r, c) of the model is (r + 1, c + 1) of the table.
 //
-// Nothing is copied. Rows that arrive are shown at the next Sync, many at once: a view's work after an insertion is
-// the same for one row and for a thousand.
+// Nothing is copied. Rows that arrive are shown at the next Sync, many at once: a view's work after an
+// insertion is the same for one row and for a thousand.
 class GridModel : public QAbstractTableModel, protected data::DocumentListener {
   Q_OBJECT
 
  public:
-  explicit GridModel(data::Document& document, QObject* parent = nullptr);
+  GridModel(data::Document& document, const graph::ColorSettings& colors, QObject* parent);
   ~GridModel() override;
 
   int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : shown_rows_; }
-  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : shown_cols_; }
+  int columnCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : shown_cols_;
+  }
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
   // The title of column 0, for the corner between the headers.
   QString CornerTitle() const { return Text(0, 0); }
+
+  void ColorsChanged();
 
   // Shows what has arrived since the last call; true when rows were added.
   bool Sync();
@@ -52,6 +56,7 @@ class GridModel : public QAbstractTableModel, protected data::DocumentListener {
 
  private:
   data::Document& document_;
+  const graph::ColorSettings& colors_;
   int shown_rows_ = 0;
   int shown_cols_ = 0;
 };
@@ -59,7 +64,10 @@ class GridModel : public QAbstractTableModel, protected data::DocumentListener {
 // The measurement table.
 class Grid1Model : public GridModel {
  public:
-  explicit Grid1Model(data::Document& document, QObject* parent = nullptr) : GridModel(document, parent) { ShowAll(); }
+  Grid1Model(data::Document& document, const graph::ColorSettings& colors, QObject* parent = nullptr)
+      : GridModel(document, colors, parent) {
+    ShowAll();
+  }
 
  protected:
   data::Document::Row TableRows() const override { return Document().Grid1().Rows(); }
@@ -71,7 +79,10 @@ class Grid1Model : public GridModel {
 // The display table: run number, time, and the columns chosen as viscosity and temperature.
 class Grid2Model : public Grid1Model {
  public:
-  explicit Grid2Model(data::Document& document, QObject* parent = nullptr) : Grid1Model(document, parent) { ShowAll(); }
+  Grid2Model(data::Document& document, const graph::ColorSettings& colors, QObject* parent = nullptr)
+      : Grid1Model(document, colors, parent) {
+    ShowAll();
+  }
 
  protected:
   int TableCols() const override { return 4; }
@@ -81,7 +92,10 @@ class Grid2Model : public Grid1Model {
 // The run information table.
 class Grid4Model : public GridModel {
  public:
-  explicit Grid4Model(data::Document& document, QObject* parent = nullptr) : GridModel(document, parent) { ShowAll(); }
+  Grid4Model(data::Document& document, const graph::ColorSettings& colors, QObject* parent = nullptr)
+      : GridModel(document, colors, parent) {
+    ShowAll();
+  }
 
  protected:
   data::Document::Row TableRows() const override { return Document().Grid4().Rows(); }

@@ -89,6 +89,8 @@ GridSelection GridView::Selection() const {
 void GridView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Delete) {
     emit Grid_KeyDown(46);
+  } else if (event->key() == Qt::Key_F2) {
+    emit Grid_DblClick();
   } else {
     QTableView::keyPressEvent(event);
   }

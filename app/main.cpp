@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   const app::CommandLine early = app::ParseCommandLine(arguments);
   if (early.help) return std::fputs(app::HelpText().c_str(), stdout) < 0;
-  if (early.version) return std::printf("%s\n", app::Caption(app::ThisVersion()).c_str()) < 0;
+  if (early.version) return std::printf("%s\n", app::WindowCaption(app::ThisVersion()).c_str()) < 0;
   if (!early.error.empty()) return RefuseUsage(early.error);
   const auto viscometer = instrument::ParseOptions(early.instrument);
   if (const auto* error = std::get_if<instrument::OptionsError>(&viscometer)) return RefuseUsage(error->text);

@@ -28,7 +28,9 @@ QAction* AddItem(QMenu* menu, const char* name, const QString& caption, const QS
   return item;
 }
 
-QString Text(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+QString Text(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 template <class Captions>
 void AddItems(OptionGroup& group, const Captions& captions) {
@@ -61,11 +63,16 @@ MainMenus::MainMenus(QMenuBar* bar, MenuHandlers handlers)
             std::move(handlers.TimeS_Click)),
       mLog(AddMenu(mOption, "mAxis", QStringLiteral("Visco Axis")), QStringLiteral("mLog"), 0,
            std::move(handlers.mLog_Click)),
-      mColor(AddItem(mOption, "mColor", QStringLiteral("Color"), QObject::tr("Colours of the runs and the background"))),
-      DP(AddMenu(mOption, "mPoint", QStringLiteral("Decimal Point")), QStringLiteral("DP"), 0, std::move(handlers.DP_Click)),
-      VDT(AddMenu(mOption, "mV", QStringLiteral("Visco Data")), QStringLiteral("VDT"), 1, std::move(handlers.VDT_Click)),
-      TDT(AddMenu(mOption, "mT", QStringLiteral("Temp Data")), QStringLiteral("TDT"), 1, std::move(handlers.TDT_Click)),
-      mNum(AddItem(mOption, "mNum", QStringLiteral("Number"), QObject::tr("Take only the numbers out of received lines"))),
+      mColor(AddItem(mOption, "mColor", QStringLiteral("Color"),
+                     QObject::tr("Colours of the runs and the background"))),
+      DP(AddMenu(mOption, "mPoint", QStringLiteral("Decimal Point")), QStringLiteral("DP"), 0,
+         std::move(handlers.DP_Click)),
+      VDT(AddMenu(mOption, "mV", QStringLiteral("Visco Data")), QStringLiteral("VDT"), 1,
+          std::move(handlers.VDT_Click)),
+      TDT(AddMenu(mOption, "mT", QStringLiteral("Temp Data")), QStringLiteral("TDT"), 1,
+          std::move(handlers.TDT_Click)),
+      mNum(AddItem(mOption, "mNum", QStringLiteral("Number"),
+                   QObject::tr("Take only the numbers out of received lines"))),
       mVisco(AddItem(mOption, "mVisco", QStringLiteral("Visco"),
                      QObject::tr("Send the start word at Start, and STOP at Stop and at the end"))),
       mDefault(AddItem(mOption, "mDefault", QStringLiteral("Initialize"), QObject::tr("Does nothing"))),
@@ -73,10 +80,12 @@ MainMenus::MainMenus(QMenuBar* bar, MenuHandlers handlers)
       Range(mScale, QStringLiteral("Range"), 0, std::move(handlers.Range_Click)) {
   mNew = AddItem(mFile, "mNew", QStringLiteral("New(&N)"), QObject::tr("Begin an empty document"));
   mOpen = AddItem(mFile, "mOpen", QStringLiteral("Open(&O)"), QObject::tr("Open a data file or a raw log"));
-  mSave = AddItem(mFile, "mSave", QStringLiteral("Save(&S)"), QObject::tr("Save the document as a data file"));
+  mSave =
+      AddItem(mFile, "mSave", QStringLiteral("Save(&S)"), QObject::tr("Save the document as a data file"));
   mFile->addSeparator();
   mPrint = AddItem(mFile, "mPrint", QStringLiteral("Print(&P)"), QObject::tr("Print the report"));
-  mStatistics = AddItem(mFile, "mStatistics", QStringLiteral("Statistics(&T)"), QObject::tr("Summarise the runs"));
+  mStatistics =
+      AddItem(mFile, "mStatistics", QStringLiteral("Statistics(&T)"), QObject::tr("Summarise the runs"));
   mFile->addSeparator();
   mEnd = AddItem(mFile, "mEnd", QStringLiteral("End(&X)"), QObject::tr("End the program"));
   mNew->setShortcut(QKeySequence::New);
@@ -99,9 +108,8 @@ MainMenus::MainMenus(QMenuBar* bar, MenuHandlers handlers)
   mNum->setCheckable(true);
   mVisco->setCheckable(true);
 
-  // What draws and reports is not there yet.
-  for (QAction* item : {mPrint, mStatistics, mColor}) item->setEnabled(false);
-  for (QMenu* menu : {LW.Menu(), MK.Menu(), mLog.Menu(), mScale}) menu->setEnabled(false);
+  // What reports is not there yet.
+  for (QAction* item : {mPrint, mStatistics}) item->setEnabled(false);
 }
 
 }  // namespace quenlor::app

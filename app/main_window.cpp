@@ -10,6 +10,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "app/window_state.h"
 #include "data/change_dialog.h"
 #include "data/edit_choice.h"
 #include "data/text_number.h"
@@ -21,8 +22,8 @@ namespace {
 
 namespace setting = data::setting;
 
-// The tables are shown anew at most this often, and never so often that showing them takes more than a small part
-// of the time: painting after an insertion costs more the more rows there are.
+// The tables are shown anew at most this often, and never so often that showing them takes more than a small
+// part of the time: painting after an insertion costs more the more rows there are.
 constexpr int kRefreshMilliseconds = 50;
 constexpr int kRefreshShare = 8;
 
@@ -42,9 +43,10 @@ MainWindow::MainWindow(const MainWindowPorts& ports)
       measurement_(ports.measurement, document_, settings_.List(), ports.program_folder, *this),
       commands_(document_, settings_, measurement_, ports.measurement.files, ports.dialogs, *this,
                 ports.program_folder),
-      grid1_model_(document_),
-      grid2_model_(document_),
-      grid4_model_(document_),
+      graph_(document_, settings_.List(), *this),
+      grid1_model_(document_, colors_),
+      grid2_model_(document_, colors_),
+      grid4_model_(document_, colors_),
       menus_(menuBar(), MenuAnswers()) {
   BuildWindow();
   ConnectHandlers();
@@ -62,11 +64,14 @@ void MainWindow::ConnectHandlers() {
   command(menus_.mOpen, &MainWindow::mOpen_Click);
   command(menus_.mSave, &MainWindow::mSave_Click);
   command(menus_.mEnd, &MainWindow::mEnd_Click);
+  command(menus_.mColor, &MainWindow::mColor_Click);
   command(menus_.mNum, &MainWindow::mNum_Click);
   command(menus_.mVisco, &MainWindow::mVisco_Click);
   connect(menus_.mRS, &QMenu::aboutToShow, this, &MainWindow::ShowDevices);
-  connect(menus_.VDT.Menu(), &QMenu::aboutToShow, this, [this] { FillColumnMenu(menus_.VDT, document_.ViscoColumn()); });
-  connect(menus_.TDT.Menu(), &QMenu::aboutToShow, this, [this] { FillColumnMenu(menus_.TDT, document_.TempColumn()); });
+  connect(menus_.VDT.Menu(), &QMenu::aboutToShow, this,
+          [this] { FillColumnMenu(menus_.VDT, document_.ViscoColumn()); });
+  connect(menus_.TDT.Menu(), &QMenu::aboutToShow, this,
+          [this] { FillColumnMenu(menus_.TDT, document_.TempColumn()); });
   connect(Command1, &QPushButton::clicked, this, &MainWindow::Command1_Click);
   connect(Command2, &QPushButton::clicked, this, &MainWindow::Command2_Click);
   connect(Combo1, &QComboBox::currentTextChanged, this, &MainWindow::Combo1_Change);
@@ -76,25 +81,19 @@ void MainWindow::ConnectHandlers() {
   connect(Text2, &QLineEdit::textEdited, this, &MainWindow::Text2_Change);
   connect(Grid1, &GridView::Grid_KeyDown, this, &MainWindow::Grid1_KeyDown);
   connect(Grid1, &GridView::Grid_DblClick, this, &MainWindow::Grid1_DblClick);
+  connect(Picture1, &GraphPane::Label5_DblClick, this, &MainWindow::Label5_DblClick);
+  connect(Picture1, &GraphPane::Label6_DblClick, this, &MainWindow::Label6_DblClick);
+  connect(Picture1, &GraphPane::Label10_DblClick, this, &MainWindow::Label10_DblClick);
+  connect(auto_scaling_[0], &QCheckBox::clicked, this, &MainWindow::Check2_Click);
+  connect(auto_scaling_[1], &QCheckBox::clicked, this, &MainWindow::Check3_Click);
+  connect(auto_scaling_[2], &QCheckBox::clicked, this, &MainWindow::Check4_Click);
+  for (int i = 0; i < 3; ++i)
+    connect(Option1[static_cast<std::size_t>(i)], &QRadioButton::clicked, this,
+            [this, i] { Option1_Click(i); });
+  for (QRadioButton* option : Option2)
+    connect(option, &QRadioButton::clicked, this, &MainWindow::Option2_Click);
   connect(&refresh_, &QTimer::timeout, this, &MainWindow::Refresh);
   refresh_.setSingleShot(true);
-}
-
-MenuHandlers MainWindow::MenuAnswers() {
-  return {.Port_Click = [this](int Index) { Option_Click(setting::kPort, menus_.Port, Index); },
-          .BPS_Click = [this](int Index) { Option_Click(setting::kBPS, menus_.BPS, Index); },
-          .Parity_Click = [this](int Index) { Option_Click(setting::kParity, menus_.Parity, Index); },
-          .Length_Click = [this](int Index) { Option_Click(setting::kLength, menus_.Length, Index); },
-          .Bit_Click = [this](int Index) { Option_Click(setting::kBit, menus_.Bit, Index); },
-          .Term_Click = [this](int Index) { Option_Click(setting::kTerm, menus_.Term, Index); },
-          .LW_Click = [this](int Index) { Option_Click(setting::kLW, menus_.LW, Index); },
-          .MK_Click = [this](int Index) { Option_Click(setting::kMK, menus_.MK, Index); },
-          .TimeS_Click = [this](int Index) { Option_Click(setting::kTimeS, menus_.TimeS, Index); },
-          .mLog_Click = [this](int Index) { Option_Click(setting::kLog, menus_.mLog, Index); },
-          .DP_Click = [this](int Index) { DP_Click(Index); },
-          .VDT_Click = [this](int Index) { VDT_Click(Index); },
-          .TDT_Click = [this](int Index) { TDT_Click(Index); },
-          .Range_Click = [](int) {}};
 }
 
 void MainWindow::Form_Load() {
@@ -105,10 +104,25 @@ void MainWindow::Form_Load() {
   Combo1->setCurrentIndex(Combo1->count() - 1);
   Combo1_Change();
   settings_.LoadSettings();
-  for (int port = 1; port <= link::PortCount(settings_.List()); ++port) menus_.Port.Add(QString::number(port));
+  colors_ = graph::LoadColor(ports_.measurement.files, ColorFile());
+  RestoreWindowState();
+  for (int port = 1; port <= link::PortCount(settings_.List()); ++port)
+    menus_.Port.Add(QString::number(port));
   ShowSettings();
   ShowDevices();
   commands_.New();
+}
+
+void MainWindow::RestoreWindowState() {
+  const auto text = ports_.measurement.files.Read(WindowFile());
+  const auto state = text.ok() ? WindowState::Parse(text.value()) : std::nullopt;
+  if (!state) return;
+  restoreGeometry(state->geometry);
+  halves_->SetPosiLeft(posi::AfterResize(std::max(state->posi_left, 3601.0), width() * 15.0));
+}
+
+void MainWindow::KeepWindowState() {
+  ports_.measurement.files.Replace(WindowFile(), WindowState{saveGeometry(), halves_->PosiLeft()}.Text());
 }
 
 void MainWindow::RunAlone(const std::function<void()>& command) {
@@ -116,7 +130,8 @@ void MainWindow::RunAlone(const std::function<void()>& command) {
   busy_ = true;
   command();
   busy_ = false;
-  if (std::exchange(close_wanted_, false)) QMetaObject::invokeMethod(this, &MainWindow::mEnd_Click, Qt::QueuedConnection);
+  if (std::exchange(close_wanted_, false))
+    QMetaObject::invokeMethod(this, &MainWindow::mEnd_Click, Qt::QueuedConnection);
 }
 
 void MainWindow::Command1_Click() {
@@ -124,20 +139,17 @@ void MainWindow::Command1_Click() {
     if (measurement_.Running()) return measurement_.Stop();
     settings_.SaveSettings();
     const auto failure = measurement_.Start();
-    if (!failure) return Say(tr("Measuring on port %1").arg(ports_.measurement.MSComm1.CommPort()).toStdString());
+    if (!failure)
+      return Say(tr("Measuring on port %1").arg(ports_.measurement.MSComm1.CommPort()).toStdString());
     StateChanged();
     ports_.dialogs.Show({.text = "Can not Open !\rPlease Check Setting of Com Port !",
                          .buttons = platform::Buttons::kOk,
                          .icon = platform::Icon::kCritical});
-    std::string reason = failure->device;
-    for (const std::string& part : {failure->reason, failure->advice}) {
-      if (!part.empty()) reason += (reason.empty() ? "" : ": ") + part;
-    }
-    Say(reason);
+    Say(failure->Text());
   });
 }
 
-void MainWindow::Command2_Click() { measurement_.SendCommand(Combo1->currentText().toStdString()); }
+void MainWindow::Command2_Click() { measurement_.SendCommand(measurement_.CommandData()); }
 
 void MainWindow::Combo1_Change() { measurement_.SetCommandData(Combo1->currentText().toStdString()); }
 
@@ -153,7 +165,8 @@ void MainWindow::Check5_Click() {
 }
 
 void MainWindow::Text1_Change() {
-  settings_.List().Set(setting::kAutoStopMinutes, data::GeneralText(data::C_Val(Text1->text().toStdString())));
+  settings_.List().Set(setting::kAutoStopMinutes,
+                       data::GeneralText(data::C_Val(Text1->text().toStdString())));
 }
 
 void MainWindow::Text2_Change() {
@@ -163,7 +176,9 @@ void MainWindow::Text2_Change() {
 void MainWindow::Grid1_KeyDown(int KeyCode) {
   constexpr int kDeleteKey = 46;
   const GridSelection rows = Grid1->Selection();
-  if (KeyCode != kDeleteKey || !data::MayDelete(document_.Grid1(), rows.Row, rows.RowSel, rows.Col, rows.ColSel)) return;
+  if (KeyCode != kDeleteKey ||
+      !data::MayDelete(document_.Grid1(), rows.Row, rows.RowSel, rows.Col, rows.ColSel))
+    return;
   RunAlone([&] {
     const auto answer = ports_.dialogs.Show({.text = "Delete Data ?",
                                              .buttons = platform::Buttons::kOkCancel,
@@ -179,9 +194,15 @@ void MainWindow::Grid1_DblClick() {
   const data::EditChoice choice =
       data::ChooseEdit(document_, cells.Row, cells.RowSel, cells.Col, cells.ColSel);
   if (choice.mode == data::EditChoice::Mode::kNothing) return;
+  Change(choice.caption, choice.text,
+         [&](const std::string& text) { data::ApplyEdit(choice, text, document_); });
+}
+
+void MainWindow::Change(const std::string& caption, const std::string& text,
+                        const std::function<void(const std::string&)>& take) {
   RunAlone([&] {
-    data::ChangeDialog Form2(choice.caption, choice.text, this);
-    if (const auto text = Form2.Ask()) data::ApplyEdit(choice, *text, document_);
+    data::ChangeDialog Form2(caption, text, this);
+    if (const auto changed = Form2.Ask()) take(*changed);
   });
 }
 
@@ -205,112 +226,39 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   close_wanted_ = busy_;
   RunAlone([&] { ended = commands_.ExitProgram(); });
   event->setAccepted(ended);
-  if (ended && Form5) Form5->close();
+  if (!ended) return;
+  KeepWindowState();
+  if (Form5) Form5->close();
+  if (Form6) Form6->close();
 }
 
+// Picture1_OLEDragDrop and Picture2_OLEDragDrop: a file may fall on the graph or anywhere else in the window.
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls() && !busy_) event->acceptProposedAction();
+  if (!event->mimeData()->hasUrls() || !event->possibleActions().testFlag(Qt::CopyAction) || busy_) return;
+  event->setDropAction(Qt::CopyAction);  // never a move: that would let the file's owner delete it
+  event->accept();
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
   if (urls.isEmpty() || !urls.first().isLocalFile()) return;
-  event->acceptProposedAction();
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
   const std::string path = urls.first().toLocalFile().toStdString();
   // The program that the file comes from waits for the drop to end; questions are asked after it.
   QMetaObject::invokeMethod(
       this, [this, path] { RunAlone([&] { commands_.Drop(path); }); }, Qt::QueuedConnection);
 }
 
-void MainWindow::Option_Click(int element, OptionGroup& group, int Index) {
-  group.Check(Index);
-  settings_.List().Set(element, Index);
-  settings_.SaveSettings();
+void MainWindow::Fig() {
+  fig_waits_ = true;
+  AskForRefresh();
 }
 
-void MainWindow::DP_Click(int Index) {
-  Option_Click(setting::kDP, menus_.DP, Index);
-  document_.SetFieldSeparator(settings_.List().FieldSeparator());
-}
-
-void MainWindow::VDT_Click(int Index) {
-  menus_.VDT.Check(Index);
-  document_.SetViscoColumn(Index + 1);
-  settings_.SaveSettings();
-}
-
-void MainWindow::TDT_Click(int Index) {
-  menus_.TDT.Check(Index);
-  document_.SetTempColumn(Index + 1);
-  settings_.SaveSettings();
-}
-
-void MainWindow::mNum_Click() {
-  settings_.List().Set(setting::kNum, menus_.mNum->isChecked() ? "True" : "False");
-  settings_.SaveSettings();
-}
-
-void MainWindow::mVisco_Click() {
-  settings_.List().Set(setting::kVisco, menus_.mVisco->isChecked() ? "True" : "False");
-  settings_.SaveSettings();
-}
-
-// Every check mark and box as the settings list has it; elements stay as they are, whatever they say.
-void MainWindow::ShowSettings() {
-  const data::SettingsList& list = settings_.List();
-  menus_.Port.Check(list.Index(setting::kPort));
-  menus_.BPS.Check(list.Index(setting::kBPS));
-  menus_.Parity.Check(list.Index(setting::kParity));
-  menus_.Length.Check(list.Index(setting::kLength));
-  menus_.Bit.Check(list.Index(setting::kBit));
-  menus_.Term.Check(list.Index(setting::kTerm));
-  menus_.LW.Check(list.Index(setting::kLW));
-  menus_.MK.Check(list.Index(setting::kMK));
-  menus_.TimeS.Check(list.Index(setting::kTimeS));
-  menus_.mLog.Check(list.Index(setting::kLog));
-  menus_.DP.Check(list.Index(setting::kDP));
-  menus_.mNum->setChecked(list.IsOn(setting::kNum));
-  menus_.mVisco->setChecked(list.IsOn(setting::kVisco));
-  Check1->setChecked(list.Index(setting::kRepeat) == 1);
-  Check5->setChecked(list.Index(setting::kAutoStop) == 1);
-  Text2->setText(Text(list[setting::kRepeatSeconds]));
-  Text1->setText(Text(list[setting::kAutoStopMinutes]));
-}
-
-void MainWindow::FillColumnMenu(OptionGroup& group, int chosen_column) {
-  constexpr int kMostItems = 500;  // a menu of thousands cannot be used, and takes seconds to open
-  group.Clear();
-  const int last = std::min(document_.Grid1().Cols(), kMostItems + 2);
-  for (int col = 2; col < last; ++col) {
-    QString title = QString::fromStdString(std::string(document_.Grid1().TextMatrix(0, col)));
-    group.Add(title.replace(QLatin1Char('&'), QStringLiteral("&&")));
-  }
-  group.Check(chosen_column - 1);
-}
-
-void MainWindow::ShowDevices() {
-  ports_.look_for_devices();
-  for (int port = menus_.Port.First(); port <= menus_.Port.Last(); ++port) {
-    const std::string device = ports_.name_of_port(port);
-    const QString tip = device.empty() ? tr("Port %1: there is no device").arg(port)
-                                       : tr("Port %1: %2").arg(port).arg(Text(device));
-    menus_.Port.Item(port)->setToolTip(tip);
-    menus_.Port.Item(port)->setStatusTip(tip);
-  }
-}
-
-void MainWindow::ShowHeader() {
-  const auto show = [this](std::size_t index, const std::string& text) {
-    Label6[index]->setText(Text(text));
-    Label6[index]->setToolTip(PlainTip(Label6[index]->accessibleName() + QStringLiteral(": ") + Text(text)));
-  };
-  show(3, document_.Date());
-  show(4, document_.FileName());
-  show(6, document_.Remarks());
-}
+void MainWindow::CaptionsChanged() { Picture1->LayoutLabels(); }
 
 void MainWindow::DocumentReplaced() {
-  ShowHeader();
+  Refresh();
   for (GridView* grid : {Grid1, Grid2, Grid4}) grid->scrollToTop();
 }
 
@@ -321,7 +269,11 @@ void MainWindow::AskForRefresh() {
 void MainWindow::Refresh() {
   const int cost = Grid1->Sync() + Grid2->Sync() + Grid4->Sync();
   grid4_model_.ShowLatest();
-  ShowHeader();
+  if (std::exchange(fig_waits_, false)) {
+    Picture1->Fig();
+  } else {
+    Picture1->ShowReadings();
+  }
   if (std::exchange(line_waits_, false)) {
     Text3->setText(Text(last_line_));
     Text3->setCursorPosition(0);
@@ -335,8 +287,11 @@ void MainWindow::StateChanged() {
   const bool running = measurement_.Running();
   const bool stopping = measurement_.Stopping();
   Command1->setText(running ? QStringLiteral("Stop") : QStringLiteral("Start"));
+  // A button that is disabled loses the focus; whoever works by keyboard finds it where it was.
+  had_focus_ = had_focus_ || (stopping && Command1->hasFocus());
   Command1->setEnabled(!stopping);
-  Command2->setEnabled(running);
+  Command2->setEnabled(running && !stopping);
+  if (!stopping && std::exchange(had_focus_, false)) Command1->setFocus();
   menus_.mRS->setEnabled(!running);
   menuBar()->setEnabled(!stopping);
   if (running) return;
@@ -370,7 +325,9 @@ void MainWindow::Busy(bool busy) {
 }
 
 void MainWindow::AutoScalingOn() {
-  for (QCheckBox* box : auto_scaling_) box->setChecked(true);
+  for (const auto axis : {graph::Axis::Time, graph::Axis::Visco, graph::Axis::Temp})
+    graph_.SetAutoScaling(axis, true);
+  ShowScaling();
 }
 
 void MainWindow::ClearReceivedData() {

@@ -17,10 +17,13 @@
 #include <string>
 
 #include "app/document_commands.h"
+#include "app/graph_pane.h"
 #include "app/grid_view.h"
 #include "app/main_menus.h"
+#include "app/posi.h"
 #include "app/settings_file.h"
 #include "data/document.h"
+#include "graph/color_window.h"
 #include "link/error_window.h"
 #include "link/measurement.h"
 #include "platform/dialogs.h"
@@ -32,15 +35,16 @@ struct MainWindowPorts {
   link::MeasurementPorts measurement;
   platform::Dialogs& dialogs;
   std::string program_folder;
-  bool system_writes_comma = false;                    // one and a half is "1,5" to this system
-  std::function<void()> look_for_devices;              // before the Com Port menu tells them
-  std::function<std::string(int port)> name_of_port;   // the device behind a number; empty when there is none
+  bool system_writes_comma = false;                   // one and a half is "1,5" to this system
+  std::function<void()> look_for_devices;             // before the Com Port menu tells them
+  std::function<std::string(int port)> name_of_port;  // the device behind a number; empty when there is none
 };
 
-// The program's window: menus, the tables, the buttons and boxes of a measurement. It owns the document, the settings
-// and the measurement, and wires each control to the verb that answers it.
+// The program's window: menus, the tables, the buttons and boxes of a measurement. It owns the document, the
+// settings and the measurement, and wires each control to the verb that answers it.
 class MainWindow : public QMainWindow,
                    private link::MeasurementListener,
+                   private graph::GraphView,
                    private DocumentCommandsView,
                    private data::DocumentListener {
   Q_OBJECT
@@ -75,17 +79,38 @@ class MainWindow : public QMainWindow,
   void mOpen_Click();
   void mSave_Click();
   void mEnd_Click();
+  void Label5_DblClick(int Index);                                // range ends
+  void Label6_DblClick(int Index);                                // file name and remarks
+  void Label10_DblClick(int Index);                               // sample names
+  void Check2_Click();                                            // "Time"
+  void Check3_Click();                                            // "Viscosity"
+  void Check4_Click();                                            // "Temp"
+  void Option1_Click(int Index);                                  // "Selection"
+  void Option2_Click();                                           // "Standard" / "Fine"
   void Option_Click(int element, OptionGroup& group, int Index);  // every menu of one checked item
+  void LW_Click(int Index);
+  void MK_Click(int Index);
+  void TimeS_Click(int Index);
+  void mLog_Click(int Index);
   void DP_Click(int Index);
   void VDT_Click(int Index);
   void TDT_Click(int Index);
+  void mColor_Click();
   void mNum_Click();
   void mVisco_Click();
+
+  // Lets the operator change a text, and takes the new one over; nothing on "Cancel".
+  void Change(const std::string& caption, const std::string& text,
+              const std::function<void(const std::string&)>& take);
 
   // One command at a time: while one waits, for the instrument or for an answer, others are refused.
   void RunAlone(const std::function<void()>& command);
 
   MenuHandlers MenuAnswers();
+  std::string WindowFile() const { return ports_.program_folder + "/Window.txt"; }
+  std::string ColorFile() const { return ports_.program_folder + "/Color.txt"; }
+  void RestoreWindowState();
+  void KeepWindowState();
   void BuildWindow();
   QWidget* BuildControls();
   QWidget* BuildTables();
@@ -96,10 +121,15 @@ class MainWindow : public QMainWindow,
   void ShowSettings();
   void FillColumnMenu(OptionGroup& group, int chosen_column);
   void ShowDevices();
-  void ShowHeader();
+  void ShowScaling();
+  void ChangeColor();
   void AskForRefresh();
   void Refresh();
 
+  // graph::GraphView
+  void Fig() override;
+  void PlotRow(Row) override { AskForRefresh(); }
+  void CaptionsChanged() override;
   // link::MeasurementListener
   void StateChanged() override;
   void LineReceived(const std::string& line) override;
@@ -112,7 +142,6 @@ class MainWindow : public QMainWindow,
   void ClearReceivedData() override;
   // data::DocumentListener
   void ReadingAppended(Row) override { AskForRefresh(); }
-  void HeaderChanged() override { ShowHeader(); }
   void DocumentReplaced() override;
 
   MainWindowPorts ports_;
@@ -120,14 +149,18 @@ class MainWindow : public QMainWindow,
   data::Document document_;
   link::Measurement measurement_;
   DocumentCommands commands_;
+  graph::ColorSettings colors_;
+  graph::LiveGraph graph_;
   Grid1Model grid1_model_;
   Grid2Model grid2_model_;
   Grid4Model grid4_model_;
   MainMenus menus_;
   QTimer refresh_;
   std::string last_line_;
-  bool line_waits_ = false;  // last_line_ is not shown yet
-  bool busy_ = false;        // a command runs
+  bool line_waits_ = false;    // last_line_ is not shown yet
+  bool fig_waits_ = false;     // the graph is to be drawn anew
+  bool busy_ = false;          // a command runs
+  bool had_focus_ = false;     // the button, before Stop's wait took it away
   bool close_wanted_ = false;  // the window was closed meanwhile; it closes when the command is over
 
   QPushButton* Command1 = nullptr;
@@ -139,13 +172,17 @@ class MainWindow : public QMainWindow,
   QLineEdit* Text2 = nullptr;
   QLineEdit* Text3 = nullptr;
   std::array<QCheckBox*, 3> auto_scaling_{};  // Check2 "Time", Check3 "Viscosity", Check4 "Temp"
-  std::array<QLabel*, 7> Label6{};            // 3 date, 4 file name, 6 remarks; the others belong to the axes
-  QLabel* status_ = nullptr;  // stays while menus tell about their items beside it
+  std::array<QRadioButton*, 3> Option1{};     // the kinds of graph
+  std::array<QRadioButton*, 2> Option2{};     // "Standard", "Fine"
+  QLabel* status_ = nullptr;                  // stays while menus tell about their items beside it
   QTabWidget* tabs_ = nullptr;
   GridView* Grid1 = nullptr;
   GridView* Grid2 = nullptr;
   GridView* Grid4 = nullptr;
+  GraphPane* Picture1 = nullptr;
+  TableAndGraph* halves_ = nullptr;
   QPointer<link::ErrorWindow> Form5;
+  QPointer<graph::ColorWindow> Form6;
 };
 
 }  // namespace quenlor::app

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Where the main window's controls stand, and what they tell about themselves.
 
+#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QStatusBar>
@@ -24,13 +25,15 @@ Widget* Named(Widget* widget, const char* name, const QString& accessible, const
 
 void MainWindow::BuildWindow() {
   setObjectName(QStringLiteral("Form1"));
-  setWindowTitle(QString::fromStdString(Caption(ThisVersion())));
+  setWindowTitle(QString::fromStdString(WindowCaption(ThisVersion())));
   setAcceptDrops(true);
 
   auto* centre = new QWidget(this);
   auto* layout = new QVBoxLayout(centre);
   layout->addWidget(BuildControls());
-  layout->addWidget(BuildTables(), 1);
+  Picture1 = new GraphPane(document_, graph_, settings_.List(), colors_, centre);
+  halves_ = new TableAndGraph(BuildTables(), Picture1, centre);
+  layout->addWidget(halves_, 1);
   setCentralWidget(centre);
   status_ = new QLabel(this);
   status_->setObjectName(QStringLiteral("Status"));
@@ -39,13 +42,14 @@ void MainWindow::BuildWindow() {
   status_->setFocusPolicy(Qt::NoFocus);
   status_->setMinimumWidth(1);
   statusBar()->addWidget(status_, 1);
-  resize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42);
+  resize(1200, 760);
 }
 
 QWidget* MainWindow::BuildControls() {
   auto* controls = new QWidget(this);
-  Command1 = Named(new QPushButton(QStringLiteral("Start"), controls), "Command1", tr("Start or stop the measurement"),
-                   tr("Opens the port and begins a measurement, or ends it"));
+  Command1 =
+      Named(new QPushButton(QStringLiteral("Start"), controls), "Command1",
+            tr("Start or stop the measurement"), tr("Opens the port and begins a measurement, or ends it"));
   Command2 = Named(new QPushButton(QStringLiteral("Command"), controls), "Command2", tr("Send the command"),
                    tr("Sends the command to the instrument, while a measurement runs"));
   Combo1 = Named(new QComboBox(controls), "Combo1", tr("Command Data"),
@@ -56,6 +60,8 @@ QWidget* MainWindow::BuildControls() {
   auto* label = new QLabel(QStringLiteral("Command &Data"), controls);
   label->setBuddy(Combo1);
   Command2->setEnabled(false);
+  Combo1->setAcceptDrops(false);  // files dropped on the window are documents, wherever they fall
+  Combo1->lineEdit()->setAcceptDrops(false);
   Command1->setFocus();
 
   auto* command_row = new QHBoxLayout;
@@ -83,13 +89,15 @@ QGroupBox* MainWindow::BuildRepeatFrame() {
   frame->setObjectName(QStringLiteral("Frame3"));
   Check1 = Named(new QCheckBox(QStringLiteral("Re&peat"), frame), "Check1", QStringLiteral("Repeat"),
                  tr("Sends the command again and again while a measurement runs"));
-  Text2 = Named(new QLineEdit(frame), "Text2", tr("Repeat interval in seconds"), tr("Seconds between two requests"));
+  Text2 = Named(new QLineEdit(frame), "Text2", tr("Repeat interval in seconds"),
+                tr("Seconds between two requests"));
   Check5 = Named(new QCheckBox(QStringLiteral("&Auto Stop"), frame), "Check5", QStringLiteral("Auto Stop"),
                  tr("Ends the measurement after the set time; works together with Repeat"));
   Text1 = Named(new QLineEdit(frame), "Text1", tr("Auto stop after minutes"),
                 tr("Minutes from the first reading of a run to its end"));
   auto* layout = new QGridLayout(frame);
   const auto row = [&](int at, QCheckBox* box, QLineEdit* text, const QString& unit) {
+    text->setAcceptDrops(false);
     text->setMaximumWidth(fontMetrics().averageCharWidth() * 9);
     layout->addWidget(box, at, 0);
     layout->addWidget(text, at, 1);
@@ -111,7 +119,17 @@ QGroupBox* MainWindow::BuildAutoScalingFrame() {
                              tr("The range of this axis follows the data"));
     layout->addWidget(auto_scaling_[i], static_cast<int>(i % 2), static_cast<int>(i / 2));
   }
-  frame->setEnabled(false);  // there are no axes yet
+  const std::array fineness = {QStringLiteral("Standard"), QStringLiteral("Fine")};
+  auto* group = new QButtonGroup(frame);
+  for (std::size_t i = 0; i < Option2.size(); ++i) {
+    Option2[i] = new QRadioButton(fineness[i], frame);
+    Option2[i]->setObjectName(QStringLiteral("Option2[%1]").arg(i));
+    Option2[i]->setToolTip(i == 0 ? tr("The viscosity axis starts at zero where it can")
+                                  : tr("The viscosity axis shows what the data span"));
+    group->addButton(Option2[i]);
+    layout->addWidget(Option2[i], static_cast<int>(i), 2);
+  }
+  Option2[1]->setChecked(true);
   return frame;
 }
 
@@ -122,13 +140,12 @@ QGroupBox* MainWindow::BuildSelectionFrame() {
   const std::array captions = {QStringLiteral("Visco / Time"), QStringLiteral("Visco / Time , Temp / Time"),
                                QStringLiteral("Visco / Temp")};
   for (std::size_t i = 0; i < captions.size(); ++i) {
-    auto* option = new QRadioButton(captions[i], frame);
-    option->setObjectName(QStringLiteral("Option1[%1]").arg(i));
-    option->setToolTip(tr("Which graphs are drawn"));
-    option->setChecked(i == 0);
-    layout->addWidget(option);
+    Option1[i] = new QRadioButton(captions[i], frame);
+    Option1[i]->setObjectName(QStringLiteral("Option1[%1]").arg(i));
+    Option1[i]->setToolTip(tr("Which graphs are drawn"));
+    Option1[i]->setChecked(i == 0);
+    layout->addWidget(Option1[i]);
   }
-  frame->setEnabled(false);  // there is no graph yet
   return frame;
 }
 
@@ -136,32 +153,20 @@ QWidget* MainWindow::BuildTables() {
   auto* pane = new QWidget(this);
   Text3 = Named(new QLineEdit(pane), "Text3", tr("Received Data"), QString());
   Text3->setReadOnly(true);
+  Text3->setAcceptDrops(false);
   auto* received = new QLabel(tr("Recei&ved Data"), pane);
   received->setBuddy(Text3);
   auto* received_row = new QHBoxLayout;
   received_row->addWidget(received);
   received_row->addWidget(Text3, 1);
 
-  auto* header = new QHBoxLayout;
-  const auto caption = [&](int index, const QString& name, int stretch) {
-    auto* label = new QLabel(pane);
-    label->setObjectName(QStringLiteral("Label6[%1]").arg(index));
-    label->setAccessibleName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setMinimumWidth(1);
-    Label6[static_cast<std::size_t>(index)] = label;
-    header->addWidget(label, stretch);
-  };
-  caption(4, tr("File name"), 2);
-  caption(3, tr("Date of the measurement"), 1);
-  caption(6, tr("Remarks"), 3);
-
   tabs_ = new QTabWidget(pane);
   tabs_->setObjectName(QStringLiteral("Tables"));
   Grid1 = new GridView(&grid1_model_, QStringLiteral("Grid1"), tr("Measurement table"), tabs_);
   Grid2 = new GridView(&grid2_model_, QStringLiteral("Grid2"), tr("Display table"), tabs_);
   Grid4 = new GridView(&grid4_model_, QStringLiteral("Grid4"), tr("Run information table"), tabs_);
-  Grid1->setToolTip(tr("Every reading. Del deletes whole rows; a double click edits while no measurement runs"));
+  Grid1->setToolTip(
+      tr("Every reading. Del deletes whole rows; a double click edits while no measurement runs"));
   tabs_->addTab(Grid1, tr("&Measurement"));
   tabs_->addTab(Grid2, tr("Displa&y"));
   tabs_->addTab(Grid4, tr("R&uns"));
@@ -169,7 +174,6 @@ QWidget* MainWindow::BuildTables() {
   auto* layout = new QVBoxLayout(pane);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addLayout(received_row);
-  layout->addLayout(header);
   layout->addWidget(tabs_, 1);
   return pane;
 }

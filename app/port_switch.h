@@ -9,11 +9,12 @@
 
 namespace quenlor::app {
 
-// One serial port to its user, several behind it: a number that has a port of its own is served by that one, every
-// other number by the system's.
+// One serial port to its user, several behind it: a number that has a port of its own is served by that one,
+// every other number by the system's.
 class PortSwitch : public platform::SerialPort {
  public:
-  explicit PortSwitch(platform::SerialPort& system_port) : system_port_(system_port), current_(&system_port) {}
+  explicit PortSwitch(platform::SerialPort& system_port)
+      : system_port_(system_port), current_(&system_port) {}
 
   void Add(int comm_port, std::unique_ptr<platform::SerialPort> port) {
     port->OnComm(handler_);

@@ -14,10 +14,13 @@ class PortsFile {
  public:
   PortsFile(platform::FileSystem& files, platform::SerialDevices& devices, const std::string& program_folder,
             link::PortDirectory directory)
-      : files_(files), devices_(devices), path_(program_folder + "/Ports.txt"), directory_(std::move(directory)) {}
+      : files_(files),
+        devices_(devices),
+        path_(program_folder + "/Ports.txt"),
+        directory_(std::move(directory)) {}
 
-  // Reads the file anew, gives each serial device that is seen and has no number yet the lowest free one, and keeps
-  // that in the file.
+  // Reads the file anew, gives each serial device that is seen and has no number yet the lowest free one, and
+  // keeps that in the file.
   void LookForDevices();
 
   std::string Device(int port) const { return directory_.Device(port); }

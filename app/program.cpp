@@ -35,16 +35,19 @@ struct Program::Parts {
         system_port([this](int port) { return ports.Device(port); }),
         MSComm1(system_port),
         dialogs([this]() -> QWidget* { return window.get(); }) {
-    for (const int number : line.virtual_ports) MSComm1.Add(number, std::make_unique<VirtualPort>(viscometer));
-    window = std::make_unique<MainWindow>(MainWindowPorts{
-        .measurement = {MSComm1, clock, Timer1, Timer2, loop, files},
-        .dialogs = dialogs,
-        .program_folder = folder,
-        .system_writes_comma = SystemWritesComma(),
-        .look_for_devices = [this] { ports.LookForDevices(); },
-        .name_of_port = [this](int port) {
-          return MSComm1.HasOwn(port) ? QObject::tr("virtual viscometer").toStdString() : ports.Device(port);
-        }});
+    for (const int number : line.virtual_ports)
+      MSComm1.Add(number, std::make_unique<VirtualPort>(viscometer));
+    window = std::make_unique<MainWindow>(
+        MainWindowPorts{.measurement = {MSComm1, clock, Timer1, Timer2, loop, files},
+                        .dialogs = dialogs,
+                        .program_folder = folder,
+                        .system_writes_comma = SystemWritesComma(),
+                        .look_for_devices = [this] { ports.LookForDevices(); },
+                        .name_of_port =
+                            [this](int port) {
+                              return MSComm1.HasOwn(port) ? QObject::tr("virtual viscometer").toStdString()
+                                                          : ports.Device(port);
+                            }});
   }
 
   platform::qt::QtFileSystem files;

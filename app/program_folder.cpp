@@ -10,7 +10,9 @@ namespace quenlor::app {
 namespace {
 
 // Permission bits do not tell everything (a read-only file system, another user's folder), so it is tried.
-bool CanBeWritten(const QString& folder) { return QTemporaryFile(folder + QStringLiteral("/.quenlor")).open(); }
+bool CanBeWritten(const QString& folder) {
+  return QTemporaryFile(folder + QStringLiteral("/.quenlor")).open();
+}
 
 bool SameFolder(const QString& one, const QString& other) {
   return QDir(one).canonicalPath() == QDir(other).canonicalPath() && !QDir(one).canonicalPath().isEmpty();
@@ -18,17 +20,19 @@ bool SameFolder(const QString& one, const QString& other) {
 
 }  // namespace
 
-QString ProgramFolder(const QString& chosen, const QString& executable_folder, const QString& installed_folder,
-                      const QString& user_folder) {
+QString ProgramFolder(const QString& chosen, const QString& executable_folder,
+                      const QString& installed_folder, const QString& user_folder) {
   QString folder = executable_folder;
-  if (SameFolder(executable_folder, installed_folder) || !CanBeWritten(executable_folder)) folder = user_folder;
+  if (SameFolder(executable_folder, installed_folder) || !CanBeWritten(executable_folder))
+    folder = user_folder;
   if (!chosen.isEmpty()) folder = QDir(chosen).absolutePath();
   QDir().mkpath(folder);
   return folder;
 }
 
 QString ProgramFolder(const QString& chosen) {
-  return ProgramFolder(chosen, QCoreApplication::applicationDirPath(), QStringLiteral(QUENLOR_INSTALLED_FOLDER),
+  return ProgramFolder(chosen, QCoreApplication::applicationDirPath(),
+                       QStringLiteral(QUENLOR_INSTALLED_FOLDER),
                        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
 }
 

@@ -5,7 +5,7 @@ namespace quenlor::app {
 
 Version ThisVersion() { return {QUENLOR_VERSION_MAJOR, QUENLOR_VERSION_MINOR, QUENLOR_VERSION_REVISION, ""}; }
 
-std::string Caption(const Version& version) {
+std::string WindowCaption(const Version& version) {
   return "Quenlor Ver." + version.major + "." + version.minor + version.revision + version.comment;
 }
 

@@ -16,6 +16,6 @@ struct Version {
 Version ThisVersion();
 
 // The window's caption: "Quenlor Ver.1.02" is version 1.0 with revision 2.
-std::string Caption(const Version& version);
+std::string WindowCaption(const Version& version);
 
 }  // namespace quenlor::app

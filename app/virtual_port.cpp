@@ -20,7 +20,8 @@ VirtualPort::VirtualPort(const instrument::ViscometerOptions& options) : viscome
 std::optional<OpenFailure> VirtualPort::Open(int comm_port, std::string_view settings) {
   Close();
   comm_port_ = comm_port;
-  if (!ParseLineSettings(settings)) return OpenFailure{"virtual viscometer", "the line settings are not valid", ""};
+  if (!ParseLineSettings(settings))
+    return OpenFailure{"virtual viscometer", "the line settings are not valid", ""};
   if (viscometer_.HungUp()) return OpenFailure{"virtual viscometer", "it has hung up", ""};
   ForgetUnheard();
   received_.clear();
@@ -33,7 +34,8 @@ std::optional<OpenFailure> VirtualPort::Open(int comm_port, std::string_view set
 void VirtualPort::ForgetUnheard() {
   constexpr int kMostPieces = 1000;
   const double now = Now();
-  for (int i = 0; i < kMostPieces && viscometer_.NextDue().value_or(now + 1) <= now; ++i) viscometer_.Emit(now);
+  for (int i = 0; i < kMostPieces && viscometer_.NextDue().value_or(now + 1) <= now; ++i)
+    viscometer_.Emit(now);
 }
 
 void VirtualPort::Close() {
@@ -52,7 +54,8 @@ void VirtualPort::ScheduleTurn() {
   if (viscometer_.HungUp()) return timer_.start(0);
   const auto due = viscometer_.NextDue();
   if (!due) return timer_.stop();
-  constexpr double kLongestWaitSeconds = 3600;  // within a timer's range; a later turn finds nothing and waits on
+  constexpr double kLongestWaitSeconds =
+      3600;  // within a timer's range; a later turn finds nothing and waits on
   const double wait = std::clamp(*due - Now(), 0.0, kLongestWaitSeconds);
   timer_.start(static_cast<int>(std::ceil(wait * 1000)));
 }

@@ -12,8 +12,8 @@ namespace quenlor::app {
 
 // A serial port with the virtual viscometer at its other end, on any system and without a device.
 //
-// The instrument lives as long as the port object, as a real one stays on the bench while ports open and close;
-// what it says to a closed port is lost.
+// The instrument lives as long as the port object, as a real one stays on the bench while ports open and
+// close; what it says to a closed port is lost.
 class VirtualPort : public platform::SerialPort {
  public:
   explicit VirtualPort(const instrument::ViscometerOptions& options);

@@ -8,8 +8,10 @@
 namespace quenlor::data {
 
 ChangeDialog::ChangeDialog(const std::string& caption, const std::string& text, QWidget* parent)
-    : QDialog(parent), Text1(new QLineEdit(QString::fromStdString(text), this)),
-      Command1(new QPushButton(tr("&Enter"), this)), Command2(new QPushButton(tr("&Cancel"), this)) {
+    : QDialog(parent),
+      Text1(new QLineEdit(QString::fromStdString(text), this)),
+      Command1(new QPushButton(tr("&Enter"), this)),
+      Command2(new QPushButton(tr("&Cancel"), this)) {
   setObjectName(QStringLiteral("Form2"));
   setWindowTitle(QString::fromStdString(caption));
   Text1->setObjectName(QStringLiteral("Text1"));

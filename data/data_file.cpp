@@ -14,8 +14,8 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::size_t kKeyLength = 4;
-// As many columns as there can be, with long numbers in them, stay well below. A longer line is noise; whole, it
-// would make every look at one of its cells a walk through all of it.
+// As many columns as there can be, with long numbers in them, stay well below. A longer line is noise; whole,
+// it would make every look at one of its cells a walk through all of it.
 constexpr std::ptrdiff_t kLongestReading = 1 << 20;
 
 bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
@@ -54,6 +54,7 @@ class Reader {
         at = ReadReading(at);
       }
     }
+    if (contents_.separator == ';' && block.find(',') != std::string::npos) contents_.holds_commas = true;
     contents_.table.AdoptRows(std::move(block), std::move(starts));
   }
 
@@ -119,7 +120,8 @@ class Reader {
       ReadTitles(line);
       return true;
     }
-    const bool keyed = key == "Date"sv || key == "Memo"sv || key == "Info"sv || key == "Axis"sv || key == "Temp"sv;
+    const bool keyed =
+        key == "Date"sv || key == "Memo"sv || key == "Info"sv || key == "Axis"sv || key == "Temp"sv;
     if (!separator_known_) GuessSeparator(keyed ? line.substr(kKeyLength, 1) : line);
     if (!keyed) return false;
 
@@ -137,7 +139,8 @@ class Reader {
     if (semicolon || text.find(',') != text.npos) SetSeparator(semicolon ? ';' : ',');
   }
 
-  // The key and one character behind it are no content; in noise that character may be longer than a separator.
+  // The key and one character behind it are no content; in noise that character may be longer than a
+  // separator.
   static std::string_view WithoutKey(std::string_view line) {
     line.remove_prefix(std::min(kKeyLength + 1, line.size()));
     while (!line.empty() && (line.front() & 0xC0) == 0x80) line.remove_prefix(1);
@@ -167,7 +170,8 @@ class Reader {
   void ReadInfo(std::string_view rest) {
     int col = 0;
     for (const std::string& field : SplitFields(rest, contents_.separator)) {
-      if (col == 0) RaiseRunCount(RunNumber(std::string_view(field).substr(std::min<std::size_t>(3, field.size()))));
+      if (col == 0)
+        RaiseRunCount(RunNumber(std::string_view(field).substr(std::min<std::size_t>(3, field.size()))));
       contents_.runs.SetTextMatrix(info_row_, col++, field);
     }
     ++info_row_;
@@ -185,7 +189,8 @@ class Reader {
 DataFileContents ParseDataFile(std::string bytes) {
   bytes = ToUtf8(std::move(bytes));
   Reader reader;
-  // A last line without an end gets one in a block of its own, so that the large one is not copied for a byte.
+  // A last line without an end gets one in a block of its own, so that the large one is not copied for a
+  // byte.
   const std::size_t last_end = bytes.find_last_of("\r\n");
   const std::size_t whole = last_end == std::string::npos ? 0 : last_end + 1;
   std::string last_line = bytes.substr(whole);
@@ -208,7 +213,8 @@ std::vector<std::string> SplitFields(std::string_view line, char separator) {
 }
 
 std::string NewTemplate(bool visco_view, int field_count) {
-  std::string line = visco_view ? "No.,Time,Viscosity,Unit1,Temp,Unit2" : "No.,Time,Data 1,Data 2,Data 3,Data 4";
+  std::string line =
+      visco_view ? "No.,Time,Viscosity,Unit1,Temp,Unit2" : "No.,Time,Data 1,Data 2,Data 3,Data 4";
   const int columns = std::min(field_count, MeasurementTable::kMaxCols);
   for (int k = 6; k < columns; ++k) line += ",Data" + std::to_string(k - 1);
   return line + "\r\n";

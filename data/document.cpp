@@ -6,6 +6,7 @@
 #include <limits>
 #include <utility>
 
+#include "data/header_values.h"
 #include "data/text_number.h"
 
 namespace quenlor::data {
@@ -24,7 +25,8 @@ void Assign(double& limit, std::optional<double> number) {
 
 void Assign(std::int16_t& exponent, std::optional<double> number) {
   using Limits = std::numeric_limits<std::int16_t>;
-  if (number && *number >= Limits::min() && *number <= Limits::max()) exponent = static_cast<std::int16_t>(*number);
+  if (number && *number >= Limits::min() && *number <= Limits::max())
+    exponent = static_cast<std::int16_t>(*number);
 }
 
 }  // namespace
@@ -39,7 +41,8 @@ bool Document::AppendReading(std::span<const std::string_view> fields, const Mom
   }
 
   const double elapsed = now.seconds - StartTime_;
-  const std::string time = settings_.Index(setting::kTimeS) == 0 ? TenthsText(elapsed) : SecondsToTime(elapsed);
+  const std::string time =
+      settings_.Index(setting::kTimeS) == 0 ? TenthsText(elapsed) : SecondsToTime(elapsed);
   runs_.SetTextMatrix(RunCount_, 2, time);
   runs_.SetTextMatrix(RunCount_, 3, DateText(now.local_second));
   runs_.SetTextMatrix(RunCount_, 4, TimeText(now.local_second));
@@ -47,6 +50,7 @@ bool Document::AppendReading(std::span<const std::string_view> fields, const Mom
   const std::string run = std::to_string(RunCount_);
   std::vector<std::string_view> cells{run, time};
   cells.insert(cells.end(), fields.begin(), fields.end());
+  for (const std::string_view field : fields) NoteCommas(field);
   const int cols = table_.Cols();
   table_.AppendRow(cells);
   const Row row = table_.EntryRow() - 1;
@@ -77,28 +81,38 @@ void Document::RemoveRows(Row row, Row row_sel) {
 }
 
 void Document::SetCell(Row row, int col, std::string_view text) {
-  table_.SetTextMatrix(row, col, text);
+  NoteCommas(text);
+  table_.SetTextMatrix(row, col, OneLine(text));
   Tell(&DocumentListener::CellChanged, row, col);
 }
 
 void Document::SetTitle(int col, std::string_view text) {
-  table_.SetTextMatrix(0, col, text);
+  NoteCommas(text);
+  table_.SetTextMatrix(0, col, OneLine(text));
   Tell(&DocumentListener::ColumnsChanged);
 }
 
 void Document::SetSampleName(int run, std::string_view name) {
   if (run < 1 || run >= runs_.Rows()) return;
-  runs_.SetTextMatrix(run, 1, name);
+  NoteCommas(name);
+  runs_.SetTextMatrix(run, 1, OneLine(name));
   Tell(&DocumentListener::RunsChanged);
 }
 
+// Fields are not quoted in any file, so "," cannot divide those that hold one.
+void Document::NoteCommas(std::string_view text) {
+  if (text.find(',') == std::string_view::npos) return;
+  holds_commas_ = true;
+  FieldSeparator_ = ';';
+}
+
 void Document::SetFileName(std::string_view name) {
-  file_name_ = name;
+  file_name_ = OneLine(name);
   Tell(&DocumentListener::HeaderChanged);
 }
 
 void Document::SetRemarks(std::string_view remarks) {
-  remarks_ = remarks;
+  remarks_ = OneLine(remarks);
   Tell(&DocumentListener::HeaderChanged);
 }
 
@@ -146,7 +160,8 @@ void Document::Load(DataFileContents contents, std::string_view file_name, std::
   MultiRun_ = RunCount_ >= 2;
   DataChanged_ = false;
   StartTime_ = 0;
-  FieldSeparator_ = settings_.DecimalComma() ? ';' : contents.separator;
+  holds_commas_ = contents.holds_commas;
+  SetFieldSeparator(settings_.DecimalComma() ? ';' : contents.separator);
   file_name_ = file_name;
   date_ = contents.date.value_or(std::string(file_date));
   remarks_ = contents.remarks.value_or(std::string(kEmptyRemarks));
@@ -156,12 +171,20 @@ void Document::Load(DataFileContents contents, std::string_view file_name, std::
 }
 
 std::string Document::AxisLine() const {
-  const std::string fields[] = {
-      std::to_string(ViscoColumn_),        std::to_string(TempColumn_),      GeneralText(ranges_.TimeMin),
-      GeneralText(ranges_.TimeMax),        GeneralText(ranges_.ViscoMin),    GeneralText(ranges_.ViscoMax),
-      GeneralText(ranges_.TempMin),        GeneralText(ranges_.TempMax),     std::to_string(ranges_.ViscoLogMin),
-      std::to_string(ranges_.ViscoLogMax), settings_[setting::kTimeS],       settings_[setting::kLog],
-      settings_[setting::kLW],             settings_[setting::kMK]};
+  const std::string fields[] = {std::to_string(ViscoColumn_),
+                                std::to_string(TempColumn_),
+                                GeneralText(ranges_.TimeMin),
+                                GeneralText(ranges_.TimeMax),
+                                GeneralText(ranges_.ViscoMin),
+                                GeneralText(ranges_.ViscoMax),
+                                GeneralText(ranges_.TempMin),
+                                GeneralText(ranges_.TempMax),
+                                std::to_string(ranges_.ViscoLogMin),
+                                std::to_string(ranges_.ViscoLogMax),
+                                settings_[setting::kTimeS],
+                                settings_[setting::kLog],
+                                settings_[setting::kLW],
+                                settings_[setting::kMK]};
   std::string line = "Axis";
   for (const std::string& field : fields) line += FieldSeparator_ + field;
   return line;
@@ -216,8 +239,10 @@ void ApplyAxisSettings(const std::vector<std::string>& axis_fields, SettingsList
     int lowest;
     int highest;
   };
-  constexpr Field kFields[] = {
-      {11, setting::kTimeS, 0, 2}, {12, setting::kLog, 0, 1}, {13, setting::kLW, 1, 2}, {14, setting::kMK, 0, 4}};
+  constexpr Field kFields[] = {{11, setting::kTimeS, 0, 2},
+                               {12, setting::kLog, 0, 1},
+                               {13, setting::kLW, 1, 2},
+                               {14, setting::kMK, 0, 4}};
   for (const Field& field : kFields) {
     const auto item = AxisNumber(axis_fields, field.number);
     if (!item || *item < field.lowest || *item > field.highest || *item != std::floor(*item)) continue;

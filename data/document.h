@@ -23,12 +23,14 @@ class DocumentListener {
   using Row = MeasurementTable::Row;
   virtual ~DocumentListener() = default;
   virtual void ReadingAppended(Row /*row*/) {}
-  virtual void RowsAboutToBeRemoved(Row /*first*/, Row /*last*/) {}  // the one call that comes before its change
+  virtual void RowsAboutToBeRemoved(Row /*first*/, Row /*last*/) {
+  }  // the one call that comes before its change
   virtual void RowsRemoved(Row /*first*/, Row /*last*/) {}
   virtual void CellChanged(Row /*row*/, int /*col*/) {}
-  virtual void ColumnsChanged() {}  // a column or title more or other, or another column shown as viscosity or temp
-  virtual void RunsChanged() {}     // the run information table
-  virtual void HeaderChanged() {}   // a caption
+  virtual void ColumnsChanged() {
+  }  // a column or title more or other, or another column shown as viscosity or temp
+  virtual void RunsChanged() {}    // the run information table
+  virtual void HeaderChanged() {}  // a caption
   virtual void DocumentReplaced() {}
 };
 
@@ -64,9 +66,9 @@ class Document {
   // The next reading begins a new run.
   void BeginMeasurement() { StartTime_ = 0; }
 
-  // Appends one reading with its fields in column order, stamped with `now`; the first one since BeginMeasurement
-  // starts a run. `filled` is called with the new row before listeners hear of it: the raw log writes it there.
-  // False, and nothing changed, when the run numbers are used up.
+  // Appends one reading with its fields in column order, stamped with `now`; the first one since
+  // BeginMeasurement starts a run. `filled` is called with the new row before listeners hear of it: the raw
+  // log writes it there. False, and nothing changed, when the run numbers are used up.
   bool AppendReading(std::span<const std::string_view> fields, const Moment& now,
                      const std::function<void(Row)>& filled = {});
 
@@ -81,10 +83,11 @@ class Document {
   void SetViscoColumn(int col);
   void SetTempColumn(int col);
   void SetRanges(const AxisRanges& ranges) { ranges_ = ranges; }
-  void SetFieldSeparator(char separator) { FieldSeparator_ = separator; }
+  // "," is refused to a document that holds decimal commas, or any others: its separator stays ";".
+  void SetFieldSeparator(char separator) { FieldSeparator_ = holds_commas_ ? ';' : separator; }
 
-  // The contents of a file become the document: nothing unsaved, no run begun. `file_date` stands as the date where
-  // the file has none of its own.
+  // The contents of a file become the document: nothing unsaved, no run begun. `file_date` stands as the date
+  // where the file has none of its own.
   void Load(DataFileContents contents, std::string_view file_name, std::string_view file_date);
 
   // Hands the document as a data file to `write`, in large pieces.
@@ -99,6 +102,7 @@ class Document {
     for (DocumentListener* listener : std::vector(listeners_)) (listener->*what)(arguments...);
   }
   void StartRun();
+  void NoteCommas(std::string_view text);
   void ChooseColumns();
   void ReadAxisFields(const std::vector<std::string>& fields);
   std::string AxisLine() const;
@@ -113,6 +117,7 @@ class Document {
   std::int16_t TempColumn_ = 3;
   bool MultiRun_ = false;
   bool DataChanged_ = false;
+  bool holds_commas_ = false;  // some cell, title or name has a "," in it
   char FieldSeparator_ = ',';
   double StartTime_ = 0;
   std::string file_name_ = "File Name";
@@ -121,8 +126,8 @@ class Document {
   std::vector<std::string> List2_;
 };
 
-// The settings that an Axis line's fields 11 to 14 carry: time scale, visco axis, line and marker. Fields that are
-// missing or name no menu item leave their setting alone.
+// The settings that an Axis line's fields 11 to 14 carry: time scale, visco axis, line and marker. Fields
+// that are missing or name no menu item leave their setting alone.
 void ApplyAxisSettings(const std::vector<std::string>& axis_fields, SettingsList& settings);
 
 }  // namespace quenlor::data

@@ -7,7 +7,8 @@
 
 namespace quenlor::data {
 
-EditChoice ChooseEdit(const Document& document, Document::Row row, Document::Row row_sel, int col, int col_sel) {
+EditChoice ChooseEdit(const Document& document, Document::Row row, Document::Row row_sel, int col,
+                      int col_sel) {
   using Mode = EditChoice::Mode;
   const MeasurementTable& table = document.Grid1();
   if (row < 1 || col < 0) return {};
@@ -29,7 +30,8 @@ void ApplyEdit(const EditChoice& choice, const std::string& text, Document& docu
   if (choice.mode == Mode::kSampleName) document.SetSampleName(choice.run, text);
 }
 
-bool MayDelete(const MeasurementTable& table, Document::Row row, Document::Row row_sel, int col, int col_sel) {
+bool MayDelete(const MeasurementTable& table, Document::Row row, Document::Row row_sel, int col,
+               int col_sel) {
   return row >= 1 && row_sel >= 1 && std::max(row, row_sel) < table.EntryRow() && col == 1 &&
          col_sel == table.Cols() - 1;
 }

@@ -15,12 +15,14 @@ struct EditChoice {
   std::string text;     // what stands there now
   Document::Row row = 0;
   int col = 0;
-  int run = 0;          // for a sample name
+  int run = 0;  // for a sample name
 };
 
-// From the selection (Row, Col) to (RowSel, ColSel): one cell is edited as "Data", several cells of a row mean the
-// run's name, anything else, or a table without readings, the title of column Col. The entry row is not edited.
-EditChoice ChooseEdit(const Document& document, Document::Row row, Document::Row row_sel, int col, int col_sel);
+// From the selection (Row, Col) to (RowSel, ColSel): one cell is edited as "Data", several cells of a row
+// mean the run's name, anything else, or a table without readings, the title of column Col. The entry row is
+// not edited.
+EditChoice ChooseEdit(const Document& document, Document::Row row, Document::Row row_sel, int col,
+                      int col_sel);
 
 // Puts the edited text in its place.
 void ApplyEdit(const EditChoice& choice, const std::string& text, Document& document);

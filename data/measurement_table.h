@@ -12,13 +12,13 @@ namespace quenlor::data {
 
 // The measurement table: one row of text cells per reading, the store of record of a document.
 //
-// Row 0 holds the titles, rows 1 to Rows() - 2 the readings, and the last row is the always empty entry row into
-// which the next reading goes. Column 0 is the run number, column 1 the elapsed time, the rest are data columns.
-// Texts are UTF-8 without line ends. A cell outside the table reads as empty.
+// Row 0 holds the titles, rows 1 to Rows() - 2 the readings, and the last row is the always empty entry row
+// into which the next reading goes. Column 0 is the run number, column 1 the elapsed time, the rest are data
+// columns. Texts are UTF-8 without line ends. A cell outside the table reads as empty.
 //
-// A row is one run of bytes in a block, its cells divided by the byte FF and ended by FE, two bytes that UTF-8 never
-// uses; an index holds where each row starts. Appending is O(1), a block is never moved, and a file that was read
-// becomes a block as it is.
+// A row is one run of bytes in a block, its cells divided by the byte FF and ended by FE, two bytes that
+// UTF-8 never uses; an index holds where each row starts. Appending is O(1), a block is never moved, and a
+// file that was read becomes a block as it is.
 class MeasurementTable {
  public:
   using Row = std::int64_t;
@@ -42,7 +42,8 @@ class MeasurementTable {
   // Replaces one title or one cell of a reading; the entry row and cells outside the table are left alone.
   void SetTextMatrix(Row row, int col, std::string_view text);
 
-  // One more data column, titled "Data" and its number ("Data5" is column 6). False at the last possible column.
+  // One more data column, titled "Data" and its number ("Data5" is column 6). False at the last possible
+  // column.
   bool AddDataColumn();
 
   // Makes the entry row a reading. Cells beyond the columns add columns.

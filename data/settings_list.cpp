@@ -11,7 +11,8 @@ namespace quenlor::data {
 SettingsList::SettingsList() { SetDefaults(false); }
 
 void SettingsList::SetDefaults(bool decimal_comma) {
-  elements_ = {"16", "6", "1", "2", "0", "0", "0", "0", "0", "5", "2", "1", "0", "1", "1", "0", "0", "0", "0"};
+  elements_ = {"16", "6", "1", "2", "0", "0", "0", "0", "0", "5",
+               "2",  "1", "0", "1", "1", "0", "0", "0", "0"};
   if (decimal_comma) Set(setting::kDP, "1");
 }
 
@@ -35,7 +36,8 @@ int SettingsList::Index(int element) const {
   const std::string& text = (*this)[element];
   int index = -1;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), index);
-  const bool whole = error == std::errc() && end == text.data() + text.size() && text.size() <= 5 && index >= 0;
+  const bool whole =
+      error == std::errc() && end == text.data() + text.size() && text.size() <= 5 && index >= 0;
   return whole ? index : -1;
 }
 

@@ -10,8 +10,8 @@ namespace quenlor::data {
 
 // What each element of the settings list means. Menu elements hold the index of the checked item.
 namespace setting {
-inline constexpr int kPortCount = 0;      // items of the Com Port menu
-inline constexpr int kFieldCount = 1;     // columns of a new document's header template
+inline constexpr int kPortCount = 0;   // items of the Com Port menu
+inline constexpr int kFieldCount = 1;  // columns of a new document's header template
 inline constexpr int kPort = 2;
 inline constexpr int kBPS = 3;
 inline constexpr int kParity = 4;
@@ -21,13 +21,13 @@ inline constexpr int kTerm = 7;
 inline constexpr int kNum = 8;            // "Number": numeric field extraction
 inline constexpr int kRepeatSeconds = 9;  // Text2
 inline constexpr int kLW = 10;
-inline constexpr int kVisco = 11;         // "Visco": start word and "STOP"
+inline constexpr int kVisco = 11;  // "Visco": start word and "STOP"
 inline constexpr int kLog = 12;
-inline constexpr int kRepeat = 13;        // Check1
+inline constexpr int kRepeat = 13;  // Check1
 inline constexpr int kTimeS = 14;
 inline constexpr int kDP = 15;
 inline constexpr int kMK = 16;
-inline constexpr int kAutoStop = 17;      // Check5
+inline constexpr int kAutoStop = 17;         // Check5
 inline constexpr int kAutoStopMinutes = 18;  // Text1
 inline constexpr int kElements = 19;
 }  // namespace setting
@@ -50,7 +50,8 @@ class SettingsList {
   void Set(int element, std::string text) { elements_[static_cast<std::size_t>(element)] = std::move(text); }
   void Set(int element, int number) { Set(element, std::to_string(number)); }
 
-  // The element as an item index or a check box value; -1 for a text that is no whole number of at most five digits.
+  // The element as an item index or a check box value; -1 for a text that is no whole number of at most five
+  // digits.
   int Index(int element) const;
   // A non-zero number or the word "True".
   bool IsOn(int element) const;

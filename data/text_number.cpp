@@ -29,8 +29,10 @@ DecimalNumber FindNumber(std::string_view text) {
   std::size_t at = text.find_first_not_of(" \t");
   if (at == std::string_view::npos) return found;
   found.begin = at;
-  if (text[at] == '+') found.begin = ++at;
-  else if (text[at] == '-') ++at;
+  if (text[at] == '+')
+    found.begin = ++at;
+  else if (text[at] == '-')
+    ++at;
 
   const std::size_t whole = at;
   at = SkipDigits(text, at);
@@ -53,8 +55,8 @@ DecimalNumber FindNumber(std::string_view text) {
   return found;
 }
 
-// std::from_chars leaves the value alone when it cannot be held; which way it missed shows in the power of ten of
-// the first digit that is not zero.
+// std::from_chars leaves the value alone when it cannot be held; which way it missed shows in the power of
+// ten of the first digit that is not zero.
 double OutOfRange(std::string_view number) {
   const bool negative = number.front() == '-';
   const std::size_t digits_end = std::min(number.find_first_of("eE"), number.size());
@@ -97,7 +99,8 @@ double C_Val(std::string_view text) { return LeadingNumber(text).value_or(0.0); 
 std::string GeneralText(double value) {
   if (value == 0) return "0";  // also for the negative zero
   char buffer[40];
-  const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 15);
+  const auto [end, error] =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 15);
   std::string text(buffer, end);
   std::replace(text.begin(), text.end(), 'e', 'E');
   return text;
@@ -109,7 +112,8 @@ std::string TenthsText(double value) {
   const double bounded = std::isfinite(value) ? std::clamp(value, -kLimit, kLimit) : 0.0;
   const auto tenths = std::llround(std::fabs(bounded) * 10);
   char buffer[40];
-  std::snprintf(buffer, sizeof buffer, "%s%02lld.%lld", bounded < 0 && tenths != 0 ? "-" : "", tenths / 10, tenths % 10);
+  std::snprintf(buffer, sizeof buffer, "%s%02lld.%lld", bounded < 0 && tenths != 0 ? "-" : "", tenths / 10,
+                tenths % 10);
   return buffer;
 }
 

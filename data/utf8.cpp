@@ -9,8 +9,8 @@ namespace {
 
 std::uint8_t Byte(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
 
-// Length of the well-formed sequence that starts at `at`; 0 when none does. Bounds after the Unicode standard's
-// table of well-formed byte sequences.
+// Length of the well-formed sequence that starts at `at`; 0 when none does. Bounds after the Unicode
+// standard's table of well-formed byte sequences.
 std::size_t SequenceLength(std::string_view bytes, std::size_t at) {
   const std::uint8_t lead = Byte(bytes, at);
   if (lead < 0x80) return 1;

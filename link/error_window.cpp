@@ -7,7 +7,9 @@
 namespace quenlor::link {
 
 ErrorWindow::ErrorWindow(QWidget* parent)
-    : QWidget(parent, Qt::Window), Text1(new QPlainTextEdit(this)), Command1(new QPushButton(tr("&Close"), this)) {
+    : QWidget(parent, Qt::Window),
+      Text1(new QPlainTextEdit(this)),
+      Command1(new QPushButton(tr("&Close"), this)) {
   setObjectName(QStringLiteral("Form5"));
   setWindowTitle(tr("Error"));
   setAttribute(Qt::WA_DeleteOnClose);

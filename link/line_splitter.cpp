@@ -44,8 +44,8 @@ void PickNumbers(std::string_view line, bool decimal_comma, FieldFiller& fields)
   bool in_field = false;
   for (std::size_t i = 0; i < line.size(); ++i) {
     const char c = line[i];
-    const bool comma_in_number = c == ',' && decimal_comma && i > 0 && i + 1 < line.size() && IsDigit(line[i - 1]) &&
-                                 IsDigit(line[i + 1]);
+    const bool comma_in_number = c == ',' && decimal_comma && i > 0 && i + 1 < line.size() &&
+                                 IsDigit(line[i - 1]) && IsDigit(line[i + 1]);
     if (IsDigit(c) || kNumberSigns.find(c) != std::string_view::npos || comma_in_number) {
       fields.Append(c);
       in_field = true;

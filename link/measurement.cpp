@@ -20,20 +20,28 @@ constexpr std::string_view kAnsweredRequest = "QM";
 
 }  // namespace
 
-Measurement::Measurement(const MeasurementPorts& ports, data::Document& document, const data::SettingsList& settings,
-                         const std::string& program_folder, MeasurementListener& listener)
-    : MSComm1_(ports.MSComm1), clock_(ports.clock), Timer1_(ports.Timer1), Timer2_(ports.Timer2), loop_(ports.loop),
-      document_(document), settings_(settings), listener_(listener),
+Measurement::Measurement(const MeasurementPorts& ports, data::Document& document,
+                         const data::SettingsList& settings, const std::string& program_folder,
+                         MeasurementListener& listener)
+    : MSComm1_(ports.MSComm1),
+      clock_(ports.clock),
+      Timer1_(ports.Timer1),
+      Timer2_(ports.Timer2),
+      loop_(ports.loop),
+      document_(document),
+      settings_(settings),
+      listener_(listener),
       raw_log_(ports.files, ports.clock, document, program_folder,
                [this](const std::string& line) { listener_.ErrorLine(line); }),
       reception_(ports.MSComm1, ports.clock, document, settings, raw_log_,
                  {.line_begins = [this] { Timer2_.Enabled(false); },
                   .line_received = [this](const std::string& line) { listener_.LineReceived(line); },
                   .error = [this](const std::string& line) { listener_.ErrorLine(line); },
-                  .runs_used_up = [this] {
-                    listener_.ErrorLine("Overflow");
-                    ClosePort();
-                  }}) {
+                  .runs_used_up =
+                      [this] {
+                        listener_.ErrorLine("Overflow");
+                        ClosePort();
+                      }}) {
   Timer1_.Interval(kRequestTick);
   Timer2_.Interval(kReplyTimeout);
   Timer1_.OnTimer([this] { Timer1_Timer(); });
@@ -75,7 +83,7 @@ std::optional<platform::OpenFailure> Measurement::OpenPort() {
   MSComm1_.RTSEnable(true);
   if (const auto failed = raw_log_.RewriteRawLog(port->CommPort)) {
     ClosePort();
-    return platform::OpenFailure{raw_log_.Path(port->CommPort), failed->text, ""};
+    return platform::OpenFailure{"", failed->text, ""};
   }
   return {};
 }
@@ -120,6 +128,11 @@ void Measurement::UpdateRepeatTimer() {
 void Measurement::RepeatChanged() {
   if (settings_.Index(setting::kRepeat) == 1) NextRequestTime = clock_.Now().seconds;
   UpdateRepeatTimer();
+}
+
+void Measurement::SetCommandData(std::string text) {
+  std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+  command_data_ = std::move(text);
 }
 
 void Measurement::SendCommand(std::string_view text) {

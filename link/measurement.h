@@ -38,8 +38,9 @@ class MeasurementListener {
 
 // Runs one measurement after the other: start word, repeat requests, auto stop, reply watchdog, and the end.
 //
-// A measurement is running exactly while the port is open. Stop takes two seconds with the Visco option, in which
-// lines are still received; Stopping tells that this wait is on, and only then do both verbs do nothing.
+// A measurement is running exactly while the port is open. Stop takes two seconds with the Visco option, in
+// which lines are still received; Stopping tells that this wait is on, and only then do both verbs do
+// nothing.
 class Measurement {
  public:
   Measurement(const MeasurementPorts& ports, data::Document& document, const data::SettingsList& settings,
@@ -64,7 +65,8 @@ class Measurement {
   void SendCommand(std::string_view text);
 
   // The command that is sent at Start without the Visco option, and at every repeat request.
-  void SetCommandData(std::string text) { command_data_ = std::move(text); }
+  // Line ends that were pasted with it are left away: the terminator is the only one.
+  void SetCommandData(std::string text);
   const std::string& CommandData() const { return command_data_; }
 
   // The Repeat box was clicked; its element of the settings list holds the new value already.

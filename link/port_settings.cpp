@@ -20,7 +20,8 @@ std::optional<std::string_view> Caption(const std::array<std::string_view, N>& c
 }  // namespace
 
 int PortCount(const data::SettingsList& settings) {
-  return static_cast<int>(std::clamp(settings.Number(setting::kPortCount), double{kFewestPorts}, double{kMostPorts}));
+  return static_cast<int>(
+      std::clamp(settings.Number(setting::kPortCount), double{kFewestPorts}, double{kMostPorts}));
 }
 
 std::optional<PortSettings> ApplyPortSettings(const data::SettingsList& settings) {

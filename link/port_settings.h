@@ -18,8 +18,8 @@ inline constexpr std::array<std::string_view, 2> Length = {"7", "8"};
 inline constexpr std::array<std::string_view, 3> Bit = {"1", "1.5", "2"};
 inline constexpr std::array<std::string_view, 2> Term = {"CR/LF", "CR"};
 
-// The number of items of the Com Port menu (1 to this): at least the four that are always there, and no more than a
-// menu can show, whatever the settings file says.
+// The number of items of the Com Port menu (1 to this): at least the four that are always there, and no more
+// than a menu can show, whatever the settings file says.
 int PortCount(const data::SettingsList& settings);
 
 struct PortSettings {
@@ -27,7 +27,8 @@ struct PortSettings {
   std::string Settings;  // "9600N81"
 };
 
-// What the checked items of the RS-232C menu mean. Nothing when an element of the settings list names no item.
+// What the checked items of the RS-232C menu mean. Nothing when an element of the settings list names no
+// item.
 std::optional<PortSettings> ApplyPortSettings(const data::SettingsList& settings);
 
 // What ends a sent command: carriage return, and line feed as well under "CR/LF".

@@ -21,16 +21,21 @@ std::string_view WithoutEmptyEnd(std::string_view line, char separator) {
 
 }  // namespace
 
-RawLog::RawLog(platform::FileSystem& files, platform::Clock& clock, data::Document& document, std::string folder,
-               std::function<void(const std::string&)> report_error)
-    : files_(files), clock_(clock), document_(document), folder_(std::move(folder)),
+RawLog::RawLog(platform::FileSystem& files, platform::Clock& clock, data::Document& document,
+               std::string folder, std::function<void(const std::string&)> report_error)
+    : files_(files),
+      clock_(clock),
+      document_(document),
+      folder_(std::move(folder)),
       report_error_(std::move(report_error)) {
   document_.AddListener(*this);
 }
 
 RawLog::~RawLog() { document_.RemoveListener(*this); }
 
-std::string RawLog::Path(int port_number) const { return folder_ + "/Com_" + std::to_string(port_number) + ".txt"; }
+std::string RawLog::Path(int port_number) const {
+  return folder_ + "/Com_" + std::to_string(port_number) + ".txt";
+}
 
 std::string RawLog::Line(Row row) const {
   std::string line;
@@ -61,7 +66,8 @@ platform::Done RawLog::RewriteRawLog(int port_number) {
   return {};
 }
 
-// Both hold their readings in the order of arrival, so one walk through the table finds every line or misses one.
+// Both hold their readings in the order of arrival, so one walk through the table finds every line or misses
+// one.
 bool RawLog::HoldsMoreThanTheTable(std::string_view bytes) const {
   const data::MeasurementTable& table = document_.Grid1();
   char separator = document_.FieldSeparator();
@@ -106,7 +112,11 @@ void RawLog::AppendRawLog(Row row) {
 void RawLog::AppendRows(Row first, Row last) {
   const char separator = document_.FieldSeparator();
   std::string lines;
-  if (separator != separator_on_disk_) lines += Line(0);
+  if (!files_.Exists(path_)) {
+    first = 0;  // somebody has removed it: it begins anew, with everything
+  } else if (separator != separator_on_disk_) {
+    lines += Line(0);
+  }
   for (Row row = first; row <= last; ++row) lines += Line(row);
   const auto failed = files_.Append(path_, lines);
   if (failed) {

@@ -57,7 +57,8 @@ bool Reception::ProcessLine() {
 
   SplitLine(line, {settings_.IsOn(data::setting::kNum), settings_.DecimalComma()}, fields_);
   const std::vector<std::string_view> fields(fields_.begin(), fields_.end());
-  if (document_.AppendReading(fields, clock_.Now(), [this](auto row) { raw_log_.AppendRawLog(row); })) return true;
+  if (document_.AppendReading(fields, clock_.Now(), [this](auto row) { raw_log_.AppendRawLog(row); }))
+    return true;
   answers_.runs_used_up();
   return false;
 }

@@ -16,15 +16,15 @@ namespace quenlor::link {
 
 // Turns what the serial port tells into readings and error lines.
 //
-// Characters gather in a line until its carriage return; then the line is stamped, split, appended to the document
-// and to the raw log, all before the next character is looked at.
+// Characters gather in a line until its carriage return; then the line is stamped, split, appended to the
+// document and to the raw log, all before the next character is looked at.
 class Reception {
  public:
   // A line is kept up to this length; the rest of a longer one is dropped.
   static constexpr std::size_t kLongestLine = 8192;
 
   struct Answers {
-    std::function<void()> line_begins;                     // the instrument has answered
+    std::function<void()> line_begins;                      // the instrument has answered
     std::function<void(const std::string&)> line_received;  // the whole line, for the "Received Data" box
     std::function<void(const std::string&)> error;          // one line for the Error window
     std::function<void()> runs_used_up;                     // no run number is left for this line
@@ -32,7 +32,11 @@ class Reception {
 
   Reception(platform::SerialPort& port, platform::Clock& clock, data::Document& document,
             const data::SettingsList& settings, RawLog& raw_log, Answers answers)
-      : MSComm1_(port), clock_(clock), document_(document), settings_(settings), raw_log_(raw_log),
+      : MSComm1_(port),
+        clock_(clock),
+        document_(document),
+        settings_(settings),
+        raw_log_(raw_log),
         answers_(std::move(answers)) {}
 
   // The port's event handler: received characters, errors of the line, and notifications that need no answer.
@@ -53,7 +57,7 @@ class Reception {
   RawLog& raw_log_;
   Answers answers_;
   std::string LineBuffer;  // since the last carriage return
-  bool line_cut_ = false;   // the line has been longer than can be kept
+  bool line_cut_ = false;  // the line has been longer than can be kept
   std::vector<std::string> fields_;
 };
 

@@ -25,6 +25,15 @@ inline constexpr int kPortGone = 1012;  // the device disappeared; told once, th
 // Why a port did not open: the device that was meant, the system's reason, and what would help, if that is
 // known.
 struct OpenFailure {
+  // All that is known, in one line for the operator.
+  std::string Text() const {
+    std::string text = device;
+    for (const std::string& part : {reason, advice}) {
+      if (!part.empty()) text += (text.empty() ? "" : ": ") + part;
+    }
+    return text;
+  }
+
   std::string device;
   std::string reason;
   std::string advice;

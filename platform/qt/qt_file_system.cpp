@@ -117,11 +117,14 @@ bool QtFileSystem::Exists(const std::string& path) const { return QFileInfo::exi
 
 Result<std::string> QtFileSystem::Read(const std::string& path) const try {
   QFile file(Name(path));
-  if (QFileInfo(file).isDir()) return Failed("read", path, std::string("Is a directory"));
+  const QFileInfo kind(file);
+  if (kind.isDir()) return Failed("read", path, std::string("Is a directory"));
+  // A pipe that nobody writes to, or a device without end, would never be read to its end.
+  if (kind.exists() && !kind.isFile()) return Failed("read", path, std::string("Not a regular file"));
   if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
     return Failed("read", path, file.errorString());
   std::string content;
-  content.reserve(static_cast<std::size_t>(file.size()));  // 0 for what has no size, like a pipe
+  content.reserve(static_cast<std::size_t>(file.size()));  // 0 for what tells no size
   std::string block(kReadBlock, '\0');
   for (;;) {
     const qint64 count = file.read(block.data(), kReadBlock);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/grid_models.h"
 
-#include <gtest/gtest.h>
-
 #include <QAbstractItemModelTester>
+
+#include <gtest/gtest.h>
 
 namespace quenlor::app {
 namespace {
@@ -11,9 +11,10 @@ namespace {
 struct Tables {
   data::SettingsList settings;
   data::Document document{settings};
-  Grid1Model grid1{document};
-  Grid2Model grid2{document};
-  Grid4Model grid4{document};
+  graph::ColorSettings colors;
+  Grid1Model grid1{document, colors};
+  Grid2Model grid2{document, colors};
+  Grid4Model grid4{document, colors};
   QAbstractItemModelTester tester1{&grid1, QAbstractItemModelTester::FailureReportingMode::Fatal};
   QAbstractItemModelTester tester2{&grid2, QAbstractItemModelTester::FailureReportingMode::Fatal};
   QAbstractItemModelTester tester4{&grid4, QAbstractItemModelTester::FailureReportingMode::Fatal};
@@ -32,7 +33,9 @@ struct Tables {
   double seconds = 0;
 };
 
-QString Cell(const QAbstractItemModel& model, int row, int column) { return model.index(row, column).data().toString(); }
+QString Cell(const QAbstractItemModel& model, int row, int column) {
+  return model.index(row, column).data().toString();
+}
 
 TEST(GridModels, ShowRowsAtTheNextSyncAndNotBefore) {
   Tables tables;
@@ -106,7 +109,9 @@ TEST(GridModels, RemovalAcrossRowsThatAreNotShownYet) {
 TEST(GridModels, AreSoundThroughManyRandomChanges) {
   Tables tables;
   unsigned state = 7;
-  const auto next = [&state](unsigned limit) { return (state = state * 1664525u + 1013904223u) / 65536u % limit; };
+  const auto next = [&state](unsigned limit) {
+    return (state = state * 1664525u + 1013904223u) / 65536u % limit;
+  };
   for (int step = 0; step < 400; ++step) {
     const auto readings = tables.document.Grid1().Rows() - 2;
     switch (next(6)) {
@@ -116,10 +121,18 @@ TEST(GridModels, AreSoundThroughManyRandomChanges) {
           tables.document.RemoveRows(first, std::min<data::Document::Row>(readings, first + next(3)));
         }
         break;
-      case 1: tables.Sync(); break;
-      case 2: tables.document.BeginMeasurement(); break;
-      case 3: tables.document.SetCell(1, 2, "x"); break;
-      default: tables.Append({"1", "2"}); break;
+      case 1:
+        tables.Sync();
+        break;
+      case 2:
+        tables.document.BeginMeasurement();
+        break;
+      case 3:
+        tables.document.SetCell(1, 2, "x");
+        break;
+      default:
+        tables.Append({"1", "2"});
+        break;
     }
   }
   tables.Sync();

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/main_window.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QHeaderView>
 #include <QMimeData>
 #include <QUrl>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "app/version.h"
 #include "tests/app/window_bench.h"
@@ -55,24 +55,26 @@ class MainWindowTest : public testing::Test, protected WindowBench {
   }
 };
 
-TEST(Caption, RevisionStandsRightBehindTheMinorVersion) {
-  EXPECT_EQ(Caption({"1", "0", "2", ""}), "Quenlor Ver.1.02");
-  EXPECT_EQ(Caption({"1", "0", "2", " beta"}), "Quenlor Ver.1.02 beta");
+TEST(WindowCaption, RevisionStandsRightBehindTheMinorVersion) {
+  EXPECT_EQ(WindowCaption({"1", "0", "2", ""}), "Quenlor Ver.1.02");
+  EXPECT_EQ(WindowCaption({"1", "0", "2", " beta"}), "Quenlor Ver.1.02 beta");
 }
 
 TEST_F(MainWindowTest, FirstStartWritesSettingsCommandsAndTemplate) {
   Open();
-  EXPECT_EQ(File("quenlor.ini"),
-            "16\r\n6\r\n1\r\n2\r\n0\r\n0\r\n0\r\n0\r\n0\r\n5\r\n2\r\n1\r\n0\r\n1\r\n1\r\n0\r\n0\r\n0\r\n0\r\n");
+  EXPECT_EQ(
+      File("quenlor.ini"),
+      "16\r\n6\r\n1\r\n2\r\n0\r\n0\r\n0\r\n0\r\n0\r\n5\r\n2\r\n1\r\n0\r\n1\r\n1\r\n0\r\n0\r\n0\r\n0\r\n");
   EXPECT_EQ(File("Command_V.txt"), "STOP\r\nSTART\r\nQ\r\nQM\r\n");
   EXPECT_EQ(File("New.txt"), "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n");
   EXPECT_EQ(Find<QComboBox>("Combo1")->currentText(), "QM");
-  EXPECT_EQ(window->windowTitle().toStdString(), Caption(ThisVersion()));
+  EXPECT_EQ(window->windowTitle().toStdString(), WindowCaption(ThisVersion()));
 }
 
 TEST_F(MainWindowTest, DefaultsArePort1At2400BaudEvenParity7Bits1StopBitAndCrLf) {
   Open();
-  for (const char* item : {"Port[1]", "BPS[2]", "Parity[0]", "Length[0]", "Bit[0]", "Term[0]", "TimeS[1]", "DP[0]"}) {
+  for (const char* item :
+       {"Port[1]", "BPS[2]", "Parity[0]", "Length[0]", "Bit[0]", "Term[0]", "TimeS[1]", "DP[0]"}) {
     EXPECT_TRUE(Find<QAction>(item)->isChecked()) << item;
   }
   EXPECT_EQ(Find<QAction>("BPS[2]")->text(), "2400");
@@ -90,7 +92,8 @@ TEST_F(MainWindowTest, BeginsWithANewDocument) {
   EXPECT_EQ(Find<QLabel>("Label6[4]")->text(), "New.csv");
   EXPECT_EQ(Find<GridView>("Grid1")->model()->headerData(1, Qt::Horizontal).toString(), "Viscosity");
   EXPECT_EQ(Find<GridView>("Grid1")->model()->rowCount(), 1) << "the entry row";
-  for (const char* box : {"Check2", "Check3", "Check4"}) EXPECT_TRUE(Find<QCheckBox>(box)->isChecked()) << box;
+  for (const char* box : {"Check2", "Check3", "Check4"})
+    EXPECT_TRUE(Find<QCheckBox>(box)->isChecked()) << box;
 }
 
 TEST_F(MainWindowTest, UnwritableFolderStillGivesAWorkingProgram) {
@@ -110,8 +113,7 @@ TEST_F(MainWindowTest, NoiseInItsFilesDoesNotKeepItFromStarting) {
 
 TEST_F(MainWindowTest, EntriesWhoseWorkIsMissingAreDisabled) {
   Open();
-  for (const char* item : {"mPrint", "mStatistics", "mColor"}) EXPECT_FALSE(Find<QAction>(item)->isEnabled()) << item;
-  for (const char* menu : {"mScale", "mLine", "mMarker", "mAxis"}) EXPECT_FALSE(Find<QMenu>(menu)->isEnabled()) << menu;
+  for (const char* item : {"mPrint", "mStatistics"}) EXPECT_FALSE(Find<QAction>(item)->isEnabled()) << item;
 }
 
 TEST_F(MainWindowTest, EachMenuChoiceMovesTheCheckMarkAndIsSavedAtOnce) {
@@ -121,11 +123,12 @@ TEST_F(MainWindowTest, EachMenuChoiceMovesTheCheckMarkAndIsSavedAtOnce) {
     int element;
     const char* saved;
   };
-  for (const Choice& choice : {Choice{"Port[3]", setting::kPort, "3"}, Choice{"BPS[7]", setting::kBPS, "7"},
-                               Choice{"Parity[2]", setting::kParity, "2"}, Choice{"Length[1]", setting::kLength, "1"},
-                               Choice{"Bit[1]", setting::kBit, "1"}, Choice{"Term[1]", setting::kTerm, "1"},
-                               Choice{"TimeS[2]", setting::kTimeS, "2"}, Choice{"DP[1]", setting::kDP, "1"},
-                               Choice{"mNum", setting::kNum, "True"}, Choice{"mVisco", setting::kVisco, "False"}}) {
+  for (const Choice& choice :
+       {Choice{"Port[3]", setting::kPort, "3"}, Choice{"BPS[7]", setting::kBPS, "7"},
+        Choice{"Parity[2]", setting::kParity, "2"}, Choice{"Length[1]", setting::kLength, "1"},
+        Choice{"Bit[1]", setting::kBit, "1"}, Choice{"Term[1]", setting::kTerm, "1"},
+        Choice{"TimeS[2]", setting::kTimeS, "2"}, Choice{"DP[1]", setting::kDP, "1"},
+        Choice{"mNum", setting::kNum, "True"}, Choice{"mVisco", setting::kVisco, "False"}}) {
     Choose(choice.item);
     EXPECT_EQ(Setting(choice.element), choice.saved) << choice.item;
   }
@@ -150,6 +153,7 @@ TEST_F(MainWindowTest, SettingWithoutAnItemFailsTheNextStart) {
   ASSERT_EQ(dialogs.Boxes().size(), 1u);
   EXPECT_EQ(dialogs.Boxes()[0].text, "Can not Open !\rPlease Check Setting of Com Port !");
   EXPECT_EQ(dialogs.Boxes()[0].icon, platform::Icon::kCritical);
+  EXPECT_EQ(dialogs.Boxes()[0].title, "Quenlor");
   EXPECT_FALSE(Running());
 }
 
@@ -193,7 +197,8 @@ TEST_F(MainWindowTest, StopWaitsTwoSecondsInWhichItsButtonAndTheMenusAreRefused)
   Click("Command1");
   EXPECT_TRUE(looked);
   EXPECT_FALSE(Running());
-  EXPECT_EQ(Readings(), "1|00:00:00|1.0|||\n1|00:00:01|2.0|||\n") << "the line of the wait counts, New was refused";
+  EXPECT_EQ(Readings(), "1|00:00:00|1.0|||\n1|00:00:01|2.0|||\n")
+      << "the line of the wait counts, New was refused";
   EXPECT_TRUE(window->menuBar()->isEnabled());
 }
 
@@ -428,10 +433,11 @@ TEST_F(MainWindowTest, SaveWritesTheDocumentAndTakesItsName) {
   dialogs.Path("/data/run.csv");
   Choose("mSave");
   EXPECT_THAT(dialogs.Names(), ElementsAre("New.csv"));
-  EXPECT_EQ(files.Content("/data/run.csv"),
-            "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n1,00:00:00,1.0,mPa.s,25.1,C\r\n"
-            "Info,Sample No.,Sample Name,Analysis Time,Date,Time\r\nInfo,No.1,No.1,00:00:00,2026/11/21,09:30:00\r\n"
-            "Axis,2,4,0,180,0,100,0,100,0,2,1,0,2,0\r\nDate,2026/11/21 09:30:00\r\nMemo,Remarks:,,,,,,,,,,\r\n");
+  EXPECT_EQ(
+      files.Content("/data/run.csv"),
+      "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n1,00:00:00,1.0,mPa.s,25.1,C\r\n"
+      "Info,Sample No.,Sample Name,Analysis Time,Date,Time\r\nInfo,No.1,No.1,00:00:00,2026/11/21,09:30:00\r\n"
+      "Axis,2,4,0,180,0,100,0,100,0,2,1,0,2,0\r\nDate,2026/11/21 09:30:00\r\nMemo,Remarks:,,,,,,,,,,\r\n");
   EXPECT_EQ(Find<QLabel>("Label6[4]")->text(), "run.csv");
   EXPECT_FALSE(window->Document().DataChanged());
 }
@@ -502,6 +508,7 @@ TEST_F(MainWindowTest, AFileThatCannotBeReadLeavesTheOpenDocument) {
 
 TEST_F(MainWindowTest, AxisLineSetsTheMenus) {
   Open();
+  Tick("Check2");
   files.Put("/data/a.csv", "No.,Time,A,B\r\nAxis,3,2,0,600,0,50,20,30,-1,3,0,1,1,4\r\n");
   dialogs.Path("/data/a.csv");
   Choose("mOpen");
@@ -547,6 +554,67 @@ TEST_F(MainWindowTest, DeletedTemplateIsWrittenAnewByTheNextNew) {
   files.Remove(std::string(kFolder) + "/New.txt");
   Choose("mNew");
   EXPECT_EQ(File("New.txt"), "No.,Time,Data 1,Data 2,Data 3,Data 4\r\n");
+}
+
+TEST_F(MainWindowTest, OpenLeavesTheReceivedDataAlone) {
+  Open();
+  Start();
+  Reading("12.3");
+  ShowRows(2);
+  files.Put("/data/a.csv", "No.,Time,A\r\n");
+  dialogs.Answer(Answer::kYes);
+  dialogs.Path("/data/a.csv");
+  Choose("mOpen");
+  EXPECT_EQ(Find<QLineEdit>("Text3")->text(), "12.3");
+}
+
+TEST_F(MainWindowTest, TogglingViscoNeverRewritesATemplate) {
+  Open();
+  Choose("mVisco");
+  Choose("mNew");
+  EXPECT_EQ(File("New.txt"), "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n");
+}
+
+TEST_F(MainWindowTest, StopByKeyboardLeavesTheFocusOnTheButton) {
+  Open();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  auto* button = Find<QPushButton>("Command1");
+  button->setFocus();
+  QTest::keyClick(button, Qt::Key_Space);
+  ASSERT_TRUE(Running());
+  MSComm1.TakeSent();
+  loop.during_wait = [&] {
+    EXPECT_FALSE(Find<QPushButton>("Command2")->isEnabled());
+    if (QApplication::focusWidget() != nullptr) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  };
+  QTest::keyClick(button, Qt::Key_Space);
+  EXPECT_EQ(MSComm1.TakeSent(), "STOP\r\n");
+  EXPECT_EQ(QApplication::focusWidget(), button);
+}
+
+TEST_F(MainWindowTest, DeletionAndEditingAreRefusedDuringStopsWait) {
+  Open();
+  Start();
+  Reading("1");
+  Reading("2");
+  ShowRows(3);
+  SelectRows(0, 0);
+  loop.during_wait = [&] {
+    QTest::keyClick(Find<GridView>("Grid1"), Qt::Key_Delete);
+    QTest::keyClick(Find<GridView>("Grid1"), Qt::Key_F2);
+  };
+  Click("Command1");
+  EXPECT_EQ(window->Document().Grid1().Rows(), 4);
+}
+
+TEST_F(MainWindowTest, APastedLineEndDoesNotReachTheInstrument) {
+  Open();
+  Start();
+  MSComm1.TakeSent();
+  Find<QComboBox>("Combo1")->setEditText("QM\n");
+  Click("Command2");
+  EXPECT_EQ(MSComm1.TakeSent(), "QM\r\n");
 }
 
 TEST_F(MainWindowTest, DroppedFilesAreTakenByTheirEndingAlone) {
@@ -640,7 +708,8 @@ TEST_F(MainWindowTest, EveryControlTellsItsName) {
     if (widget->focusPolicy() == Qt::NoFocus || !widget->isEnabled()) continue;
     if (widget->objectName().isEmpty() || widget->objectName().startsWith("qt_")) continue;
     const auto* button = qobject_cast<const QAbstractButton*>(widget);
-    const bool named = !widget->accessibleName().isEmpty() || (button != nullptr && !button->text().isEmpty());
+    const bool named =
+        !widget->accessibleName().isEmpty() || (button != nullptr && !button->text().isEmpty());
     EXPECT_TRUE(named || widget->objectName() == "Tables") << widget->objectName().toStdString();
   }
 }

@@ -12,7 +12,8 @@ namespace {
 struct Ports {
   platform::memory::MemoryFileSystem files;
   platform::memory::MemorySerialDevices devices;
-  PortsFile file{files, devices, "/lab", link::PortDirectory(link::PortDirectory::Naming::kFiles, {{7, "/dev/given"}})};
+  PortsFile file{files, devices, "/lab",
+                 link::PortDirectory(link::PortDirectory::Naming::kFiles, {{7, "/dev/given"}})};
 };
 
 TEST(PortsFile, GivesNewDevicesTheLowestFreeNumbersAndKeepsThem) {

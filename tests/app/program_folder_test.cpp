@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/program_folder.h"
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace quenlor::app {
 namespace {
@@ -31,7 +31,8 @@ TEST(ProgramFolder, ElseTheFolderOfTheExecutable) {
   Folders folders;
   const QString executable = folders.Make("exe");
   EXPECT_EQ(ProgramFolder({}, executable, folders.Make("bin"), folders.Make("user")), executable);
-  EXPECT_TRUE(QDir(executable).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)) << "trying leaves no trace";
+  EXPECT_TRUE(QDir(executable).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+      << "trying leaves no trace";
 }
 
 TEST(ProgramFolder, AnInstalledProgramUsesTheUsersFolder) {

@@ -2,11 +2,11 @@
 //
 // The program as a shell sees it: what it says and how it ends, without any display.
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <QProcess>
 #include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace quenlor::app {
 namespace {
@@ -25,7 +25,8 @@ struct Ended {
 Ended Call(const QStringList& arguments) {
   QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) environment.remove(QString::fromLatin1(name));
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+    environment.remove(QString::fromLatin1(name));
   process.setProcessEnvironment(environment);
   process.start(QStringLiteral(QUENLOR_PROGRAM), arguments);
   if (!process.waitForFinished(20'000)) process.kill();

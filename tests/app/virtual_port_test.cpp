@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/virtual_port.h"
 
-#include <gtest/gtest.h>
-
 #include <QTest>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "app/port_switch.h"
 #include "platform/memory/memory_serial_port.h"

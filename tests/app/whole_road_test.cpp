@@ -1,25 +1,25 @@
 // SPDX-License-Identifier: MIT
 //
-// The real program on a pseudo-terminal with the instrument at its other end: window, line, disk and clock are the
-// machine's own.
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+// The real program on a pseudo-terminal with the instrument at its other end: window, line, disk and clock
+// are the machine's own.
 
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
-#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "app/program.h"
 
@@ -80,7 +80,8 @@ struct Road {
   void WriteSettings() {
     QFile file(Path("quenlor.ini"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("16\r\n6\r\n1\r\n7\r\n2\r\n1\r\n0\r\n0\r\n0\r\n5\r\n2\r\n1\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
+    file.write(
+        "16\r\n6\r\n1\r\n7\r\n2\r\n1\r\n0\r\n0\r\n0\r\n5\r\n2\r\n1\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
   }
 
   // Fills in the next file box with that path.
@@ -142,7 +143,8 @@ TEST(WholeRoad, AKilledProgramLeavesEveryReadingInItsRawLog) {
   road.WriteSettings();
   QProcess victim;
   victim.start(QStringLiteral(QUENLOR_ROAD_DRIVER), {road.folder.path(), instrument.Device()});
-  ASSERT_TRUE(QTest::qWaitFor([&] { return FileBytes(road.Path("Com_1.txt")).count('\n') > 1500; }, kPatience));
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return FileBytes(road.Path("Com_1.txt")).count('\n') > 1500; }, kPatience));
   victim.kill();
   victim.waitForFinished();
 
@@ -183,7 +185,8 @@ TEST(WholeRoad, AnInstrumentThatHangsUpEndsTheMeasurementOnce) {
   auto* button = window.findChild<QPushButton*>(QStringLiteral("Command1"));
   ASSERT_TRUE(QTest::qWaitFor([&] { return button->text() == QLatin1String("Start"); }, kPatience));
   QTest::qWait(200);
-  EXPECT_EQ(window.findChild<QPlainTextEdit*>(QStringLiteral("Text1"))->toPlainText(), "Communication Error 1012");
+  EXPECT_EQ(window.findChild<QPlainTextEdit*>(QStringLiteral("Text1"))->toPlainText(),
+            "Communication Error 1012");
   ExpectCounting(road.Table(), static_cast<int>(road.Table().Rows() - 2));
 }
 
@@ -199,8 +202,10 @@ TEST(WholeRoad, AnAbsentDeviceIsRefusedInTheUsualWords) {
   });
   road.Click();
   EXPECT_EQ(text.replace('\r', '\n'), "Can not Open !\nPlease Check Setting of Com Port !");
-  EXPECT_TRUE(window.findChild<QLabel*>(QStringLiteral("Status"))->text().contains(QStringLiteral("/dev/not-there")));
-  EXPECT_FALSE(QFile::exists(road.Path("Com_1.txt"))) << "nothing is logged of a measurement that did not start";
+  EXPECT_TRUE(
+      window.findChild<QLabel*>(QStringLiteral("Status"))->text().contains(QStringLiteral("/dev/not-there")));
+  EXPECT_FALSE(QFile::exists(road.Path("Com_1.txt")))
+      << "nothing is logged of a measurement that did not start";
 }
 
 TEST(WholeRoad, TwoProgramsOnOneFolderDoNotShareARawLog) {
@@ -217,7 +222,9 @@ TEST(WholeRoad, TwoProgramsOnOneFolderDoNotShareARawLog) {
     if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->accept();
   });
   road.Click();
-  EXPECT_TRUE(window.findChild<QLabel*>(QStringLiteral("Status"))->text().contains(QStringLiteral("in use by another Quenlor")))
+  EXPECT_TRUE(window.findChild<QLabel*>(QStringLiteral("Status"))
+                  ->text()
+                  .contains(QStringLiteral("in use by another Quenlor")))
       << window.findChild<QLabel*>(QStringLiteral("Status"))->text().toStdString();
   other.kill();
   other.waitForFinished();
@@ -243,14 +250,17 @@ TEST(WholeRoad, TheWindowAnswersWhileLinesArriveAtTheFullRateOverAMillionReading
   QTimer every_millisecond;
   qint64 longest = 0;
   since_last.start();
-  QObject::connect(&every_millisecond, &QTimer::timeout, [&] { longest = std::max(longest, since_last.restart()); });
+  QObject::connect(&every_millisecond, &QTimer::timeout,
+                   [&] { longest = std::max(longest, since_last.restart()); });
+  int answers = 0;
+  QObject::connect(&every_millisecond, &QTimer::timeout, [&] { ++answers; });
   every_millisecond.start(1);
   ASSERT_TRUE(road.WaitForReadings(1'004'000));
   every_millisecond.stop();
   // How long depends on the machine; that events are served at all while lines arrive does not.
   RecordProperty("longest_wait_ms", static_cast<int>(longest));
   std::printf("longest time without an answer: %lld ms\n", static_cast<long long>(longest));
-  EXPECT_GT(longest, 0);
+  EXPECT_GT(answers, 100) << "some two seconds of lines, and the window was hardly ever asked";
   road.Click();
 }
 

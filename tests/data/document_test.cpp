@@ -344,5 +344,48 @@ TEST_F(DocumentTest, AListenerMayLeaveWhileItIsTold) {
   EXPECT_THAT(last.heard, ElementsAre("header", "header"));
 }
 
+TEST(DocumentTexts, EditedTextsAreOneLineSoThatFilesStayWhole) {
+  SettingsList settings;
+  Document document(settings);
+  document.Load(ParseDataFile("No.,Time,Viscosity\r\n1,00.0,5\r\n"), "a.csv", "");
+
+  document.SetCell(1, 2, "7\n");
+  document.SetTitle(2, "Visc\r\nosity");
+  document.SetSampleName(1, "Sample A\n");
+  document.SetRemarks("two\nlines");
+
+  std::string file;
+  document.Write([&](std::string_view piece) { file += piece; });
+  const DataFileContents read_back = ParseDataFile(file);
+  EXPECT_EQ(read_back.table.Rows(), 3);
+  EXPECT_EQ(read_back.table.TextMatrix(1, 2), "7");
+  EXPECT_EQ(read_back.runs.TextMatrix(1, 1), "Sample A");
+  EXPECT_EQ(read_back.remarks, "two lines");
+}
+
+TEST(DocumentTexts, ADocumentThatHoldsCommasIsNeverDividedByThem) {
+  SettingsList settings;
+  Document document(settings);
+  document.Load(ParseDataFile("No.,Time,Viscosity,Temp\r\n"), "a.csv", "");
+  EXPECT_EQ(document.FieldSeparator(), ',');
+
+  const std::vector<std::string_view> fields{"1,5", "2,5"};
+  document.AppendReading(fields, {1e9, 0});
+
+  EXPECT_EQ(document.FieldSeparator(), ';');
+  document.SetFieldSeparator(',');
+  EXPECT_EQ(document.FieldSeparator(), ';') << "the menu's Dot does not tear them either";
+  std::string file;
+  document.Write([&](std::string_view piece) { file += piece; });
+  EXPECT_EQ(ParseDataFile(file).table.TextMatrix(1, 2), "1,5");
+
+  document.Load(ParseDataFile("No.;Time;A\r\n1;0;1,5\r\n"), "b.csv", "");
+  document.SetFieldSeparator(',');
+  EXPECT_EQ(document.FieldSeparator(), ';') << "nor those of a file";
+  document.Load(ParseDataFile("No.;Time;A\r\n1;0;1.5\r\n"), "c.csv", "");
+  document.SetFieldSeparator(',');
+  EXPECT_EQ(document.FieldSeparator(), ',');
+}
+
 }  // namespace
 }  // namespace quenlor::data

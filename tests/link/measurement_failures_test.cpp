@@ -84,7 +84,7 @@ TEST(MeasurementFailures, WithoutARawLogTheMeasurementDoesNotStart) {
   const auto failure = bench.measurement.Start();
 
   ASSERT_TRUE(failure);
-  EXPECT_EQ(failure->device, "/lab/Com_1.txt");
+  EXPECT_THAT(failure->Text(), HasSubstr("/lab/Com_1.txt"));
   EXPECT_THAT(failure->reason, HasSubstr("Permission denied"));
   EXPECT_TRUE(bench.Stopped());
   EXPECT_EQ(bench.port.RTS(), false);

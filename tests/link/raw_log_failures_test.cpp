@@ -178,6 +178,17 @@ TEST_F(RawLogFailures, FullUntilStopIsMadeUpForAtTheNextStart) {
   EXPECT_THAT(bench.Copies(), IsEmpty());
 }
 
+TEST_F(RawLogFailures, AFileThatDisappearsBeginsAnewWithEverything) {
+  bench.files.MakeRoom();
+  bench.Line("2");
+
+  bench.files.Remove("/lab/Com_1.txt");
+  bench.Line("3");
+
+  EXPECT_THAT(bench.RawLogText(), StartsWith("No.,Time,Viscosity"));
+  EXPECT_EQ(OnDisk(), InTable());
+}
+
 TEST_F(RawLogFailures, AFolderThatIsGoneIsLikeAFullDisk) {
   bench.files.MakeRoom();
   bench.files.Refuse("/lab", "No such file or directory");

@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
   line.ports = {{1, argv[2]}};
   app::Program program(line, {});
   program.Window().show();
-  QTimer::singleShot(0, [&] { program.Window().findChild<QPushButton*>(QStringLiteral("Command1"))->click(); });
+  QTimer::singleShot(0,
+                     [&] { program.Window().findChild<QPushButton*>(QStringLiteral("Command1"))->click(); });
   return QApplication::exec();
 }

@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: MIT
+#include "app/graph_pane.h"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTextDocument>
+#include <cmath>
+
+#include "app/grid_models.h"
+#include "platform/qt/qt_drawing_surface.h"
+
+namespace quenlor::app {
+namespace {
+
+constexpr double kTwipsPerPixel = 15;
+// With fewer readings a redraw is over before a pointer could change.
+constexpr graph::Index kManyReadings = 500'000;
+
+QString ToText(const std::string& text) { return QString::fromStdString(text); }
+
+QFont LabelFont(const QWidget* widget, double text_height) {
+  QFont font = widget->font();
+  font.setPixelSize(std::max(1, static_cast<int>(std::lround(text_height / kTwipsPerPixel))));
+  return font;
+}
+
+Qt::Alignment AlignmentOf(graph::TextSide side) {
+  const Qt::Alignment across = side == graph::TextSide::kLeft    ? Qt::AlignLeft
+                               : side == graph::TextSide::kRight ? Qt::AlignRight
+                                                                 : Qt::AlignHCenter;
+  return across | Qt::AlignVCenter;
+}
+
+}  // namespace
+
+void Caption::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  QStringList lines;
+  for (const QString& line : text().split(QLatin1Char('\n'))) {
+    lines += fontMetrics().elidedText(line, Qt::ElideRight, width());
+  }
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(rect(), static_cast<int>(alignment()), lines.join(QLatin1Char('\n')));
+}
+
+void Caption::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) emit DblClick();
+}
+
+// Picture2: the plot as it was drawn last, kept from paint to paint.
+class GraphPane::PlotPicture : public QWidget {
+ public:
+  PlotPicture(GraphPane* pane, const graph::Plot& plot) : QWidget(pane), pane_(pane), kept_(plot) {
+    setObjectName(QStringLiteral("Picture2"));
+    setAccessibleName(tr("Graph"));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    if (!pane_->held_) Draw();
+    QPainter painter(this);
+    painter.fillRect(rect(), ToQColor(pane_->colors_.BackColor()));
+    painter.drawImage(0, 0, image_);
+  }
+
+ private:
+  void Draw() {
+    const QSize pixels = size() * devicePixelRatioF();
+    if (image_.size() != pixels) {
+      image_ = QImage(pixels, QImage::Format_RGB32);
+      kept_.Forget();
+    }
+    if (image_.isNull()) return;
+    image_.setDevicePixelRatio(1);
+    const bool busy = pane_->graph_.Values().Size() > kManyReadings;
+    if (busy) QApplication::setOverrideCursor(Qt::WaitCursor);
+    {
+      QPainter painter(&image_);
+      platform::qt::QtDrawingSurface surface(painter, image_.size(), devicePixelRatioF());
+      kept_.Update(surface, surface.Whole());
+    }
+    image_.setDevicePixelRatio(devicePixelRatioF());
+    if (busy) QApplication::restoreOverrideCursor();
+  }
+
+  GraphPane* pane_;
+  graph::KeptPlot kept_;
+  QImage image_;
+};
+
+GraphPane::GraphPane(const data::Document& document, const graph::LiveGraph& graph,
+                     const data::SettingsList& settings, const graph::ColorSettings& colors, QWidget* parent)
+    : QWidget(parent),
+      document_(document),
+      graph_(graph),
+      settings_(settings),
+      colors_(colors),
+      plot_(graph.Values()),
+      Picture2(new PlotPicture(this, plot_)) {
+  setObjectName(QStringLiteral("Picture1"));
+  setAccessibleName(tr("Graph with its axes"));
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  AddCaptions();
+}
+
+GraphPane::~GraphPane() = default;
+
+void GraphPane::AddCaptions() {
+  const auto add = [this](auto& captions, std::size_t from, const char* name,
+                          void (GraphPane::*signal)(int)) {
+    for (std::size_t i = from; i < captions.size(); ++i) {
+      captions[i] = new Caption(this);
+      captions[i]->setObjectName(QStringLiteral("%1[%2]").arg(QLatin1String(name)).arg(i));
+      captions[i]->setTextFormat(Qt::PlainText);
+      if (signal == nullptr) continue;
+      connect(captions[i], &Caption::DblClick, this,
+              [this, signal, i] { emit(this->*signal)(static_cast<int>(i)); });
+    }
+  };
+  add(Label5, 0, "Label5", &GraphPane::Label5_DblClick);
+  add(Label6, 0, "Label6", &GraphPane::Label6_DblClick);
+  add(Label7, 1, "Label7", nullptr);
+  add(Label8, 1, "Label8", nullptr);
+  add(Label9, 1, "Label9", nullptr);
+  add(Label10, 0, "Label10", &GraphPane::Label10_DblClick);
+  for (std::size_t i = 0; i < Label5.size(); ++i) {
+    Label5[i]->setToolTip(
+        QString::fromLatin1(graph::kLimitNames[i].data(), static_cast<int>(graph::kLimitNames[i].size())));
+  }
+  // The tool tips of file name and remarks are the captions of their editor.
+  Label6[0]->setToolTip(tr("Title of the time axis"));
+  Label6[1]->setToolTip(tr("Title of the left axis"));
+  Label6[2]->setToolTip(tr("Title of the temperature axis"));
+  Label6[3]->setToolTip(tr("Date of the measurement"));
+  Label6[4]->setToolTip(QStringLiteral("File Name"));
+  Label6[5]->setToolTip(tr("Unit of the time axis"));
+  Label6[6]->setToolTip(QStringLiteral("Remarks"));
+}
+
+void GraphPane::Fig() {
+  LayoutLabels();
+  update();
+  Picture2->update();
+}
+
+void GraphPane::ShowReadings() {
+  LayoutLabels();
+  Picture2->update();
+}
+
+void GraphPane::Hold(bool hold) {
+  held_ = hold;
+  if (!hold) Fig();
+}
+
+graph::PlotSettings GraphPane::Settings() const {
+  graph::PlotSettings look;
+  look.kind = graph_.Kind();
+  look.visco_axis = graph_.View().visco_axis;
+  look.LineWidth = settings_.Index(data::setting::kLW) == 1 ? 1 : 2;
+  look.MarkerEvery = settings_.Index(data::setting::kMK);
+  look.colors = colors_.Colors();
+  look.BackColor = colors_.BackColor();
+  look.GridColor = colors_.GridColor();
+  look.smooth_sparse_runs = true;
+  return look;
+}
+
+void GraphPane::LayoutLabels() {
+  if (held_) return;
+  plot_.Set(Settings(), document_.Ranges());
+  const graph::AxisLabels labels = graph_.Labels();
+  FillCaptions(labels);
+  const double twips_wide = width() * kTwipsPerPixel;
+  const double twips_high = height() * kTwipsPerPixel;
+  const auto text_width = [this](std::string_view text, double text_height) {
+    const QFontMetricsF font(LabelFont(this, text_height));
+    return font.horizontalAdvance(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))) *
+           kTwipsPerPixel;
+  };
+  const graph::LabelLayout layout =
+      graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), labels, text_width);
+  const QFont font = LabelFont(this, layout.text_height);
+  const auto place = [&](auto& captions, const auto& placed, std::size_t from) {
+    for (std::size_t i = from; i < captions.size(); ++i) {
+      if (captions[i]->font() != font) captions[i]->setFont(font);
+      Place(captions[i], placed[i]);
+    }
+  };
+  place(Label5, layout.Label5, 0);
+  place(Label6, layout.Label6, 0);
+  place(Label7, layout.Label7, 1);
+  place(Label8, layout.Label8, 1);
+  place(Label9, layout.Label9, 1);
+  place(Label10, layout.Label10, 0);
+
+  const graph::Frame plot =
+      graph::PlotLayout(static_cast<float>(twips_wide), static_cast<float>(twips_high)).Picture2();
+  const auto pixels = [](double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); };
+  Picture2->setGeometry(pixels(plot.left), pixels(plot.top), pixels(plot.width), pixels(plot.height));
+}
+
+void GraphPane::FillCaptions(const graph::AxisLabels& labels) {
+  for (std::size_t i = 0; i < Label5.size(); ++i) Label5[i]->setText(ToText(labels.Label5[i]));
+  for (std::size_t i = 1; i < Label7.size(); ++i) Label7[i]->setText(ToText(labels.Label7[i].text));
+  for (std::size_t i = 1; i < Label8.size(); ++i) Label8[i]->setText(ToText(labels.Label8[i].text));
+  for (std::size_t i = 1; i < Label9.size(); ++i) Label9[i]->setText(ToText(labels.Label9[i].text));
+  const auto title = [this](int column) {
+    return ToText(std::string(document_.Grid1().TextMatrix(0, column)));
+  };
+  Label6[0]->setText(QStringLiteral("Time"));
+  Label6[1]->setText(title(document_.ViscoColumn()));
+  Label6[2]->setText(title(document_.TempColumn()));
+  Label6[3]->setText(ToText(document_.Date()));
+  Label6[4]->setText(ToText(document_.FileName()));
+  Label6[5]->setText(ToText(labels.TimeUnitText));
+  Label6[6]->setText(ToText(document_.Remarks()));
+
+  const QColor ink = ToQColor(colors_.GridColor());
+  const auto color = [](Caption* caption, const QColor& text_color) {
+    if (caption->palette().color(QPalette::WindowText) == text_color) return;
+    QPalette palette = caption->palette();
+    palette.setColor(QPalette::WindowText, text_color);
+    caption->setPalette(palette);
+  };
+  const auto color_all = [&](const auto& captions, std::size_t from) {
+    for (std::size_t i = from; i < captions.size(); ++i) color(captions[i], ink);
+  };
+  color_all(Label5, 0);
+  color_all(Label6, 0);
+  color_all(Label7, 1);
+  color_all(Label8, 1);
+  color_all(Label9, 1);
+  color(Label10[0], ink);
+  for (int run = 1; run < static_cast<int>(Label10.size()); ++run) {
+    Caption* caption = Label10[static_cast<std::size_t>(run)];
+    const auto text = graph_.LegendText(run);
+    caption->setText(ToText(text.value_or("")).replace(QLatin1Char('\r'), QLatin1Char('\n')));
+    caption->setToolTip(text ? tr("Run %1: double-click to change its sample name").arg(run) : QString());
+    color(caption, ToQColor(graph::RunColor(colors_.Colors(), run)));
+  }
+  const bool any = graph_.Values().Size() > 0;
+  const std::string heading(graph::LiveGraph::kLegendHeading);
+  Label10[0]->setText(any ? ToText(heading).replace(QLatin1Char('\r'), QLatin1Char('\n')) : QString());
+}
+
+void GraphPane::Place(Caption* caption, const graph::PlacedLabel& placed) {
+  const auto pixels = [](double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); };
+  caption->setVisible(placed.visible && !caption->text().isEmpty());
+  caption->setGeometry(pixels(placed.box.left), pixels(placed.box.top), pixels(placed.box.width),
+                       pixels(placed.box.height));
+  caption->setAlignment(AlignmentOf(placed.side));
+}
+
+void GraphPane::resizeEvent(QResizeEvent* /*event*/) { LayoutLabels(); }
+
+void GraphPane::paintEvent(QPaintEvent* /*event*/) {
+  QImage image(size() * devicePixelRatioF(), QImage::Format_RGB32);
+  if (!image.isNull()) {
+    QPainter painter(&image);
+    platform::qt::QtDrawingSurface surface(painter, image.size(), devicePixelRatioF());
+    plot_.DrawPicture1(surface, surface.Whole(),
+                       graph::PlotLayout(static_cast<float>(width() * kTwipsPerPixel),
+                                         static_cast<float>(height() * kTwipsPerPixel)));
+  }
+  image.setDevicePixelRatio(devicePixelRatioF());
+  QPainter(this).drawImage(0, 0, image);
+}
+
+}  // namespace quenlor::app

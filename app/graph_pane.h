@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QLabel>
+#include <QWidget>
+#include <array>
+#include <functional>
+#include <vector>
+
+#include "data/document.h"
+#include "graph/color_settings.h"
+#include "graph/label_layout.h"
+#include "graph/live_graph.h"
+#include "graph/plot.h"
+
+namespace quenlor::app {
+
+// A caption of the graph: its text is whole, what is shown of it ends in "…" where it does not fit.
+class Caption : public QLabel {
+  Q_OBJECT
+
+ public:
+  using QLabel::QLabel;
+
+ signals:
+  void DblClick();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+};
+
+// The graph on the screen: Picture1 with the captions, and Picture2, the plot, among them.
+//
+// Drawing waits for the next paint, which draws only what has changed since the last one.
+class GraphPane : public QWidget {
+  Q_OBJECT
+
+ public:
+  GraphPane(const data::Document& document, const graph::LiveGraph& graph, const data::SettingsList& settings,
+            const graph::ColorSettings& colors, QWidget* parent);
+  ~GraphPane() override;
+
+  void Fig();            // everything is drawn at the next paint
+  void ShowReadings();   // what has come is drawn at the next paint
+  void LayoutLabels();   // texts, colours and places of the captions
+  void Hold(bool hold);  // while held, what is shown stays as it is
+
+  // How the graph looks, as options and colours have it.
+  graph::PlotSettings Settings() const;
+
+ signals:
+  void Label5_DblClick(int Index);
+  void Label6_DblClick(int Index);
+  void Label10_DblClick(int Index);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  class PlotPicture;  // Picture2
+
+  void AddCaptions();
+  void FillCaptions(const graph::AxisLabels& labels);
+  void Place(Caption* caption, const graph::PlacedLabel& placed);
+
+  const data::Document& document_;
+  const graph::LiveGraph& graph_;
+  const data::SettingsList& settings_;
+  const graph::ColorSettings& colors_;
+  graph::Plot plot_;
+  PlotPicture* Picture2;
+  bool held_ = false;
+  std::array<Caption*, 6> Label5{};
+  std::array<Caption*, 7> Label6{};
+  std::array<Caption*, 6> Label7{};
+  std::array<Caption*, 10> Label8{};
+  std::array<Caption*, 10> Label9{};
+  std::array<Caption*, 11> Label10{};
+};
+
+}  // namespace quenlor::app

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "app/posi.h"
+
+#include <QMouseEvent>
+#include <cmath>
+
+namespace quenlor::app {
+namespace {
+
+constexpr double kTwipsPerPixel = 15;
+
+int Pixels(double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
+
+}  // namespace
+
+namespace posi {
+
+bool MayMoveTo(double left, double window_width) { return left > 3600 && left < window_width - 2000; }
+
+double AfterResize(double left, double window_width) {
+  const double last = window_width - 50;
+  return last > 3600 && left > last ? last : left;
+}
+
+}  // namespace posi
+
+TableAndGraph::TableAndGraph(QWidget* tables, GraphPane* graph, QWidget* parent)
+    : QWidget(parent), tables_(tables), Picture1(graph), Posi(new QWidget(this)) {
+  tables_->setParent(this);
+  Picture1->setParent(this);
+  Posi->setObjectName(QStringLiteral("Posi"));
+  Posi->setAccessibleName(tr("Border between table and graph"));
+  Posi->setToolTip(tr("Drag to share the width between table and graph"));
+  Posi->setCursor(Qt::SplitHCursor);
+  Posi->installEventFilter(this);
+}
+
+double TableAndGraph::ScaleWidth() const { return width() * kTwipsPerPixel; }
+
+void TableAndGraph::SetPosiLeft(double left) {
+  left_ = left;
+  Posi_Resize();
+}
+
+void TableAndGraph::resizeEvent(QResizeEvent* /*event*/) {
+  left_ = posi::AfterResize(left_, ScaleWidth());
+  Posi_Resize();
+}
+
+// A side for which no width would be left keeps its size.
+void TableAndGraph::Posi_Resize() {
+  Posi->setGeometry(Pixels(left_), 0, Pixels(posi::kWidth), height());
+  const int table_width = Pixels(left_ - 100);
+  if (table_width > 0) tables_->setGeometry(0, 0, table_width, height());
+  const int graph_left = Pixels(left_ + 100);
+  const int graph_width = Pixels(ScaleWidth() - (left_ + 100) - 200);
+  Picture1->move(graph_left, 0);
+  if (graph_width > 0 && height() > 0) Picture1->resize(graph_width, height());
+}
+
+bool TableAndGraph::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != Posi) return QWidget::eventFilter(watched, event);
+  const auto x = [event] { return static_cast<QMouseEvent*>(event)->position().x() * kTwipsPerPixel; };
+  if (event->type() == QEvent::MouseButtonPress) Posi_MouseDown(x());
+  if (event->type() == QEvent::MouseMove) Posi_MouseMove(x());
+  if (event->type() == QEvent::MouseButtonRelease) Posi_MouseUp();
+  return QWidget::eventFilter(watched, event);
+}
+
+void TableAndGraph::Posi_MouseDown(double X) {
+  Dragging = true;
+  DragStartX = X;
+  Picture1->Hold(true);
+}
+
+void TableAndGraph::Posi_MouseMove(double X) {
+  if (!Dragging) return;
+  const double left = left_ - (DragStartX - X);
+  if (posi::MayMoveTo(left, ScaleWidth())) SetPosiLeft(left);
+}
+
+// The graph is drawn at its new size only now.
+void TableAndGraph::Posi_MouseUp() {
+  Dragging = false;
+  Picture1->Hold(false);
+}
+
+}  // namespace quenlor::app

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "graph/live_graph.h"
+
+#include "data/text_number.h"
+
+namespace quenlor::graph {
+
+namespace setting = data::setting;
+
+LiveGraph::LiveGraph(data::Document& document, const data::SettingsList& settings, GraphView& view)
+    : document_(document), settings_(settings), view_(view) {
+  document_.AddListener(*this);
+}
+
+LiveGraph::~LiveGraph() { document_.RemoveListener(*this); }
+
+AxisView LiveGraph::View() const {
+  return {TimeUnitOfItem(settings_.Index(setting::kTimeS)), ViscoAxisOfItem(settings_.Index(setting::kLog))};
+}
+
+std::optional<std::string> LiveGraph::LegendText(int run) const {
+  const Row row = values_.LastRow(run);
+  if (row == 0) return std::nullopt;
+  std::string text(document_.Grid4().TextMatrix(run, 1));
+  return text.append("\r").append(document_.Grid1().TextMatrix(row, document_.ViscoColumn()));
+}
+
+void LiveGraph::SetAutoScaling(Axis axis, bool on) {
+  bool& box = axis == Axis::Time ? scaling_.Check2 : axis == Axis::Visco ? scaling_.Check3 : scaling_.Check4;
+  box = on;
+  RunAutoScale(axis);
+  view_.Fig();
+}
+
+void LiveGraph::SetFine(bool fine) {
+  scaling_.fine = fine;
+  if (scaling_.Check3) SetAutoScaling(Axis::Visco, true);
+}
+
+void LiveGraph::SetKind(GraphKind kind) {
+  kind_ = kind;
+  view_.Fig();
+}
+
+void LiveGraph::TimeScaleChanged() { view_.Fig(); }
+
+void LiveGraph::ViscoAxisChanged() {
+  RunAutoScale(Axis::Visco);
+  view_.Fig();
+}
+
+bool LiveGraph::EnterLimit(Limit limit, std::string_view text) {
+  data::AxisRanges ranges = document_.Ranges();
+  const auto axis = ApplyLimit(limit, text, View(), ranges);
+  if (!axis) return false;
+  document_.SetRanges(ranges);
+  bool& box = *axis == Axis::Time    ? scaling_.Check2
+              : *axis == Axis::Visco ? scaling_.Check3
+                                     : scaling_.Check4;
+  box = false;
+  view_.Fig();
+  return true;
+}
+
+// Chooses one axis's range afresh, if its box is ticked; true when it has become another one.
+bool LiveGraph::RunAutoScale(Axis axis) {
+  data::AxisRanges ranges = document_.Ranges();
+  const DataExtremes& extremes = values_.Extremes();
+  bool changed = false;
+  if (axis == Axis::Time) changed = AutoScale_Time(ranges, extremes, scaling_);
+  if (axis == Axis::Temp) changed = AutoScale_Temp(ranges, extremes, scaling_, FirstReading().temp);
+  if (axis == Axis::Visco && View().visco_axis == ViscoAxis::Log) {
+    changed = AutoScale_ViscoLog(ranges, extremes, scaling_);
+  } else if (axis == Axis::Visco) {
+    changed = AutoScale_Visco(ranges, extremes, scaling_, FirstReading().visco);
+  }
+  if (changed) document_.SetRanges(ranges);
+  return changed;
+}
+
+ResolutionTexts LiveGraph::FirstReading() const {
+  const data::MeasurementTable& table = document_.Grid1();
+  return {table.TextMatrix(1, document_.ViscoColumn()), table.TextMatrix(1, document_.TempColumn())};
+}
+
+void LiveGraph::CopyAll_Time() {
+  values_.CopyAll_Time(document_.Grid1());
+  RunAutoScale(Axis::Time);
+}
+
+void LiveGraph::CopyAll_Visco() {
+  shown_visco_ = document_.ViscoColumn();
+  values_.CopyAll_Visco(document_.Grid1(), shown_visco_);
+  RunAutoScale(Axis::Visco);
+}
+
+void LiveGraph::CopyAll_Temp() {
+  shown_temp_ = document_.TempColumn();
+  values_.CopyAll_Temp(document_.Grid1(), shown_temp_);
+  RunAutoScale(Axis::Temp);
+}
+
+void LiveGraph::RefreshSeries() {
+  CopyAll_Time();
+  CopyAll_Visco();
+  CopyAll_Temp();
+  view_.Fig();
+}
+
+void LiveGraph::ReadingAppended(Row row) {
+  const data::MeasurementTable& table = document_.Grid1();
+  const int series_before = values_.SeriesCount();
+  values_.Copy_Time(table, row);
+  values_.Copy_Visco(table, row, shown_visco_);
+  values_.Copy_Temp(table, row, shown_temp_);
+
+  const Index newest = values_.Size() - 1;
+  const Reading reading{values_.Time()[newest], values_.Visco()[newest], values_.Temp()[newest]};
+  data::AxisRanges ranges = document_.Ranges();
+  const bool RedrawPending =
+      AutoScale_Reading(ranges, reading, values_.Extremes(), scaling_, FirstReading(), View().visco_axis);
+  if (RedrawPending) document_.SetRanges(ranges);
+  // A second series changes the colours of the first.
+  if (RedrawPending || values_.SeriesCount() != series_before) {
+    view_.Fig();
+  } else {
+    view_.PlotRow(row);
+  }
+}
+
+// Titles are captions; another column chosen is another series.
+void LiveGraph::ColumnsChanged() {
+  if (document_.ViscoColumn() != shown_visco_) {
+    CopyAll_Visco();
+    view_.Fig();
+  }
+  if (document_.TempColumn() != shown_temp_) {
+    CopyAll_Temp();
+    view_.Fig();
+  }
+  view_.CaptionsChanged();
+}
+
+}  // namespace quenlor::graph

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "data/document.h"
+#include "graph/axis_labels.h"
+#include "graph/axis_limits.h"
+#include "graph/axis_ranges.h"
+#include "graph/plot_axes.h"
+#include "graph/value_arrays.h"
+
+namespace quenlor::graph {
+
+// What has to be shown anew.
+class GraphView {
+ public:
+  virtual ~GraphView() = default;
+  virtual void Fig() = 0;                             // everything
+  virtual void PlotRow(data::Document::Row row) = 0;  // the newest reading, upon what is there
+  virtual void CaptionsChanged() = 0;                 // texts around the plot
+};
+
+// The graph of the open document while it changes: its values, its automatic ranges, its captions.
+//
+// It follows the document, keeps the document's ranges, and tells the view what to draw. The view draws when
+// it has time; what it then reads here is always the present state.
+class LiveGraph : private data::DocumentListener {
+ public:
+  LiveGraph(data::Document& document, const data::SettingsList& settings, GraphView& view);
+  ~LiveGraph() override;
+  LiveGraph(const LiveGraph&) = delete;
+  LiveGraph& operator=(const LiveGraph&) = delete;
+
+  const ValueArrays& Values() const { return values_; }
+  const AutoScaling& Scaling() const { return scaling_; }
+  GraphKind Kind() const { return kind_; }
+  AxisView View() const;
+  AxisLabels Labels() const { return LabelsOf(document_.Ranges(), View()); }
+
+  // The legend's text of run 1 to 10: sample name, carriage return, newest viscosity. Nothing without a
+  // reading.
+  std::optional<std::string> LegendText(int run) const;
+  static constexpr std::string_view kLegendHeading = "Final\rValue";
+
+  // The boxes and options beside the graph.
+  void SetAutoScaling(Axis axis, bool on);  // Check2 "Time", Check3 "Viscosity", Check4 "Temp"
+  void SetFine(bool fine);                  // Option2
+  void SetKind(GraphKind kind);             // Option1
+
+  void TimeScaleChanged();  // the settings list holds the new item by then, here and below
+  void ViscoAxisChanged();
+  void LookChanged() { view_.Fig(); }  // line width, markers, colours
+
+  // A limit typed by hand; false when it is refused. Its axis is no longer scaled automatically.
+  bool EnterLimit(Limit limit, std::string_view text);
+
+  // Reads the whole table again.
+  void RefreshSeries();
+
+ private:
+  using Row = data::Document::Row;
+  void CopyAll_Time();
+  void CopyAll_Visco();
+  void CopyAll_Temp();
+  bool RunAutoScale(Axis axis);
+  ResolutionTexts FirstReading() const;
+
+  void ReadingAppended(Row row) override;
+  void RowsRemoved(Row, Row) override { RefreshSeries(); }
+  void CellChanged(Row, int) override { RefreshSeries(); }
+  void ColumnsChanged() override;
+  void RunsChanged() override { view_.CaptionsChanged(); }
+  void HeaderChanged() override { view_.CaptionsChanged(); }
+  void DocumentReplaced() override { RefreshSeries(); }
+
+  data::Document& document_;
+  const data::SettingsList& settings_;
+  GraphView& view_;
+  ValueArrays values_;
+  AutoScaling scaling_;
+  GraphKind kind_ = GraphKind::ViscoTime;
+  int shown_visco_ = 0;  // the columns that the values were read from
+  int shown_temp_ = 0;
+};
+
+}  // namespace quenlor::graph

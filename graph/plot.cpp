@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "graph/plot.h"
+
+#include "graph/plot_curves.h"
+
+namespace quenlor::graph {
+
+using platform::DrawingSurface;
+using platform::PixelRectangle;
+
+void Plot::Set(const PlotSettings& settings, const data::AxisRanges& ranges) {
+  settings_ = settings;
+  ranges_ = ranges;
+  SetScales();
+}
+
+void Plot::Fig(DrawingSurface& surface, const PlotLayout& layout) const {
+  const PixelRectangle picture1 = surface.Whole();
+  if (picture1.Empty()) return;
+  const PixelRectangle picture2 = layout.Picture2Pixels(picture1);
+  DrawPicture1(surface, picture1, layout);
+  DrawBackground(surface, picture2);
+  DrawGrid(surface, picture2);
+  DrawCurves(surface, picture2);
+}
+
+void Plot::DrawPicture1(DrawingSurface& surface, const PixelRectangle& area, const PlotLayout& layout) const {
+  if (area.Empty()) return;
+  surface.SetViewport(layout.Picture1Viewport(area));
+  surface.Clear(ToRgb(settings_.BackColor));
+  // From two series on, colours tell the series apart and say nothing about the quantity.
+  const bool neutral = values_.SeriesCount() >= 2;
+  const Color visco = neutral ? settings_.GridColor : settings_.colors[1];
+  const Color temp = neutral ? settings_.GridColor : settings_.colors[3];
+  graph::DrawLegend(surface, layout, settings_.kind, visco, temp, settings_.LineWidth);
+}
+
+void Plot::DrawBackground(DrawingSurface& surface, const PixelRectangle& area) const {
+  if (EnterPlot(surface, area)) surface.Clear(ToRgb(settings_.BackColor));
+}
+
+void Plot::DrawGrid(DrawingSurface& surface, const PixelRectangle& area) const {
+  if (EnterPlot(surface, area)) graph::DrawGrid(surface, axes_, settings_.GridColor);
+}
+
+void Plot::DrawCurves(DrawingSurface& surface, const PixelRectangle& area, Row first_row) const {
+  if (!EnterPlot(surface, area)) return;
+  CurvePainter(values_, axes_, settings_, surface).PaintRows(first_row - 1, values_.Size());
+}
+
+void Plot::PlotRow(DrawingSurface& surface, const PixelRectangle& area, Row row) const {
+  if (!EnterPlot(surface, area)) return;
+  CurvePainter(values_, axes_, settings_, surface).PaintRow(row - 1);
+}
+
+bool Plot::EnterPlot(DrawingSurface& surface, const PixelRectangle& area) const {
+  if (area.Empty()) return false;
+  surface.SetViewport({area, axes_.PlotUnits()});
+  return true;
+}
+
+KeptPlot::Drawn KeptPlot::Update(DrawingSurface& surface, const PixelRectangle& area) {
+  const Inputs now = InputsNow(surface, area);
+  const Index readings = plot_.values_.Size();
+  const bool keep = shown_ == now && readings >= shown_readings_ && !GrewDense(area);
+  if (keep && readings == shown_readings_) return Drawn::Nothing;
+  if (!keep) {
+    plot_.DrawBackground(surface, area);
+    plot_.DrawGrid(surface, area);
+  }
+  plot_.DrawCurves(surface, area, keep ? shown_readings_ + 1 : 1);
+  shown_ = now;
+  shown_readings_ = readings;
+  return keep ? Drawn::AppendedRows : Drawn::Everything;
+}
+
+KeptPlot::Inputs KeptPlot::InputsNow(const DrawingSurface& surface, const PixelRectangle& area) const {
+  return {plot_.settings_,
+          plot_.axes_,
+          area,
+          surface.PenScale(),
+          plot_.values_.Generation(),
+          plot_.values_.SeriesCount() >= 2};
+}
+
+bool KeptPlot::GrewDense(const PixelRectangle& area) const {
+  if (!plot_.settings_.smooth_sparse_runs || shown_readings_ == 0) return false;
+  const std::size_t run = plot_.values_.RunOf(shown_readings_ - 1);
+  const Index begin = plot_.values_.Runs()[run].first;
+  return CurvePainter::IsSparse(shown_readings_ - begin, area) !=
+         CurvePainter::IsSparse(plot_.values_.RunEnd(run) - begin, area);
+}
+
+}  // namespace quenlor::graph

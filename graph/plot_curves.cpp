@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include "graph/plot_curves.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "graph/plot_grid.h"
+
+namespace quenlor::graph {
+namespace {
+
+using platform::DrawingSurface;
+using platform::Point;
+using platform::Segment;
+using platform::Viewport;
+
+constexpr double kCircleRadius = 50;
+// Tall and narrow, to tell it from the circle.
+constexpr double kCrossHalfWidth = 40;
+constexpr double kCrossHalfHeight = 80;
+
+constexpr std::size_t kMostLinesAtOnce = 4096;
+
+int ReachOf(const Viewport& viewport, double pen) {
+  const double marker = std::max(
+      {viewport.Both(kCircleRadius), viewport.Across(kCrossHalfWidth), viewport.Down(kCrossHalfHeight)});
+  // Two more for what rounding adds on either side.
+  return static_cast<int>(std::clamp(marker + pen + 2, 0.0, 1e6));
+}
+
+}  // namespace
+
+CurvePainter::CurvePainter(const ValueArrays& values, const PlotAxes& axes, const PlotSettings& settings,
+                           DrawingSurface& surface)
+    : values_(values),
+      axes_(axes),
+      settings_(settings),
+      surface_(surface),
+      viewport_(surface.CurrentViewport()),
+      reach_(ReachOf(viewport_, settings.LineWidth * surface.PenScale())),
+      painted_(viewport_.Area().top - reach_, viewport_.Area().top + viewport_.Area().height + reach_) {
+  pen_.width = settings.LineWidth;
+}
+
+void CurvePainter::PaintRow(Index index) {
+  if (index < 0 || index >= values_.Size()) return;
+  EnterRun(values_.RunOf(index));
+  PaintReading(index);
+  Flush();
+}
+
+void CurvePainter::PaintRows(Index begin, Index end) {
+  end = std::min(end, values_.Size());
+  Index at = std::max<Index>(begin, 0);
+  while (at < end) {
+    const std::size_t run = values_.RunOf(at);
+    const Index stop = std::min(end, values_.RunEnd(run));
+    EnterRun(run);
+    if (pen_.smooth) {
+      while (at < stop) PaintReading(at++);
+    } else {
+      PaintColumns(at, stop);
+    }
+    at = stop;
+  }
+  Flush();
+}
+
+void CurvePainter::EnterRun(std::size_t run) {
+  const ValueArrays::Run& entered = values_.Runs()[run];
+  run_begin_ = entered.first;
+  const platform::Rgb series = ToRgb(RunColor(settings_.colors, entered.number));
+  const platform::Rgb temp = values_.SeriesCount() >= 2 ? series : ToRgb(settings_.colors[3]);
+  curves_.clear();
+  if (axes_.ShowsVisco()) curves_.push_back({Quantity::Visco, series});
+  if (axes_.ShowsTemp()) curves_.push_back({Quantity::Temp, temp});
+
+  const bool smooth =
+      settings_.smooth_sparse_runs && IsSparse(values_.RunEnd(run) - run_begin_, viewport_.Area());
+  if (smooth != pen_.smooth) {
+    Flush();
+    pen_.smooth = smooth;
+    pen_set_ = false;
+  }
+}
+
+// One reading as it is: marker and line from the reading before, of one curve after the other.
+void CurvePainter::PaintReading(Index index) {
+  for (const Curve& curve : curves_) {
+    UseColor(curve.color);
+    const Point here = PointOf(curve, index);
+    if (HasMarker(settings_.MarkerEvery, index - run_begin_)) PaintMarker(curve, here);
+    if (index > run_begin_) Line({PointOf(curve, index - 1), here});
+  }
+}
+
+void CurvePainter::PaintColumns(Index begin, Index end) {
+  const ValueColumn& xs = XValues();
+  // All that lies out of sight on one side is one column.
+  const int leftmost = viewport_.Area().left - reach_;
+  const int rightmost = viewport_.Area().left + viewport_.Area().width + reach_;
+  const auto column_of = [&](double x) {
+    return std::clamp(viewport_.Column(axes_.X(x)), leftmost, rightmost);
+  };
+
+  while (begin < end) {
+    const int column = column_of(xs[begin]);
+    const Index stop = xs.StretchEnd(begin + 1, end, [&](const ValueColumn::Extremes& block) {
+      return column_of(block.min) == column && column_of(block.max) == column;
+    });
+    PaintReading(begin);
+    if (stop - begin > 1 && column > leftmost && column < rightmost) PaintInColumn(begin, stop);
+    begin = stop;
+  }
+}
+
+// What the readings after the first add in their common pixel column.
+void CurvePainter::PaintInColumn(Index begin, Index end) {
+  const bool two_colors = curves_.size() == 2 && curves_[0].color != curves_[1].color;
+  if (two_colors &&
+      !Apart(RowsOf(Upright(curves_[0], begin, end)), RowsOf(Upright(curves_[1], begin, end)))) {
+    PaintTwoColors(begin, end);
+  } else {
+    for (const Curve& curve : curves_) PaintOneColor(curve, begin, end);
+  }
+}
+
+void CurvePainter::PaintOneColor(const Curve& curve, Index begin, Index end) {
+  UseColor(curve.color);
+  Line(Upright(curve, begin, end));
+  if (AnyMarker(begin + 1, end)) PaintMarkers(curve, begin + 1, end);
+}
+
+// Markers at the same pixel are the same, so a block whose pixels all have theirs is passed over.
+void CurvePainter::PaintMarkers(const Curve& curve, Index begin, Index end) {
+  painted_.Reset();
+  VisitBackwards(begin, end, ValueColumn::kLevels - 1, [&](Index block, Index block_end) {
+    if (!AnyMarker(block, block_end)) return true;
+    const PixelRows rows = RowsOf(Upright(curve, block, block_end));
+    if (painted_.Contain(rows)) return true;
+    if (block_end - block > 1) return false;
+    PaintMarker(curve, PointOf(curve, block));
+    painted_.Add(rows);
+    return true;
+  });
+}
+
+// Two curves of different colours over each other in one column: the newer reading lies on top, and of one
+// reading the temperature. From the newest back, what newer lines hide is left out; the rest is drawn from
+// the oldest on.
+void CurvePainter::PaintTwoColors(Index begin, Index end) {
+  if (AnyMarker(begin + 1, end)) {
+    while (++begin < end) PaintReading(begin);
+    return;
+  }
+  struct Piece {
+    platform::Rgb color;
+    Segment line;
+  };
+  std::vector<Piece> pieces;
+  painted_.Reset();
+  VisitBackwards(begin + 1, end, ValueColumn::kLevels - 1, [&](Index block, Index block_end) {
+    // The lines of the block begin at the reading before it.
+    const Segment visco = Upright(curves_[0], block - 1, block_end);
+    const Segment temp = Upright(curves_[1], block - 1, block_end);
+    const PixelRows visco_rows = RowsOf(visco);
+    const PixelRows temp_rows = RowsOf(temp);
+    if (painted_.Contain(visco_rows) && painted_.Contain(temp_rows)) return true;
+    if (block_end - block > 1 && !Apart(visco_rows, temp_rows)) return false;
+    pieces.push_back({curves_[1].color, temp});
+    pieces.push_back({curves_[0].color, visco});
+    painted_.Add(visco_rows);
+    painted_.Add(temp_rows);
+    return true;
+  });
+  for (auto piece = pieces.rbegin(); piece != pieces.rend(); ++piece) {
+    UseColor(piece->color);
+    Line(piece->line);
+  }
+}
+
+void CurvePainter::PaintMarker(const Curve& curve, Point centre) {
+  if (pen_.smooth) Flush();  // where smooth edges meet, the order shows
+  if (curve.quantity == Quantity::Visco) {
+    surface_.DrawCircle(centre, kCircleRadius);
+  } else {
+    surface_.DrawCross(centre, kCrossHalfWidth, kCrossHalfHeight);
+  }
+}
+
+const ValueColumn& CurvePainter::XValues() const {
+  return axes_.Kind() == GraphKind::ViscoTemp ? values_.Temp() : values_.Time();
+}
+
+Point CurvePainter::PointOf(const Curve& curve, Index index) const {
+  const double y = curve.quantity == Quantity::Visco ? axes_.ViscoY(values_.Visco()[index])
+                                                     : axes_.TempY(values_.Temp()[index]);
+  return {axes_.X(XValues()[index]), y};
+}
+
+// All lines among these readings, which share a pixel column, in one.
+Segment CurvePainter::Upright(const Curve& curve, Index begin, Index end) const {
+  const double x = axes_.X(XValues()[begin]);
+  const PlotAxes::Span span = curve.quantity == Quantity::Visco
+                                  ? axes_.ViscoSpan(values_.Visco().ExtremesOf(begin, end))
+                                  : axes_.TempSpan(values_.Temp().ExtremesOf(begin, end));
+  return {{x, span.from}, {x, span.to}};
+}
+
+PixelRows CurvePainter::RowsOf(const Segment& upright) const {
+  const auto [first, last] = std::minmax({viewport_.Row(upright.from.y), viewport_.Row(upright.to.y)});
+  return {first, last};
+}
+
+bool CurvePainter::AnyMarker(Index begin, Index end) const {
+  const Index step = MarkerStep(settings_.MarkerEvery);
+  if (step == 0) return begin <= run_begin_;
+  const Index place = begin - run_begin_;
+  return begin + (step - place % step) % step < end;
+}
+
+bool CurvePainter::Apart(PixelRows one, PixelRows other) const {
+  return one.last + 2 * reach_ < other.first || other.last + 2 * reach_ < one.first;
+}
+
+void CurvePainter::UseColor(platform::Rgb color) {
+  if (pen_set_ && color == pen_.color) return;
+  Flush();
+  pen_.color = color;
+  surface_.SetPen(pen_);
+  pen_set_ = true;
+}
+
+void CurvePainter::Line(const Segment& line) {
+  lines_.push_back(line);
+  if (lines_.size() >= kMostLinesAtOnce) Flush();
+}
+
+void CurvePainter::Flush() {
+  if (!lines_.empty()) surface_.DrawLines(lines_);
+  lines_.clear();
+}
+
+}  // namespace quenlor::graph

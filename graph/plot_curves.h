@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "graph/painted_rows.h"
+#include "graph/plot_axes.h"
+#include "graph/plot_settings.h"
+#include "graph/value_arrays.h"
+#include "platform/drawing_surface.h"
+
+namespace quenlor::graph {
+
+// Draws readings as curves, in the order of the readings: a later line lies over an earlier one.
+//
+// PaintRow draws one reading. PaintRows leaves the same pixels behind as PaintRow for each of the readings,
+// and looks at as many of them as there are pixel columns, not at all of them. Why that can be exact: points
+// stand on whole pixels, so the lines among neighbouring readings of one pixel column are upright and
+// together fill the column from the lowest to the highest of them; the value arrays know those two. Only the
+// line into a column leans, and it is drawn as it is.
+//
+// Order shows where two colours meet. Readings of different columns are drawn in their order. Within a column
+// two colours meet only when the viscosity and the temperature curve of a document with a single run overlap;
+// then the column is cut into blocks, the newest first, until the curves of a block lie apart or newer ones
+// hide it.
+class CurvePainter {
+ public:
+  // The surface has the plot's viewport.
+  CurvePainter(const ValueArrays& values, const PlotAxes& axes, const PlotSettings& settings,
+               platform::DrawingSurface& surface);
+
+  void PaintRow(Index index);
+  void PaintRows(Index begin, Index end);
+
+  // A run with fewer readings than pixel columns may be drawn with a smooth pen; nothing of it can be left
+  // out.
+  static bool IsSparse(Index readings, const platform::PixelRectangle& area) { return readings < area.width; }
+
+ private:
+  enum class Quantity { Visco, Temp };
+  struct Curve {
+    Quantity quantity;
+    platform::Rgb color;
+  };
+
+  void EnterRun(std::size_t run);
+  void PaintReading(Index index);
+  void PaintColumns(Index begin, Index end);
+  void PaintInColumn(Index begin, Index end);
+  void PaintOneColor(const Curve& curve, Index begin, Index end);
+  void PaintTwoColors(Index begin, Index end);
+  void PaintMarkers(const Curve& curve, Index begin, Index end);
+  void PaintMarker(const Curve& curve, platform::Point centre);
+
+  const ValueColumn& XValues() const;
+  platform::Point PointOf(const Curve& curve, Index index) const;
+  platform::Segment Upright(const Curve& curve, Index begin, Index end) const;
+  PixelRows RowsOf(const platform::Segment& upright) const;
+  bool AnyMarker(Index begin, Index end) const;
+  bool Apart(PixelRows one, PixelRows other) const;
+
+  void UseColor(platform::Rgb color);
+  void Line(const platform::Segment& line);
+  void Flush();
+
+  const ValueArrays& values_;
+  const PlotAxes& axes_;
+  const PlotSettings& settings_;
+  platform::DrawingSurface& surface_;
+  const platform::Viewport viewport_;
+  const int reach_;  // pixels that a line or marker may cover beyond its points
+  PaintedRows painted_;
+
+  Index run_begin_ = 0;
+  std::vector<Curve> curves_;  // of the run
+  platform::Pen pen_;
+  bool pen_set_ = false;
+  std::vector<platform::Segment> lines_;  // to be drawn with the pen
+};
+
+}  // namespace quenlor::graph

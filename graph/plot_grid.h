@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "graph/color_table.h"
+#include "graph/plot_axes.h"
+#include "platform/drawing_surface.h"
+
+namespace quenlor::graph {
+
+constexpr platform::Rgb ToRgb(Color color) { return {color.Red(), color.Green(), color.Blue()}; }
+
+// A rectangle in the units of what it lies in.
+struct Frame {
+  double left = 0;
+  double top = 0;
+  double width = 0;
+  double height = 0;
+};
+
+// How the graph area (Picture1, its scale sizes in twips) is divided.
+struct PlotLayout {
+  float scale_width = 0;
+  float scale_height = 0;
+  float UnitX = 0;
+  float UnitY = 0;
+
+  PlotLayout(float picture1_width, float picture1_height)
+      : scale_width(picture1_width),
+        scale_height(picture1_height),
+        UnitX(picture1_width / 8),
+        UnitY(picture1_height / 13.5F) {}
+
+  // Where the plot (Picture2) lies in Picture1.
+  Frame Picture2() const { return {0.9 * UnitX, 0.9 * UnitY, 6.2 * UnitX, 10.2 * UnitY}; }
+  // The same in device pixels, for a Picture1 that fills `area`.
+  platform::PixelRectangle Picture2Pixels(const platform::PixelRectangle& area) const;
+  // Picture1's twips laid over its pixels.
+  platform::Viewport Picture1Viewport(const platform::PixelRectangle& area) const;
+};
+
+// The grid, and with two curves the ticks of the temperature axis, in plot units on the viewport of Picture2.
+// A logarithmic axis without a decade has no horizontal lines.
+void DrawGrid(platform::DrawingSurface& surface, const PlotAxes& axes, Color GridColor);
+
+// The sample of each of the two curves, on the viewport of Picture1. Nothing for the graphs with one curve.
+void DrawLegend(platform::DrawingSurface& surface, const PlotLayout& layout, GraphKind kind, Color visco,
+                Color temp, int LineWidth);
+
+}  // namespace quenlor::graph

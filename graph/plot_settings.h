@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+
+#include "graph/color_table.h"
+#include "graph/plot_axes.h"
+#include "graph/value_column.h"
+
+namespace quenlor::graph {
+
+// How the graph is to look, beside the ranges of its axes.
+struct PlotSettings {
+  GraphKind kind = GraphKind::ViscoTime;
+  ViscoAxis visco_axis = ViscoAxis::Linear;
+  int LineWidth = 2;    // 1 or 2, of series lines and markers
+  int MarkerEvery = 0;  // the item of the "Marker" menu, 0 to 4
+  ColorTable colors = kDefaultColors;
+  Color BackColor = kWhite;
+  Color GridColor = kBlack;
+  bool smooth_sparse_runs = false;  // antialiased lines for runs with fewer readings than pixel columns
+
+  bool operator==(const PlotSettings&) const = default;
+};
+
+// From one marker of a series to the next: 1, 2, 5 or 10 points for the items of that name. 0, for the first
+// item and whatever is no item: only the first point of a series has a marker.
+inline Index MarkerStep(int MarkerEvery) {
+  constexpr std::array<Index, 5> kSteps = {0, 1, 2, 5, 10};
+  return MarkerEvery >= 0 && MarkerEvery < 5 ? kSteps[static_cast<std::size_t>(MarkerEvery)] : 0;
+}
+
+// Whether the point so far from its series' first one, which is 0, has a marker.
+inline bool HasMarker(int MarkerEvery, Index place) {
+  const Index step = MarkerStep(MarkerEvery);
+  return step == 0 ? place == 0 : place % step == 0;
+}
+
+}  // namespace quenlor::graph

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/qt_drawing_surface.h"
+
+#include <QFont>
+#include <QPaintEngine>
+#include <QPen>
+#include <QString>
+#include <algorithm>
+#include <cmath>
+
+namespace quenlor::platform::qt {
+namespace {
+
+QColor ColorOf(Rgb color) { return {color.red, color.green, color.blue}; }
+
+QRect RectOf(const PixelRectangle& area) { return {area.left, area.top, area.width, area.height}; }
+
+int AtLeastOne(double pixels) { return static_cast<int>(std::max(1L, std::lround(pixels))); }
+
+int FlagOf(Across across) {
+  switch (across) {
+    case Across::kLeft:
+      return Qt::AlignLeft;
+    case Across::kCentre:
+      return Qt::AlignHCenter;
+    case Across::kRight:
+      break;
+  }
+  return Qt::AlignRight;
+}
+
+int FlagOf(Down down) {
+  switch (down) {
+    case Down::kTop:
+      return Qt::AlignTop;
+    case Down::kCentre:
+      return Qt::AlignVCenter;
+    case Down::kBottom:
+      break;
+  }
+  return Qt::AlignBottom;
+}
+
+void DrawShape(QPainter& painter, QPoint centre, QSize half, bool circle) {
+  const QPoint rising(half.width(), -half.height());
+  const QPoint falling(half.width(), half.height());
+  if (circle) {
+    painter.drawEllipse(centre, half.width(), half.height());
+  } else {
+    painter.drawLine(centre - rising, centre + rising);
+    painter.drawLine(centre - falling, centre + falling);
+  }
+}
+
+// Where a text of no size stands, so that it grows away from the point on the side that its alignment says.
+QRectF TextAnchor(QPointF point) { return {point, QSizeF(0, 0)}; }
+
+}  // namespace
+
+QtDrawingSurface::QtDrawingSurface(QPainter& painter, QSize size, double pen_scale)
+    : painter_(painter), size_(size), pen_scale_(pen_scale) {
+  SetViewport({Whole(), {0, 0, std::max(1.0, 1.0 * size.width()), std::max(1.0, 1.0 * size.height())}});
+  SetPen({});
+}
+
+// The clip is set even where the area is all there is: with an explicit clip rectangle the raster painter
+// draws the same pixels up to twice as fast.
+void QtDrawingSurface::SetViewport(const Viewport& viewport) {
+  viewport_ = viewport;
+  if (painter_.isActive()) painter_.setClipRect(RectOf(viewport.Area()));
+}
+
+void QtDrawingSurface::SetPen(const Pen& pen) {
+  pen_ = pen;
+  if (!painter_.isActive()) return;
+  QPen qt_pen(ColorOf(pen.color));
+  qt_pen.setWidthF(pen.width * pen_scale_);
+  // Square ends make wide lines meet without gaps, and a line without length a dot.
+  qt_pen.setCapStyle(pen.smooth ? Qt::RoundCap : Qt::SquareCap);
+  qt_pen.setJoinStyle(Qt::RoundJoin);
+  if (pen.style == LineStyle::kDotted) {
+    qt_pen.setCapStyle(Qt::FlatCap);
+    qt_pen.setDashPattern({1, 2});
+  }
+  painter_.setPen(qt_pen);
+  painter_.setBrush(Qt::NoBrush);
+  painter_.setRenderHint(QPainter::Antialiasing, pen.smooth);
+}
+
+void QtDrawingSurface::Clear(Rgb color) {
+  if (painter_.isActive()) painter_.fillRect(RectOf(viewport_.Area()), ColorOf(color));
+}
+
+void QtDrawingSurface::DrawLines(std::span<const Segment> lines) {
+  if (!painter_.isActive()) return;
+  if (!pen_.smooth) return DrawPixelLines(lines);
+  smooth_lines_.clear();
+  for (const Segment& line : lines) smooth_lines_.emplace_back(PlaceOf(line.from), PlaceOf(line.to));
+  painter_.drawLines(smooth_lines_.data(), static_cast<int>(smooth_lines_.size()));
+}
+
+void QtDrawingSurface::DrawPixelLines(std::span<const Segment> lines) {
+  const int width = painter_.pen().width();
+  const bool fill_upright =
+      PaintsPixels() && pen_.style == LineStyle::kSolid && width >= 2 && painter_.pen().widthF() == width;
+  pixel_lines_.clear();
+  for (const Segment& line : lines) {
+    const QLine pixels(PixelAt(line.from), PixelAt(line.to));
+    if (fill_upright && pixels.x1() == pixels.x2()) {
+      // The pixels of the line; a wide pen takes many times as long for them.
+      const auto [top, bottom] = std::minmax({pixels.y1(), pixels.y2()});
+      const QRect rect(pixels.x1() - width / 2, top - width / 2, width, bottom - top + width);
+      painter_.fillRect(rect, painter_.pen().color());
+    } else {
+      pixel_lines_.push_back(pixels);
+    }
+  }
+  painter_.drawLines(pixel_lines_.data(), static_cast<int>(pixel_lines_.size()));
+}
+
+void QtDrawingSurface::DrawCircle(Point centre, double radius) {
+  const double pixels = viewport_.Both(radius);
+  if (!painter_.isActive() || OutOfSight(centre, pixels, pixels)) return;
+  if (pen_.smooth) {
+    painter_.drawEllipse(PlaceOf(centre), pixels, pixels);
+  } else {
+    DrawMarker(PixelAt(centre), {AtLeastOne(pixels), AtLeastOne(pixels)}, true);
+  }
+}
+
+void QtDrawingSurface::DrawCross(Point centre, double half_width, double half_height) {
+  const double across = viewport_.Across(half_width);
+  const double down = viewport_.Down(half_height);
+  if (!painter_.isActive() || OutOfSight(centre, across, down)) return;
+  if (pen_.smooth) {
+    const QPointF half(across, down);
+    const QPointF other(across, -down);
+    const QPointF middle = PlaceOf(centre);
+    painter_.drawLine(middle - other, middle + other);
+    painter_.drawLine(middle - half, middle + half);
+  } else {
+    DrawMarker(PixelAt(centre), {AtLeastOne(across), AtLeastOne(down)}, false);
+  }
+}
+
+void QtDrawingSurface::DrawMarker(QPoint centre, QSize half, bool circle) {
+  // Larger ones are few, and would be large pictures.
+  constexpr int kLargestStamp = 40;
+  if (PaintsPixels() && std::max(half.width(), half.height()) <= kLargestStamp) {
+    const QImage& stamp = StampOf(half, circle);
+    painter_.drawImage(centre - QPoint(stamp.width() / 2, stamp.height() / 2), stamp);
+  } else {
+    DrawShape(painter_, centre, half, circle);
+  }
+}
+
+const QImage& QtDrawingSurface::StampOf(QSize half, bool circle) {
+  constexpr std::size_t kMostStamps = 64;
+  const auto found = std::ranges::find_if(stamps_, [&](const Stamp& stamp) {
+    return stamp.pen == pen_ && stamp.half == half && stamp.circle == circle;
+  });
+  if (found != stamps_.end()) return found->picture;
+
+  const int margin = painter_.pen().width() + 2;
+  QImage picture(half * 2 + QSize(2 * margin, 2 * margin), QImage::Format_ARGB32_Premultiplied);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setPen(painter_.pen());
+  DrawShape(painter, {picture.width() / 2, picture.height() / 2}, half, circle);
+  painter.end();
+  if (stamps_.size() >= kMostStamps) stamps_.clear();
+  return stamps_.emplace_back(Stamp{pen_, half, circle, picture}).picture;
+}
+
+bool QtDrawingSurface::PaintsPixels() const { return painter_.paintEngine()->type() == QPaintEngine::Raster; }
+
+void QtDrawingSurface::DrawText(Point position, Across across, Down down, std::string_view text,
+                                double height) {
+  if (!painter_.isActive()) return;
+  QFont font = painter_.font();
+  font.setPixelSize(AtLeastOne(std::min(viewport_.Down(height), 1e4)));
+  painter_.setFont(font);
+  painter_.drawText(TextAnchor(PlaceOf(position)),
+                    FlagOf(across) | FlagOf(down) | Qt::TextDontClip | Qt::TextSingleLine,
+                    QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+}
+
+bool QtDrawingSurface::OutOfSight(Point centre, double half_width, double half_height) const {
+  const PixelRectangle& area = viewport_.Area();
+  const double pen = pen_.width * pen_scale_ + 1;
+  const auto [x, y] = PlaceOf(centre);
+  return x < area.left - half_width - pen || x > area.left + area.width + half_width + pen ||
+         y < area.top - half_height - pen || y > area.top + area.height + half_height + pen;
+}
+
+QPointF QtDrawingSurface::PlaceOf(Point point) const {
+  const auto bounded = [](double position) {
+    constexpr double kFarthest = Viewport::kFarthest;
+    return std::isnan(position) ? -kFarthest : std::clamp(position, -kFarthest, kFarthest);
+  };
+  return {bounded(viewport_.DeviceX(point.x)), bounded(viewport_.DeviceY(point.y))};
+}
+
+}  // namespace quenlor::platform::qt

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "graph/label_layout.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace quenlor::graph {
+namespace {
+
+// Letters as wide as six tenths of their height, like those of a usual font.
+double TextWidth(std::string_view text, double height) {
+  return 0.6 * height * static_cast<double>(text.size());
+}
+
+struct Placed {
+  std::string name;
+  PlacedLabel label;
+};
+
+std::vector<Placed> Visible(const LabelLayout& layout) {
+  std::vector<Placed> visible;
+  const auto add = [&](const auto& labels, const char* name) {
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+      if (labels[i].visible) visible.push_back({name + std::to_string(i), labels[i]});
+    }
+  };
+  add(layout.Label5, "Label5.");
+  add(layout.Label6, "Label6.");
+  add(layout.Label7, "Label7.");
+  add(layout.Label8, "Label8.");
+  add(layout.Label9, "Label9.");
+  add(layout.Label10, "Label10.");
+  return visible;
+}
+
+AxisLabels Labels(ViscoAxis axis, int log_min = 0, int log_max = 2) {
+  data::AxisRanges ranges;
+  ranges.ViscoLogMin = static_cast<std::int16_t>(log_min);
+  ranges.ViscoLogMax = static_cast<std::int16_t>(log_max);
+  return LabelsOf(ranges, {TimeUnit::Minute, axis});
+}
+
+LabelLayout Layout(GraphKind kind, ViscoAxis axis = ViscoAxis::Linear, double width = 8000,
+                   double height = 7000) {
+  return LayoutLabels(width, height, kind, Labels(axis), TextWidth);
+}
+
+TEST(LabelLayout, TimeAxisStandsBelowTheTimeGraphs) {
+  const LabelLayout layout = Layout(GraphKind::ViscoTime);
+  for (int i = 1; i <= 5; ++i) EXPECT_TRUE(layout.Label7[static_cast<std::size_t>(i)].visible) << i;
+  EXPECT_TRUE(layout.Label5[0].visible);
+  EXPECT_TRUE(layout.Label6[5].visible);
+  EXPECT_GT(layout.Label7[1].box.top, 11 * 7000 / 13.5);
+}
+
+TEST(LabelLayout, TemperatureStandsOnTheRightOfTheGraphWithBothCurvesAlone) {
+  EXPECT_FALSE(Layout(GraphKind::ViscoTime).Label9[5].visible);
+  EXPECT_FALSE(Layout(GraphKind::ViscoTime).Label5[4].visible);
+  const LabelLayout layout = Layout(GraphKind::ViscoTempTime);
+  EXPECT_TRUE(layout.Label9[5].visible);
+  EXPECT_TRUE(layout.Label6[2].visible);
+  EXPECT_GT(layout.Label9[5].box.left, 7 * 1000);
+}
+
+TEST(LabelLayout, TemperatureStandsBelowAndTimeIsHiddenInTheGraphWithoutTime) {
+  const LabelLayout layout = Layout(GraphKind::ViscoTemp);
+  EXPECT_FALSE(layout.Label7[3].visible);
+  EXPECT_FALSE(layout.Label5[0].visible);
+  EXPECT_FALSE(layout.Label6[0].visible);
+  EXPECT_FALSE(layout.Label6[5].visible);
+  EXPECT_TRUE(layout.Label9[5].visible);
+  EXPECT_GT(layout.Label9[5].box.top, 11 * 7000 / 13.5);
+  EXPECT_TRUE(layout.Label6[2].visible);
+}
+
+TEST(LabelLayout, ALabelStandsBesideItsGridLine) {
+  const LabelLayout layout = Layout(GraphKind::ViscoTime);
+  const double unit_y = 7000 / 13.5;
+  const Box& box = layout.Label8[3].box;  // three tenths up
+  EXPECT_NEAR(box.top + box.height / 2, (11 - 3) * unit_y, 1);
+  EXPECT_LT(box.left + box.width, 0.9 * 1000);
+}
+
+TEST(LabelLayout, NothingOverlapsOrLeavesTheAreaInAnyKindAxisAndSize) {
+  for (const double width : {5000.0, 7000.0, 12000.0, 50000.0}) {
+    for (const double height : {5200.0, 8000.0, 30000.0}) {
+      for (const auto kind : {GraphKind::ViscoTime, GraphKind::ViscoTempTime, GraphKind::ViscoTemp}) {
+        for (int decades = 0; decades <= 7; ++decades) {
+          const AxisLabels labels =
+              decades == 0 ? Labels(ViscoAxis::Linear) : Labels(ViscoAxis::Log, -1, decades - 1);
+          const auto visible = Visible(LayoutLabels(width, height, kind, labels, TextWidth));
+          for (std::size_t i = 0; i < visible.size(); ++i) {
+            const Box& one = visible[i].label.box;
+            EXPECT_GE(one.left, -1) << visible[i].name;
+            EXPECT_LE(one.left + one.width, width + 1) << visible[i].name;
+            for (std::size_t j = i + 1; j < visible.size(); ++j) {
+              const Box& other = visible[j].label.box;
+              // Boxes have room above and below their letters; a fifth of a line of it may be shared.
+              const double air = 0.2 * std::min(one.height, other.height);
+              const bool apart =
+                  one.left + one.width <= other.left + 1 || other.left + other.width <= one.left + 1 ||
+                  one.top + one.height <= other.top + air || other.top + other.height <= one.top + air;
+              EXPECT_TRUE(apart) << visible[i].name << " and " << visible[j].name << " at " << width << " x "
+                                 << height << ", " << decades << " decades";
+            }
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(LabelLayout, ASizeOfNothingIsNoTrouble) {
+  for (const double size : {0.0, 1.0, -5.0}) {
+    LayoutLabels(size, size, GraphKind::ViscoTempTime, Labels(ViscoAxis::Log), TextWidth);
+  }
+}
+
+}  // namespace
+}  // namespace quenlor::graph

@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: MIT
+#include "graph/value_arrays.h"
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "graph/painted_rows.h"
+#include "tests/graph/plot_readings.h"
+
+namespace quenlor::graph {
+namespace {
+
+using testing::ElementsAre;
+
+std::vector<Index> FirstOfRuns(const ValueArrays& values) {
+  std::vector<Index> first;
+  for (const ValueArrays::Run& run : values.Runs()) first.push_back(run.first);
+  return first;
+}
+
+data::MeasurementTable TableOfCells(const std::vector<std::vector<std::string_view>>& rows) {
+  data::MeasurementTable table;
+  for (const auto& row : rows) table.AppendRow(row);
+  return table;
+}
+
+TEST(ValueArrays, AreEmptyWithoutReadings) {
+  const ValueArrays values = ValuesOf({});
+  EXPECT_EQ(values.Size(), 0);
+  EXPECT_TRUE(values.Runs().empty());
+  EXPECT_EQ(values.SeriesCount(), 0);
+  EXPECT_FALSE(values.Extremes().HasReadings);
+  EXPECT_EQ(values.Extremes().LastTime, 0);
+  EXPECT_EQ(values.Extremes().DataViscoMax, 0);
+  EXPECT_EQ(values.Extremes().PosViscoMin, 0);
+  EXPECT_EQ(values.LastRow(1), 0);
+}
+
+TEST(ValueArrays, CellsAreReadAsNumbersAndTimes) {
+  const auto table = TableOfCells({{"1", "01:02:05", "12,5", "-3"}, {"1", "90", "1e2 mPas", " 25.5"}});
+  ValueArrays values;
+  CopyAll(values, table);
+  EXPECT_EQ(values.Time()[0], 3725);
+  EXPECT_EQ(values.Visco()[0], 12.5);
+  EXPECT_EQ(values.Temp()[0], -3);
+  EXPECT_EQ(values.Time()[1], 90);
+  EXPECT_EQ(values.Visco()[1], 100);
+  EXPECT_EQ(values.Temp()[1], 25.5);
+}
+
+TEST(ValueArrays, WhatIsNoNumberCountsAsZero) {
+  const auto table = TableOfCells({{"No", "soon", "", "high"}, {"1"}});
+  ValueArrays values;
+  CopyAll(values, table);
+  EXPECT_EQ(values.Size(), 2);
+  for (Index i = 0; i < 2; ++i) {
+    EXPECT_EQ(values.Time()[i], 0);
+    EXPECT_EQ(values.Visco()[i], 0);
+    EXPECT_EQ(values.Temp()[i], 0);
+  }
+  EXPECT_EQ(values.Runs()[0].number, 0);
+}
+
+TEST(ValueArrays, NumbersWithoutBoundsStayFinite) {
+  const auto table = TableOfCells({{"99999999999999999999", "1e999", "-1e999", "1e308"}});
+  ValueArrays values;
+  CopyAll(values, table);
+  EXPECT_EQ(values.Time()[0], std::numeric_limits<double>::max());
+  EXPECT_EQ(values.Visco()[0], std::numeric_limits<double>::lowest());
+  EXPECT_EQ(values.Runs()[0].number, 1000000000);
+}
+
+TEST(ValueArrays, ARunIsAStretchOfEqualNumberTexts) {
+  const auto table = TableOfCells({{"1"}, {"1"}, {"2"}, {"02"}, {"1"}, {"1"}});
+  ValueArrays values;
+  CopyAll(values, table);
+  EXPECT_THAT(FirstOfRuns(values), ElementsAre(0, 2, 3, 4));
+  EXPECT_EQ(values.Runs()[2].number, 2);
+  EXPECT_EQ(values.RunEnd(0), 2);
+  EXPECT_EQ(values.RunEnd(3), 6);
+  EXPECT_EQ(values.RunOf(0), 0U);
+  EXPECT_EQ(values.RunOf(1), 0U);
+  EXPECT_EQ(values.RunOf(2), 1U);
+  EXPECT_EQ(values.RunOf(5), 3U);
+}
+
+TEST(ValueArrays, SeriesCountCountsDistinctNumbers) {
+  EXPECT_EQ(ValuesOf({{1}, {1}}).SeriesCount(), 1);
+  EXPECT_EQ(ValuesOf({{1}, {2}, {1}, {11}}).SeriesCount(), 3);
+}
+
+TEST(ValueArrays, ExtremesAreThoseOfAllReadings) {
+  const auto extremes = ValuesOf({{1, 10, -5, 20}, {1, 30, 0, -7}, {2, 5, 8, 3}, {2, 6, 0.5, 3}}).Extremes();
+  EXPECT_TRUE(extremes.HasReadings);
+  EXPECT_EQ(extremes.DataViscoMin, -5);
+  EXPECT_EQ(extremes.DataViscoMax, 8);
+  EXPECT_EQ(extremes.PosViscoMin, 0.5);
+  EXPECT_EQ(extremes.PosViscoMax, 8);
+  EXPECT_EQ(extremes.DataTempMin, -7);
+  EXPECT_EQ(extremes.DataTempMax, 20);
+}
+
+TEST(ValueArrays, WithoutPositiveViscosityItsExtremesAreZero) {
+  const auto extremes = ValuesOf({{1, 0, -5}, {1, 1, 0}}).Extremes();
+  EXPECT_EQ(extremes.PosViscoMin, 0);
+  EXPECT_EQ(extremes.PosViscoMax, 0);
+  EXPECT_EQ(extremes.DataViscoMax, 0);
+  EXPECT_EQ(extremes.DataViscoMin, -5);
+}
+
+TEST(ValueArrays, LastTimeIsTheNewestReadingsAndAfterARescanTheLargest) {
+  auto table = TableOf({{1, 100}, {1, 300}});
+  ValueArrays values;
+  CopyAll(values, table);
+  Append(table, {2, 5});
+  CopyNewest(values, table);
+  EXPECT_EQ(values.Extremes().LastTime, 5);
+  values.CopyAll_Time(table);
+  EXPECT_EQ(values.Extremes().LastTime, 300);
+}
+
+TEST(ValueArrays, AppendingOneByOneGivesWhatARescanGives) {
+  data::MeasurementTable table;
+  ValueArrays appended;
+  const auto generation = appended.Generation();
+  std::mt19937 engine(7);
+  std::uniform_real_distribution<double> value(-10, 90);
+  for (int i = 0; i < 3000; ++i) {
+    Append(table, {1 + i / 700, i * 0.5, value(engine), value(engine)});
+    CopyNewest(appended, table);
+  }
+  ValueArrays scanned;
+  CopyAll(scanned, table);
+
+  EXPECT_EQ(appended.Generation(), generation) << "nothing but appended";
+  ASSERT_EQ(appended.Size(), scanned.Size());
+  EXPECT_EQ(FirstOfRuns(appended), FirstOfRuns(scanned));
+  EXPECT_EQ(appended.SeriesCount(), scanned.SeriesCount());
+  EXPECT_EQ(appended.Extremes().DataViscoMin, scanned.Extremes().DataViscoMin);
+  EXPECT_EQ(appended.Extremes().PosViscoMin, scanned.Extremes().PosViscoMin);
+  EXPECT_EQ(appended.Extremes().DataTempMax, scanned.Extremes().DataTempMax);
+  for (Index i = 0; i < appended.Size(); ++i) ASSERT_EQ(appended.Visco()[i], scanned.Visco()[i]);
+  for (int run = 1; run <= 10; ++run) EXPECT_EQ(appended.LastRow(run), scanned.LastRow(run));
+}
+
+TEST(ValueArrays, AReadingOutOfStepMakesTheColumnBeReadAgain) {
+  auto table = TableOf({{1, 1, 10, 20}, {1, 2, 11, 21}});
+  ValueArrays values;
+  CopyNewest(values, table);  // the first row was never copied
+  EXPECT_EQ(values.Size(), 2);
+  EXPECT_EQ(values.Visco()[0], 10);
+  CopyNewest(values, table);  // the same one again
+  EXPECT_EQ(values.Size(), 2);
+  EXPECT_EQ(values.Temp()[1], 21);
+}
+
+TEST(ValueArrays, AnEditAndADeletionAreSeenByARescan) {
+  auto table = TableOf({{1, 1, 10, 20}, {1, 2, 500, 21}, {2, 3, 12, 22}});
+  ValueArrays values;
+  CopyAll(values, table);
+  const auto generation = values.Generation();
+
+  table.SetTextMatrix(1, kViscoColumn, "7");
+  values.CopyAll_Visco(table, kViscoColumn);
+  EXPECT_EQ(values.Extremes().DataViscoMin, 7);
+  EXPECT_NE(values.Generation(), generation);
+
+  table.RemoveRows(2, 3);
+  CopyAll(values, table);
+  EXPECT_EQ(values.Size(), 1);
+  EXPECT_EQ(values.Extremes().DataViscoMax, 7);
+  EXPECT_EQ(values.SeriesCount(), 1);
+
+  table.RemoveRows(1, 1);
+  CopyAll(values, table);
+  EXPECT_EQ(values.Size(), 0);
+  EXPECT_FALSE(values.Extremes().HasReadings);
+  EXPECT_EQ(values.Extremes().LastTime, 0);
+}
+
+TEST(ValueArrays, OnlyCompleteReadingsCount) {
+  const auto table = TableOf({{1, 1, 10, 20}, {2, 2, 11, 21}});
+  ValueArrays values;
+  values.CopyAll_Time(table);
+  EXPECT_EQ(values.Size(), 0);
+  EXPECT_EQ(values.RunEnd(1), 0);
+  values.CopyAll_Visco(table, kViscoColumn);
+  EXPECT_EQ(values.Size(), 0);
+  values.CopyAll_Temp(table, kTempColumn);
+  EXPECT_EQ(values.Size(), 2);
+}
+
+TEST(ValueArrays, TheNewestRowOfEachOfTheFirstTenRunsIsKnown) {
+  const ValueArrays values = ValuesOf({{1}, {1}, {10}, {11}, {1}, {0}, {-1}});
+  EXPECT_EQ(values.LastRow(1), 5);
+  EXPECT_EQ(values.LastRow(10), 3);
+  EXPECT_EQ(values.LastRow(2), 0);
+}
+
+TEST(ValueColumn, NumbersThatAreNoneBecomeSome) {
+  ValueColumn column;
+  column.Append(std::numeric_limits<double>::quiet_NaN());
+  column.Append(std::numeric_limits<double>::infinity());
+  column.Append(-std::numeric_limits<double>::infinity());
+  EXPECT_EQ(column[0], 0);
+  EXPECT_EQ(column[1], std::numeric_limits<double>::max());
+  EXPECT_EQ(column[2], std::numeric_limits<double>::lowest());
+}
+
+class ValueColumnSummaries : public testing::Test {
+ protected:
+  ValueColumnSummaries() {
+    std::uniform_real_distribution<double> value(-20, 20);
+    for (int i = 0; i < 40000; ++i) column_.Append(i % 977 == 0 ? 0 : value(engine_) + i / 5000);
+  }
+
+  ValueColumn::Extremes Naive(Index begin, Index end) const {
+    ValueColumn::Extremes all;
+    for (Index i = begin; i < end; ++i) {
+      all.min = std::min(all.min, column_[i]);
+      all.max = std::max(all.max, column_[i]);
+      if (column_[i] > 0) all.positive_min = std::min(all.positive_min, column_[i]);
+    }
+    return all;
+  }
+
+  std::mt19937 engine_{3};
+  ValueColumn column_;
+};
+
+TEST_F(ValueColumnSummaries, TellTheExtremesOfEveryStretch) {
+  std::uniform_int_distribution<Index> any(0, column_.Size());
+  for (int i = 0; i < 2000; ++i) {
+    const auto [begin, end] = std::minmax({any(engine_), any(engine_)});
+    const auto found = column_.ExtremesOf(begin, end);
+    const auto expected = Naive(begin, end);
+    ASSERT_EQ(found.min, expected.min) << begin << " to " << end;
+    ASSERT_EQ(found.max, expected.max);
+    ASSERT_EQ(found.positive_min, expected.positive_min);
+  }
+}
+
+TEST_F(ValueColumnSummaries, FindWhereAStretchEnds) {
+  std::uniform_int_distribution<Index> any(0, column_.Size());
+  std::uniform_real_distribution<double> limit(15, 30);
+  for (int i = 0; i < 2000; ++i) {
+    const auto [begin, end] = std::minmax({any(engine_), any(engine_)});
+    const double most = limit(engine_);
+    Index expected = begin;
+    while (expected < end && column_[expected] <= most) ++expected;
+    ASSERT_EQ(column_.StretchEnd(begin, end, [&](const auto& block) { return block.max <= most; }), expected);
+  }
+}
+
+TEST_F(ValueColumnSummaries, ALongStretchIsFoundInFewSteps) {
+  int steps = 0;
+  const Index end = column_.StretchEnd(1, column_.Size() - 1, [&](const auto&) {
+    ++steps;
+    return true;
+  });
+  EXPECT_EQ(end, column_.Size() - 1);
+  EXPECT_LT(steps, 200);
+}
+
+TEST_F(ValueColumnSummaries, StartAgainWhenCleared) {
+  column_.Clear();
+  for (int i = 0; i < 40; ++i) column_.Append(1);
+  EXPECT_EQ(column_.Size(), 40);
+  EXPECT_EQ(column_.ExtremesOf(0, 40).max, 1);
+}
+
+TEST(VisitBackwards, ComesByEveryReadingOnceFromTheNewest) {
+  for (const auto& [begin, end] : {std::pair<Index, Index>{0, 0}, {0, 1}, {5, 40}, {31, 33}, {7, 70000}}) {
+    Index next = end;
+    VisitBackwards(begin, end, ValueColumn::kLevels - 1, [&, low = begin](Index block, Index block_end) {
+      EXPECT_GE(block, low);
+      if (block_end - block > 1 && block % 3 != 0) return false;
+      EXPECT_EQ(block_end, next);
+      next = block;
+      return true;
+    });
+    EXPECT_EQ(next, begin);
+  }
+}
+
+TEST(PaintedRows, AreContainedFromWhenTheyAreAdded) {
+  PaintedRows rows(-5, 20);
+  rows.Reset();
+  EXPECT_FALSE(rows.Contain({0, 0}));
+  rows.Add({0, 4});
+  rows.Add({6, 9});
+  EXPECT_TRUE(rows.Contain({0, 4}));
+  EXPECT_TRUE(rows.Contain({7, 7}));
+  EXPECT_FALSE(rows.Contain({0, 9}));
+  rows.Add({5, 5});
+  EXPECT_TRUE(rows.Contain({0, 9}));
+  EXPECT_FALSE(rows.Contain({-1, 3}));
+  rows.Reset();
+  EXPECT_FALSE(rows.Contain({3, 3}));
+}
+
+TEST(PaintedRows, NobodySeesWhatLiesBeyond) {
+  PaintedRows rows(-5, 20);
+  rows.Reset();
+  EXPECT_TRUE(rows.Contain({-1000, -6}));
+  EXPECT_TRUE(rows.Contain({21, 1000}));
+  EXPECT_FALSE(rows.Contain({-1000, -5}));
+  EXPECT_FALSE(rows.Contain({20, 1000}));
+  rows.Add({-16777216, 16777216});
+  EXPECT_TRUE(rows.Contain({-5, 20}));
+}
+
+}  // namespace
+}  // namespace quenlor::graph
