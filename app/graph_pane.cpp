@@ -22,7 +22,7 @@ QString ToText(const std::string& text) { return QString::fromStdString(text); }
 
 QFont LabelFont(const QWidget* widget, double text_height) {
   QFont font = widget->font();
-  font.setPixelSize(std::max(1, static_cast<int>(std::lround(text_height / kTwipsPerPixel))));
+  font.setPixelSize(std::max(1, static_cast<int>(text_height / kTwipsPerPixel)));
   return font;
 }
 
@@ -39,7 +39,8 @@ void Caption::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   QStringList lines;
   for (const QString& line : text().split(QLatin1Char('\n'))) {
-    lines += fontMetrics().elidedText(line, Qt::ElideRight, width());
+    const bool fits = fontMetrics().horizontalAdvance(line) <= width() + 1;  // a pixel is lost to rounding
+    lines += fits ? line : fontMetrics().elidedText(line, Qt::ElideRight, width());
   }
   painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(rect(), static_cast<int>(alignment()), lines.join(QLatin1Char('\n')));
@@ -181,21 +182,26 @@ void GraphPane::LayoutLabels() {
     return font.horizontalAdvance(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))) *
            kTwipsPerPixel;
   };
+  std::vector<std::string> legend;
+  for (const Caption* caption : Label10) {
+    for (const QString& line : caption->text().split(QLatin1Char('\n'))) legend.push_back(line.toStdString());
+  }
   const graph::LabelLayout layout =
-      graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), labels, text_width);
-  const QFont font = LabelFont(this, layout.text_height);
-  const auto place = [&](auto& captions, const auto& placed, std::size_t from) {
+      graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), labels, legend, text_width);
+  const QFont axis_font = LabelFont(this, layout.text_height);
+  const QFont legend_font = LabelFont(this, layout.legend_text_height);
+  const auto place = [&](auto& captions, const auto& placed, std::size_t from, const QFont& font) {
     for (std::size_t i = from; i < captions.size(); ++i) {
       if (captions[i]->font() != font) captions[i]->setFont(font);
       Place(captions[i], placed[i]);
     }
   };
-  place(Label5, layout.Label5, 0);
-  place(Label6, layout.Label6, 0);
-  place(Label7, layout.Label7, 1);
-  place(Label8, layout.Label8, 1);
-  place(Label9, layout.Label9, 1);
-  place(Label10, layout.Label10, 0);
+  place(Label5, layout.Label5, 0, axis_font);
+  place(Label6, layout.Label6, 0, axis_font);
+  place(Label7, layout.Label7, 1, axis_font);
+  place(Label8, layout.Label8, 1, axis_font);
+  place(Label9, layout.Label9, 1, axis_font);
+  place(Label10, layout.Label10, 0, legend_font);
 
   const graph::Frame plot =
       graph::PlotLayout(static_cast<float>(twips_wide), static_cast<float>(twips_high)).Picture2();

@@ -11,13 +11,6 @@ namespace {
 
 constexpr int kMostCellCharacters = 1000;  // a view lays out all of a text to show its first inch
 
-// Black or white, whichever stands out: the eye takes green as brightest and blue as darkest (Rec. 601
-// weights).
-QColor ReadableOn(const QColor& background) {
-  const int luma = (299 * background.red() + 587 * background.green() + 114 * background.blue()) / 1000;
-  return luma > 140 ? QColor(Qt::black) : QColor(Qt::white);
-}
-
 int ToCount(data::Document::Row rows) {
   return static_cast<int>(std::min<data::Document::Row>(rows, std::numeric_limits<int>::max()));
 }
@@ -65,8 +58,8 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   if (role != Qt::BackgroundRole && role != Qt::ForegroundRole) return {};
   const long long run = RunOfRow(row);
   if (run == 0) return {};
-  const QColor color = ToQColor(graph::RunColor(colors_.Colors(), run));
-  return role == Qt::BackgroundRole ? color : ReadableOn(color);
+  const graph::Color color = graph::RunColor(colors_.Colors(), run);
+  return ToQColor(role == Qt::BackgroundRole ? color : graph::ReadableOn(color));
 }
 
 bool GridModel::Sync() {

@@ -17,6 +17,12 @@ constexpr double kPlotWidth = 6.2 * 100 / 102;
 constexpr double kPlotTop = 0.9 + 10.2 / 102;
 constexpr double kPlotHeight = 10.2 * 100 / 102;
 
+// Widths in units: of a label beside the plot, of the date above it, and of a run in the legend.
+constexpr double kSideWidth = 0.8;
+constexpr double kDateWidth = 3.0;
+constexpr double kLegendWidth = 7.8 / 11;
+constexpr std::string_view kLongestDate = "2000/00/00 00:00:00";
+
 class Layout {
  public:
   Layout(double width, double height, double text_height)
@@ -30,10 +36,10 @@ class Layout {
 
   // A label of the left axis at that place of its range, and one of the right axis.
   PlacedLabel LeftOfPlot(double place) const {
-    return {Row(0.05, 0.8, PlotY(place)), TextSide::kRight, true};
+    return {Row(0.05, kSideWidth, PlotY(place)), TextSide::kRight, true};
   }
   PlacedLabel RightOfPlot(double place) const {
-    return {Row(7.15, 0.83, PlotY(place)), TextSide::kLeft, true};
+    return {Row(7.15, kSideWidth, PlotY(place)), TextSide::kLeft, true};
   }
 
   // Below the plot, and below the lowest labels beside it.
@@ -64,6 +70,36 @@ int Stride(double room, double needed, int divisions) {
   return divisions;
 }
 
+using TextWidth = std::function<double(std::string_view text, double text_height)>;
+
+// The height at which a text is that wide.
+double HeightToFit(std::string_view text, double width, const TextWidth& text_width) {
+  constexpr double kMeasured = kLargestText;
+  const double measured = text_width(text, kMeasured);
+  return measured > 0 ? kMeasured * width / measured : kLargestText;
+}
+
+// Five lines stand below the plot, and beside it the longest label of an axis.
+double TextHeight(double width, double height, const AxisLabels& labels, const TextWidth& text_width) {
+  double text_height = 0.36 * height / 13.5;
+  const auto fit = [&](std::string_view text, double units) {
+    text_height = std::min(text_height, HeightToFit(text, units * width / 8, text_width));
+  };
+  for (const std::string& text : labels.Label5) fit(text, kSideWidth);
+  for (const TickLabel& label : labels.Label8) fit(label.text, kSideWidth);
+  for (const TickLabel& label : labels.Label9) fit(label.text, kSideWidth);
+  fit(kLongestDate, kDateWidth);
+  return std::clamp(text_height, kSmallestText, kLargestText);
+}
+
+double LegendTextHeight(double text_height, double width, const std::vector<std::string>& legend,
+                        const TextWidth& text_width) {
+  for (const std::string& line : legend) {
+    text_height = std::min(text_height, HeightToFit(line, 0.97 * kLegendWidth * width / 8, text_width));
+  }
+  return std::max(text_height, kSmallestText);
+}
+
 template <std::size_t N>
 double Widest(const std::array<TickLabel, N>& labels, const std::function<double(std::string_view)>& width) {
   double widest = 0;
@@ -74,9 +110,11 @@ double Widest(const std::array<TickLabel, N>& labels, const std::function<double
 }  // namespace
 
 LabelLayout LayoutLabels(double width, double height, GraphKind kind, const AxisLabels& labels,
+                         const std::vector<std::string>& legend,
                          const std::function<double(std::string_view, double)>& text_width) {
   LabelLayout result;
-  result.text_height = std::clamp(height / 13.5 * 0.40, kSmallestText, kLargestText);
+  result.text_height = TextHeight(width, height, labels, text_width);
+  result.legend_text_height = LegendTextHeight(result.text_height, width, legend, text_width);
   const Layout at(width, height, result.text_height);
   const auto measure = [&](std::string_view text) { return text_width(text, result.text_height); };
   const double gap = measure("0");
@@ -86,11 +124,11 @@ LabelLayout LayoutLabels(double width, double height, GraphKind kind, const Axis
 
   // The captions above the plot: left title, file name over date, right title.
   const double title_top = at.Y(0.3) - at.Line() / 2;
-  result.Label6[1] = {{at.X(1.3), title_top, at.X(1.5), at.Line()}, TextSide::kLeft, true};
-  result.Label6[4] = {{at.X(2.85), 0, at.X(2.3), at.Line()}, TextSide::kCentre, true};
-  result.Label6[3] = {{at.X(2.85), at.Line(), at.X(2.3), at.Line()}, TextSide::kCentre, true};
+  result.Label6[1] = {{at.X(1.3), title_top, at.X(1.2), at.Line()}, TextSide::kLeft, true};
+  result.Label6[4] = {{at.X(2.5), 0, at.X(kDateWidth), at.Line()}, TextSide::kCentre, true};
+  result.Label6[3] = {{at.X(2.5), at.Line(), at.X(kDateWidth), at.Line()}, TextSide::kCentre, true};
   result.Label6[2] = {
-      {at.X(5.2), title_top, at.X(1.5), at.Line()}, TextSide::kRight, kind == GraphKind::ViscoTempTime};
+      {at.X(5.5), title_top, at.X(1.2), at.Line()}, TextSide::kRight, kind == GraphKind::ViscoTempTime};
 
   // The viscosity axis.
   result.Label5[2] = at.LeftOfPlot(0);
@@ -142,7 +180,7 @@ LabelLayout LayoutLabels(double width, double height, GraphKind kind, const Axis
   // The legend in one row of eleven, two lines each, and the remarks below it.
   const double legend_top = below_title + at.Line();
   for (std::size_t i = 0; i < result.Label10.size(); ++i) {
-    const double cell = at.X(7.8) / 11;
+    const double cell = at.X(kLegendWidth);
     result.Label10[i] = {{at.X(0.1) + static_cast<double>(i) * cell, legend_top, cell, 2 * at.Line()},
                          TextSide::kCentre,
                          true};

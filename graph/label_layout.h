@@ -3,7 +3,9 @@
 
 #include <array>
 #include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "graph/axis_labels.h"
 #include "graph/plot_axes.h"
@@ -36,12 +38,15 @@ struct LabelLayout {
   std::array<PlacedLabel, 10> Label8;   // viscosity, from 1
   std::array<PlacedLabel, 10> Label9;   // temperature, from 1
   std::array<PlacedLabel, 11> Label10;  // legend: heading, then runs 1 to 10
-  double text_height = 0;               // of all of them, in twips
+  double text_height = 0;               // of all but the legend, in twips
+  double legend_text_height = 0;
 };
 
-// The layout of a graph area of that size. `text_width` gives a text's width in twips in letters of a given
+// The layout of a graph area of that size. Letters are as large as the area allows: none of the texts is cut, neither
+// at the axes nor in the legend, whose lines are `legend`, as long as letters of seven pixels fit. `text_width` gives a text's width in twips in letters of a given
 // height; where the labels of an axis would not fit side by side, only some of them are visible.
 LabelLayout LayoutLabels(double width, double height, GraphKind kind, const AxisLabels& labels,
+                         const std::vector<std::string>& legend,
                          const std::function<double(std::string_view text, double text_height)>& text_width);
 
 }  // namespace quenlor::graph

@@ -23,7 +23,7 @@ constexpr std::size_t kMostLinesAtOnce = 4096;
 
 int ReachOf(const Viewport& viewport, double pen) {
   const double marker = std::max(
-      {viewport.Both(kCircleRadius), viewport.Across(kCrossHalfWidth), viewport.Down(kCrossHalfHeight)});
+      {viewport.Round(kCircleRadius), viewport.Across(kCrossHalfWidth), viewport.Down(kCrossHalfHeight)});
   // Two more for what rounding adds on either side.
   return static_cast<int>(std::clamp(marker + pen + 2, 0.0, 1e6));
 }

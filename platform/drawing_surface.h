@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
+#include <cmath>
 #include <span>
 #include <string_view>
 
@@ -61,10 +61,10 @@ class Viewport {
   int Column(double x) const { return PixelOf(DeviceX(x)); }
   int Row(double y) const { return PixelOf(DeviceY(y)); }
 
-  // A length in device pixels: across, down, and as far as both ways are as long ("round" sizes).
+  // A length in device pixels: across, down, and for what shall look round, whose area stays the same.
   double Across(double length) const { return length * x_factor_; }
   double Down(double length) const { return length * y_factor_; }
-  double Both(double length) const { return length * std::min(x_factor_, y_factor_); }
+  double Round(double length) const { return length * std::sqrt(x_factor_ * y_factor_); }
 
   bool operator==(const Viewport&) const = default;
 
@@ -122,7 +122,7 @@ class DrawingSurface {
 
   virtual void Clear(Rgb color) = 0;  // the viewport's area
   virtual void DrawLines(std::span<const Segment> lines) = 0;
-  // An outline that looks round: the radius in pixels is that of the shorter way.
+  // An outline that looks round, whatever the units are; see Viewport::Round.
   virtual void DrawCircle(Point centre, double radius) = 0;
   // Two diagonals of a rectangle of twice the half sizes.
   virtual void DrawCross(Point centre, double half_width, double half_height) = 0;

@@ -119,7 +119,7 @@ void QtDrawingSurface::DrawPixelLines(std::span<const Segment> lines) {
 }
 
 void QtDrawingSurface::DrawCircle(Point centre, double radius) {
-  const double pixels = viewport_.Both(radius);
+  const double pixels = viewport_.Round(radius);
   if (!painter_.isActive() || OutOfSight(centre, pixels, pixels)) return;
   if (pen_.smooth) {
     painter_.drawEllipse(PlaceOf(centre), pixels, pixels);

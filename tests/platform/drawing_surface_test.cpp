@@ -53,12 +53,12 @@ TEST(Viewport, FarAwayPositionsAndThoseThatAreNoNumberHaveAPixelToo) {
   EXPECT_EQ(viewport.Column(nan), -Viewport::kFarthest);
 }
 
-TEST(Viewport, RoundSizesAreThoseOfTheShorterWay) {
-  const Viewport viewport({0, 0, 100, 50}, {0, 0, 1000, 1000});
+TEST(Viewport, RoundSizesLieBetweenThoseOfTheTwoWays) {
+  const Viewport viewport({0, 0, 160, 40}, {0, 0, 1000, 1000});
 
-  EXPECT_EQ(viewport.Both(100), 5);
-  EXPECT_EQ(viewport.Across(100), 10);
-  EXPECT_EQ(viewport.Down(100), 5);
+  EXPECT_EQ(viewport.Across(100), 16);
+  EXPECT_EQ(viewport.Down(100), 4);
+  EXPECT_DOUBLE_EQ(viewport.Round(100), 8);
 }
 
 // What holds for the twin holds for the adapter.
@@ -226,8 +226,8 @@ TEST_F(QtSurface, TouchesNothingOutsideOfTheViewport) {
 }
 
 TEST_F(QtSurface, ACircleIsRoundWhereTheUnitsAreNotSquare) {
-  surface_.SetViewport({{0, 0, 40, 30}, {0, 0, 40, 300}});
-  surface_.DrawCircle({20, 150}, 50);
+  surface_.SetViewport({{0, 0, 40, 30}, {0, 0, 40, 480}});
+  surface_.DrawCircle({20, 240}, 20);
 
   const auto painted = Painted();
   EXPECT_TRUE(painted.contains({15, 15}));
