@@ -173,9 +173,10 @@ void CurvePainter::PaintTwoColors(Index begin, Index end) {
     painted_.Add(temp_rows);
     return true;
   });
-  for (auto piece = pieces.rbegin(); piece != pieces.rend(); ++piece) {
-    UseColor(piece->color);
-    Line(piece->line);
+  std::ranges::reverse(pieces);
+  for (const Piece& piece : pieces) {
+    UseColor(piece.color);
+    Line(piece.line);
   }
 }
 

@@ -92,15 +92,15 @@ platform::PixelRectangle PlotLayout::Picture2Pixels(const platform::PixelRectang
           picture1.Row(frame.top + frame.height) - top};
 }
 
-void DrawGrid(DrawingSurface& surface, const PlotAxes& axes, Color GridColor) {
-  GridPen pen(surface, GridColor);
+void DrawGrid(DrawingSurface& surface, const PlotAxes& axes, Color grid_color) {
+  GridPen pen(surface, grid_color);
   DrawVerticalLines(pen, axes);
   DrawHorizontalLines(pen, axes);
   if (axes.Kind() == GraphKind::ViscoTempTime) DrawTempTicks(pen, axes);
 }
 
 void DrawLegend(DrawingSurface& surface, const PlotLayout& layout, GraphKind kind, Color visco, Color temp,
-                int LineWidth) {
+                int line_width) {
   if (kind != GraphKind::ViscoTempTime) return;
   const double unit = layout.UnitX;
   const double y = 0.3 * layout.UnitY;
@@ -108,14 +108,15 @@ void DrawLegend(DrawingSurface& surface, const PlotLayout& layout, GraphKind kin
   const int scale_width =
       static_cast<int>(std::clamp(std::nearbyint(Bounded(layout.scale_width)), 0.0, kWidest));
 
-  surface.SetPen({ToRgb(visco), LineWidth});
+  surface.SetPen({ToRgb(visco), line_width});
   surface.DrawLine({0.8 * unit, y}, {1.2 * unit, y});
-  surface.DrawCircle({unit, y}, scale_width / 200);
+  const int radius = scale_width / 200;
+  surface.DrawCircle({unit, y}, radius);
 
   const int half = scale_width / 150;
   // A thin pen ends earlier on the device, so its cross is drawn a little longer at one end.
-  const double longer = LineWidth == 2 ? half : std::nearbyint(half * 1.1 + 10);
-  surface.SetPen({ToRgb(temp), LineWidth});
+  const double longer = line_width == 2 ? half : std::nearbyint(half * 1.1 + 10);
+  surface.SetPen({ToRgb(temp), line_width});
   surface.DrawLine({6.8 * unit, y}, {7.2 * unit, y});
   surface.DrawLine({7 * unit - half, y + half}, {7 * unit + half, y - longer});
   surface.DrawLine({7 * unit - half, y - half}, {7 * unit + half, y + longer});

@@ -40,10 +40,10 @@ struct PlotLayout {
 
 // The grid, and with two curves the ticks of the temperature axis, in plot units on the viewport of Picture2.
 // A logarithmic axis without a decade has no horizontal lines.
-void DrawGrid(platform::DrawingSurface& surface, const PlotAxes& axes, Color GridColor);
+void DrawGrid(platform::DrawingSurface& surface, const PlotAxes& axes, Color grid_color);
 
 // The sample of each of the two curves, on the viewport of Picture1. Nothing for the graphs with one curve.
 void DrawLegend(platform::DrawingSurface& surface, const PlotLayout& layout, GraphKind kind, Color visco,
-                Color temp, int LineWidth);
+                Color temp, int line_width);
 
 }  // namespace quenlor::graph

@@ -25,14 +25,14 @@ struct PlotSettings {
 
 // From one marker of a series to the next: 1, 2, 5 or 10 points for the items of that name. 0, for the first
 // item and whatever is no item: only the first point of a series has a marker.
-inline Index MarkerStep(int MarkerEvery) {
+inline Index MarkerStep(int marker_every) {
   constexpr std::array<Index, 5> kSteps = {0, 1, 2, 5, 10};
-  return MarkerEvery >= 0 && MarkerEvery < 5 ? kSteps[static_cast<std::size_t>(MarkerEvery)] : 0;
+  return marker_every >= 0 && marker_every < 5 ? kSteps[static_cast<std::size_t>(marker_every)] : 0;
 }
 
 // Whether the point so far from its series' first one, which is 0, has a marker.
-inline bool HasMarker(int MarkerEvery, Index place) {
-  const Index step = MarkerStep(MarkerEvery);
+inline bool HasMarker(int marker_every, Index place) {
+  const Index step = MarkerStep(marker_every);
   return step == 0 ? place == 0 : place % step == 0;
 }
 

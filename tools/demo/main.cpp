@@ -8,12 +8,13 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QEventLoop>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
@@ -36,17 +37,29 @@ void Wait(int milliseconds) {
   loop.exec();
 }
 
-// Answers the Save box, once it is there.
-void AnswerSaveBox(const QString& path) {
+// Fills in the next box with that text and accepts it.
+void AnswerBox(const QString& text) {
   auto* look = new QTimer(qApp);
-  QObject::connect(look, &QTimer::timeout, look, [look, path] {
-    auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+  QObject::connect(look, &QTimer::timeout, look, [look, text] {
+    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (box == nullptr) return;
     look->deleteLater();
-    box->findChild<QLineEdit*>()->setText(path);
-    static_cast<QDialog*>(box)->accept();
+    box->findChild<QLineEdit*>()->setText(text);
+    box->accept();
   });
   look->start(50);
+}
+
+// Both curves, over seconds, as long as the runs are.
+void ChooseView(const app::MainWindow& window) {
+  const auto choose = [&](const char* item) {
+    window.findChild<QAction*>(QString::fromLatin1(item))->trigger();
+  };
+  choose("TimeS[0]");
+  choose("MK[2]");
+  window.findChild<QRadioButton*>(QStringLiteral("Option1[1]"))->click();
+  AnswerBox(QStringLiteral("12"));
+  choose("Range[1]");
 }
 
 bool MakeRun(app::MainWindow& window, int number) {
@@ -76,9 +89,10 @@ int MakeDemo(const QString& folder) {
   app::MainWindow& window = program.Window();
   window.show();
 
+  ChooseView(window);
   if (!MakeRun(window, 1) || !MakeRun(window, 2)) return kFailed;
   Wait(500);  // the last rows are shown a moment after they came
-  AnswerSaveBox(data_file);
+  AnswerBox(data_file);
   window.findChild<QAction*>(QStringLiteral("mSave"))->trigger();
   if (!QFileInfo::exists(data_file)) return kFailed;
   Wait(100);
@@ -91,7 +105,8 @@ int MakeDemo(const QString& folder) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  if (argc == 2 && std::string_view(argv[1]) == "--try-display") return 0;  // there is one: this line was reached
+  if (argc == 2 && std::string_view(argv[1]) == "--try-display")
+    return 0;  // there is one: this line was reached
   if (argc != 2) {
     std::fprintf(stderr, "Usage: quenlor-demo DIR | --try-display\n");
     return 2;
