@@ -7,8 +7,10 @@
 #include <QPainter>
 #include <QTextDocument>
 #include <cmath>
+#include <utility>
 
 #include "app/grid_models.h"
+#include "data/utf8.h"
 #include "platform/qt/qt_drawing_surface.h"
 
 namespace quenlor::app {
@@ -16,9 +18,17 @@ namespace {
 
 constexpr double kTwipsPerPixel = 15;
 // With fewer readings a redraw is over before a pointer could change.
-constexpr graph::Index kManyReadings = 500'000;
+constexpr graph::Index kManyReadings = 200'000;
+// Antialiasing costs a line at a time; with more readings than this for each pixel column it would be felt.
+constexpr graph::Index kSmoothReadingsPerColumn = 2;
 
-QString ToText(const std::string& text) { return QString::fromStdString(text); }
+// A caption lays out all of its text to show an inch of it.
+constexpr std::size_t kMostCaptionCharacters = 300;
+
+QString ToText(std::string_view text) {
+  text = data::Utf8Prefix(text, kMostCaptionCharacters);
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 QFont LabelFont(const QWidget* widget, double text_height) {
   QFont font = widget->font();
@@ -59,6 +69,12 @@ class GraphPane::PlotPicture : public QWidget {
     setAttribute(Qt::WA_OpaquePaintEvent);
   }
 
+  // Everything is to be drawn, which may take a while.
+  void DrawWhole() {
+    whole_ = true;
+    update();
+  }
+
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     if (!pane_->held_) Draw();
@@ -76,7 +92,7 @@ class GraphPane::PlotPicture : public QWidget {
     }
     if (image_.isNull()) return;
     image_.setDevicePixelRatio(1);
-    const bool busy = pane_->graph_.Values().Size() > kManyReadings;
+    const bool busy = std::exchange(whole_, false) && pane_->graph_.Values().Size() > kManyReadings;
     if (busy) QApplication::setOverrideCursor(Qt::WaitCursor);
     {
       QPainter painter(&image_);
@@ -90,6 +106,7 @@ class GraphPane::PlotPicture : public QWidget {
   GraphPane* pane_;
   graph::KeptPlot kept_;
   QImage image_;
+  bool whole_ = true;
 };
 
 GraphPane::GraphPane(const data::Document& document, const graph::LiveGraph& graph,
@@ -144,7 +161,7 @@ void GraphPane::AddCaptions() {
 void GraphPane::Fig() {
   LayoutLabels();
   update();
-  Picture2->update();
+  Picture2->DrawWhole();
 }
 
 void GraphPane::ShowReadings() {
@@ -154,6 +171,7 @@ void GraphPane::ShowReadings() {
 
 void GraphPane::Hold(bool hold) {
   held_ = hold;
+  held_size_ = size();
   if (!hold) Fig();
 }
 
@@ -166,7 +184,7 @@ graph::PlotSettings GraphPane::Settings() const {
   look.colors = colors_.Colors();
   look.BackColor = colors_.BackColor();
   look.GridColor = colors_.GridColor();
-  look.smooth_sparse_runs = true;
+  look.smooth_sparse_runs = graph_.Values().Size() <= kSmoothReadingsPerColumn * Picture2->width();
   return look;
 }
 
@@ -182,12 +200,8 @@ void GraphPane::LayoutLabels() {
     return font.horizontalAdvance(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))) *
            kTwipsPerPixel;
   };
-  std::vector<std::string> legend;
-  for (const Caption* caption : Label10) {
-    for (const QString& line : caption->text().split(QLatin1Char('\n'))) legend.push_back(line.toStdString());
-  }
   const graph::LabelLayout layout =
-      graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), labels, legend, text_width);
+      graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), labels, text_width);
   const QFont axis_font = LabelFont(this, layout.text_height);
   const QFont legend_font = LabelFont(this, layout.legend_text_height);
   const auto place = [&](auto& captions, const auto& placed, std::size_t from, const QFont& font) {
@@ -245,7 +259,7 @@ void GraphPane::FillCaptions(const graph::AxisLabels& labels) {
     Caption* caption = Label10[static_cast<std::size_t>(run)];
     const auto text = graph_.LegendText(run);
     caption->setText(ToText(text.value_or("")).replace(QLatin1Char('\r'), QLatin1Char('\n')));
-    caption->setToolTip(text ? tr("Run %1: double-click to change its sample name").arg(run) : QString());
+    caption->setToolTip(text ? ToText(*text).replace(QLatin1Char('\r'), QLatin1Char('\n')) : QString());
     color(caption, ToQColor(graph::RunColor(colors_.Colors(), run)));
   }
   const bool any = graph_.Values().Size() > 0;
@@ -264,16 +278,19 @@ void GraphPane::Place(Caption* caption, const graph::PlacedLabel& placed) {
 void GraphPane::resizeEvent(QResizeEvent* /*event*/) { LayoutLabels(); }
 
 void GraphPane::paintEvent(QPaintEvent* /*event*/) {
-  QImage image(size() * devicePixelRatioF(), QImage::Format_RGB32);
+  const QSize drawn = held_ ? held_size_ : size();
+  QImage image(drawn * devicePixelRatioF(), QImage::Format_RGB32);
   if (!image.isNull()) {
     QPainter painter(&image);
     platform::qt::QtDrawingSurface surface(painter, image.size(), devicePixelRatioF());
     plot_.DrawPicture1(surface, surface.Whole(),
-                       graph::PlotLayout(static_cast<float>(width() * kTwipsPerPixel),
-                                         static_cast<float>(height() * kTwipsPerPixel)));
+                       graph::PlotLayout(static_cast<float>(drawn.width() * kTwipsPerPixel),
+                                         static_cast<float>(drawn.height() * kTwipsPerPixel)));
   }
   image.setDevicePixelRatio(devicePixelRatioF());
-  QPainter(this).drawImage(0, 0, image);
+  QPainter painter(this);
+  painter.fillRect(rect(), ToQColor(colors_.BackColor()));
+  painter.drawImage(0, 0, image);
 }
 
 }  // namespace quenlor::app

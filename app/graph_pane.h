@@ -73,6 +73,7 @@ class GraphPane : public QWidget {
   graph::Plot plot_;
   PlotPicture* Picture2;
   bool held_ = false;
+  QSize held_size_;
   std::array<Caption*, 6> Label5{};
   std::array<Caption*, 7> Label6{};
   std::array<Caption*, 6> Label7{};

@@ -2,6 +2,7 @@
 #include "app/grid_models.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "data/text_number.h"
@@ -42,8 +43,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const data::Document::Row row = index.row() + 1;
   if (role == Qt::DisplayRole) return Text(row, index.column() + 1);
   if (role == Qt::ForegroundRole && TextsInRunColor()) {
-    const long long run = RunOfRow(row);
-    if (run != 0) return ToQColor(graph::RunColor(colors_.Colors(), run));
+    if (const auto run = RunOfRow(row)) return ToQColor(graph::RunColor(colors_.Colors(), *run));
   }
   return {};
 }
@@ -56,9 +56,9 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   const data::Document::Row row = section + 1;
   if (role == Qt::DisplayRole) return Text(row, 0);
   if (role != Qt::BackgroundRole && role != Qt::ForegroundRole) return {};
-  const long long run = RunOfRow(row);
-  if (run == 0) return {};
-  const graph::Color color = graph::RunColor(colors_.Colors(), run);
+  const auto run = RunOfRow(row);
+  if (!run) return {};
+  const graph::Color color = graph::RunColor(colors_.Colors(), *run);
   return ToQColor(role == Qt::BackgroundRole ? color : graph::ReadableOn(color));
 }
 
@@ -123,9 +123,12 @@ std::string_view Grid1Model::TableText(data::Document::Row row, int col) const {
   return Document().Grid1().TextMatrix(row, col);
 }
 
-long long Grid1Model::RunOfRow(data::Document::Row row) const {
-  const double run = data::C_Val(Document().Grid1().TextMatrix(row, 0));
-  return run >= 1 && run <= data::Document::kMaxRuns ? static_cast<long long>(run) : 0;
+// Every row whose number is numeric has a colour, whatever the number.
+std::optional<long long> Grid1Model::RunOfRow(data::Document::Row row) const {
+  constexpr double kLargest = 1e15;
+  const auto number = data::LeadingNumber(Document().Grid1().TextMatrix(row, 0));
+  if (!number || std::abs(*number) > kLargest) return std::nullopt;
+  return static_cast<long long>(*number);
 }
 
 std::string_view Grid2Model::TableText(data::Document::Row row, int col) const {

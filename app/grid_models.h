@@ -3,6 +3,7 @@
 
 #include <QAbstractTableModel>
 #include <QColor>
+#include <optional>
 
 #include "data/document.h"
 #include "graph/color_settings.h"
@@ -40,8 +41,8 @@ class GridModel : public QAbstractTableModel, protected data::DocumentListener {
   virtual data::Document::Row TableRows() const = 0;
   virtual int TableCols() const = 0;
   virtual std::string_view TableText(data::Document::Row row, int col) const = 0;
-  // The run whose colour a row has; 0 for none.
-  virtual long long RunOfRow(data::Document::Row row) const = 0;
+  // The run whose colour a row has, if it has one.
+  virtual std::optional<long long> RunOfRow(data::Document::Row row) const = 0;
   virtual bool TextsInRunColor() const { return true; }
 
   QString Text(data::Document::Row row, int col) const;
@@ -73,7 +74,7 @@ class Grid1Model : public GridModel {
   data::Document::Row TableRows() const override { return Document().Grid1().Rows(); }
   int TableCols() const override { return Document().Grid1().Cols(); }
   std::string_view TableText(data::Document::Row row, int col) const override;
-  long long RunOfRow(data::Document::Row row) const override;
+  std::optional<long long> RunOfRow(data::Document::Row row) const override;
 };
 
 // The display table: run number, time, and the columns chosen as viscosity and temperature.
@@ -101,7 +102,7 @@ class Grid4Model : public GridModel {
   data::Document::Row TableRows() const override { return Document().Grid4().Rows(); }
   int TableCols() const override { return Document().Grid4().Cols(); }
   std::string_view TableText(data::Document::Row row, int col) const override;
-  long long RunOfRow(data::Document::Row row) const override { return row; }
+  std::optional<long long> RunOfRow(data::Document::Row row) const override { return row; }
   bool TextsInRunColor() const override { return false; }
   void RowsAboutToBeRemoved(Row, Row) override {}
   void RowsRemoved(Row, Row) override {}

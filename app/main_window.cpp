@@ -118,7 +118,7 @@ void MainWindow::RestoreWindowState() {
   const auto state = text.ok() ? WindowState::Parse(text.value()) : std::nullopt;
   if (!state) return;
   restoreGeometry(state->geometry);
-  halves_->SetPosiLeft(posi::AfterResize(std::max(state->posi_left, 3601.0), width() * 15.0));
+  halves_->RestorePosiLeft(state->posi_left);
 }
 
 void MainWindow::KeepWindowState() {

@@ -137,7 +137,7 @@ class MainWindow : public QMainWindow,
   // DocumentCommandsView
   void Say(const std::string& text) override;
   void Busy(bool busy) override;
-  void SettingsApplied() override { ShowSettings(); }
+  void SettingsApplied() override;
   void AutoScalingOn() override;
   void ClearReceivedData() override;
   // data::DocumentListener

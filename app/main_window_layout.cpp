@@ -156,10 +156,6 @@ QWidget* MainWindow::BuildTables() {
   Text3->setAcceptDrops(false);
   auto* received = new QLabel(tr("Recei&ved Data"), pane);
   received->setBuddy(Text3);
-  auto* received_row = new QHBoxLayout;
-  received_row->addWidget(received);
-  received_row->addWidget(Text3, 1);
-
   tabs_ = new QTabWidget(pane);
   tabs_->setObjectName(QStringLiteral("Tables"));
   Grid1 = new GridView(&grid1_model_, QStringLiteral("Grid1"), tr("Measurement table"), tabs_);
@@ -173,7 +169,8 @@ QWidget* MainWindow::BuildTables() {
 
   auto* layout = new QVBoxLayout(pane);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addLayout(received_row);
+  layout->addWidget(received);
+  layout->addWidget(Text3);
   layout->addWidget(tabs_, 1);
   return pane;
 }

@@ -85,8 +85,13 @@ void MainWindow::Option_Click(int element, OptionGroup& group, int Index) {
 
 void MainWindow::LW_Click(int Index) {
   Option_Click(setting::kLW, menus_.LW, Index);
-  if (Form6) Form6->SetLineWidth(Picture1->Settings().LineWidth);
+  SettingsApplied();
   graph_.LookChanged();
+}
+
+void MainWindow::SettingsApplied() {
+  ShowSettings();
+  if (Form6) Form6->SetLineWidth(Picture1->Settings().LineWidth);
 }
 
 void MainWindow::MK_Click(int Index) {

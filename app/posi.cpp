@@ -2,6 +2,7 @@
 #include "app/posi.h"
 
 #include <QMouseEvent>
+#include <algorithm>
 #include <cmath>
 
 namespace quenlor::app {
@@ -32,6 +33,8 @@ TableAndGraph::TableAndGraph(QWidget* tables, GraphPane* graph, QWidget* parent)
   Posi->setAccessibleName(tr("Border between table and graph"));
   Posi->setToolTip(tr("Drag to share the width between table and graph"));
   Posi->setCursor(Qt::SplitHCursor);
+  Posi->setAutoFillBackground(true);
+  Posi->setBackgroundRole(QPalette::Mid);
   Posi->installEventFilter(this);
 }
 
@@ -42,8 +45,13 @@ void TableAndGraph::SetPosiLeft(double left) {
   Posi_Resize();
 }
 
+void TableAndGraph::RestorePosiLeft(double left) {
+  wished_ = std::max(left, 3601.0);
+  SetPosiLeft(posi::AfterResize(*wished_, ScaleWidth()));
+}
+
 void TableAndGraph::resizeEvent(QResizeEvent* /*event*/) {
-  left_ = posi::AfterResize(left_, ScaleWidth());
+  left_ = posi::AfterResize(wished_.value_or(left_), ScaleWidth());
   Posi_Resize();
 }
 
@@ -69,6 +77,7 @@ bool TableAndGraph::eventFilter(QObject* watched, QEvent* event) {
 
 void TableAndGraph::Posi_MouseDown(double X) {
   Dragging = true;
+  wished_.reset();
   DragStartX = X;
   Picture1->Hold(true);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
 
 #include "app/graph_pane.h"
 
@@ -30,6 +31,8 @@ class TableAndGraph : public QWidget {
 
   double PosiLeft() const { return left_; }  // twips
   void SetPosiLeft(double left);
+  // Where the bar is to stand in a window that has not its size yet; counts until the bar is dragged.
+  void RestorePosiLeft(double left);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;  // Form_Resize
@@ -46,6 +49,7 @@ class TableAndGraph : public QWidget {
   GraphPane* Picture1;
   QWidget* Posi;
   double left_ = 7500;
+  std::optional<double> wished_;
   bool Dragging = false;
   double DragStartX = 0;  // of the pointer inside Posi
 };

@@ -9,7 +9,8 @@ namespace {
 
 constexpr double kTwipsPerPixel = 15;
 constexpr double kSmallestText = 7 * kTwipsPerPixel;
-constexpr double kLargestText = 16 * kTwipsPerPixel;
+constexpr double kSmallestLegendText = 8 * kTwipsPerPixel;
+constexpr double kLargestText = 24 * kTwipsPerPixel;
 
 // The plot's ends in units: its area begins at 0.9 and leaves 1 % of its range free on each side.
 constexpr double kPlotLeft = 0.9 + 6.2 / 102;
@@ -21,6 +22,7 @@ constexpr double kPlotHeight = 10.2 * 100 / 102;
 constexpr double kSideWidth = 0.8;
 constexpr double kDateWidth = 3.0;
 constexpr double kLegendWidth = 7.8 / 11;
+constexpr std::string_view kUsualValue = "0000.0";  // of a run, in the legend
 constexpr std::string_view kLongestDate = "2000/00/00 00:00:00";
 
 class Layout {
@@ -92,12 +94,9 @@ double TextHeight(double width, double height, const AxisLabels& labels, const T
   return std::clamp(text_height, kSmallestText, kLargestText);
 }
 
-double LegendTextHeight(double text_height, double width, const std::vector<std::string>& legend,
-                        const TextWidth& text_width) {
-  for (const std::string& line : legend) {
-    text_height = std::min(text_height, HeightToFit(line, 0.97 * kLegendWidth * width / 8, text_width));
-  }
-  return std::max(text_height, kSmallestText);
+double LegendTextHeight(double text_height, double width, const TextWidth& text_width) {
+  const double fits = HeightToFit(kUsualValue, 0.97 * kLegendWidth * width / 8, text_width);
+  return std::max(std::min(text_height, fits), kSmallestLegendText);
 }
 
 template <std::size_t N>
@@ -110,11 +109,10 @@ double Widest(const std::array<TickLabel, N>& labels, const std::function<double
 }  // namespace
 
 LabelLayout LayoutLabels(double width, double height, GraphKind kind, const AxisLabels& labels,
-                         const std::vector<std::string>& legend,
                          const std::function<double(std::string_view, double)>& text_width) {
   LabelLayout result;
   result.text_height = TextHeight(width, height, labels, text_width);
-  result.legend_text_height = LegendTextHeight(result.text_height, width, legend, text_width);
+  result.legend_text_height = LegendTextHeight(result.text_height, width, text_width);
   const Layout at(width, height, result.text_height);
   const auto measure = [&](std::string_view text) { return text_width(text, result.text_height); };
   const double gap = measure("0");

@@ -3,9 +3,7 @@
 
 #include <array>
 #include <functional>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "graph/axis_labels.h"
 #include "graph/plot_axes.h"
@@ -42,11 +40,11 @@ struct LabelLayout {
   double legend_text_height = 0;
 };
 
-// The layout of a graph area of that size. Letters are as large as the area allows: none of the texts is cut, neither
-// at the axes nor in the legend, whose lines are `legend`, as long as letters of seven pixels fit. `text_width` gives a text's width in twips in letters of a given
-// height; where the labels of an axis would not fit side by side, only some of them are visible.
+// The layout of a graph area of that size. Letters are as large as the area allows: no text at the axes is
+// cut as long as letters of seven pixels fit. Those of the legend depend on the area alone, so that it rests
+// while its values change. `text_width` gives a text's width in twips in letters of a given height; where the
+// labels of an axis would not fit side by side, only some of them are visible.
 LabelLayout LayoutLabels(double width, double height, GraphKind kind, const AxisLabels& labels,
-                         const std::vector<std::string>& legend,
                          const std::function<double(std::string_view text, double text_height)>& text_width);
 
 }  // namespace quenlor::graph

@@ -17,7 +17,7 @@ namespace quenlor::platform::qt {
 // made fine (QPdfWriter's resolution, a scaled painter for SVG) and `pen_scale` says how many of them make a
 // thin line; on a screen it is the device pixel ratio. The painter's pen, clip and render hints are the
 // surface's while it lives. An inactive painter draws nothing.
-class QtDrawingSurface : public DrawingSurface {
+class QtDrawingSurface final : public DrawingSurface {
  public:
   QtDrawingSurface(QPainter& painter, QSize size, double pen_scale = 1);
 

@@ -44,7 +44,7 @@ AxisLabels Labels(ViscoAxis axis, int log_min = 0, int log_max = 2) {
 
 LabelLayout Layout(GraphKind kind, ViscoAxis axis = ViscoAxis::Linear, double width = 8000,
                    double height = 7000) {
-  return LayoutLabels(width, height, kind, Labels(axis), {}, TextWidth);
+  return LayoutLabels(width, height, kind, Labels(axis), TextWidth);
 }
 
 TEST(LabelLayout, TimeAxisStandsBelowTheTimeGraphs) {
@@ -90,7 +90,7 @@ TEST(LabelLayout, NothingOverlapsOrLeavesTheAreaInAnyKindAxisAndSize) {
         for (int decades = 0; decades <= 7; ++decades) {
           const AxisLabels labels =
               decades == 0 ? Labels(ViscoAxis::Linear) : Labels(ViscoAxis::Log, -1, decades - 1);
-          const auto visible = Visible(LayoutLabels(width, height, kind, labels, {}, TextWidth));
+          const auto visible = Visible(LayoutLabels(width, height, kind, labels, TextWidth));
           for (std::size_t i = 0; i < visible.size(); ++i) {
             const Box& one = visible[i].label.box;
             EXPECT_GE(one.left, -1) << visible[i].name;
@@ -113,11 +113,10 @@ TEST(LabelLayout, NothingOverlapsOrLeavesTheAreaInAnyKindAxisAndSize) {
 }
 
 TEST(LabelLayout, NoTextIsCutFromTheSmallestUsualWindowOn) {
-  const std::vector<std::string> legend{"Final", "Value", "No.10", "1128.0"};
   const AxisLabels labels = Labels(ViscoAxis::Log, 2, 5);
   for (const double width : {5430.0, 9000.0, 40000.0}) {
     for (const double height : {6330.0, 9000.0, 30000.0}) {
-      const LabelLayout layout = LayoutLabels(width, height, GraphKind::ViscoTempTime, labels, legend, TextWidth);
+      const LabelLayout layout = LayoutLabels(width, height, GraphKind::ViscoTempTime, labels, TextWidth);
       EXPECT_LE(TextWidth("100000", layout.text_height), layout.Label5[3].box.width + 1);
       EXPECT_LE(TextWidth("2026/11/21 09:30:00", layout.text_height), layout.Label6[3].box.width + 1);
       EXPECT_LE(TextWidth("1128.0", layout.legend_text_height), layout.Label10[10].box.width + 1);
@@ -129,7 +128,7 @@ TEST(LabelLayout, NoTextIsCutFromTheSmallestUsualWindowOn) {
 
 TEST(LabelLayout, ASizeOfNothingIsNoTrouble) {
   for (const double size : {0.0, 1.0, -5.0}) {
-    LayoutLabels(size, size, GraphKind::ViscoTempTime, Labels(ViscoAxis::Log), {}, TextWidth);
+    LayoutLabels(size, size, GraphKind::ViscoTempTime, Labels(ViscoAxis::Log), TextWidth);
   }
 }
 
