@@ -65,7 +65,7 @@ int GridView::Sync() {
   FitNewRows(first_new);
   // A hand on the scroll bar wins over the newest row, until it lets go.
   if (isVisible() && !verticalScrollBar()->isSliderDown()) {
-    scrollToBottom();
+    scrollToBottom();  // TopRow
     viewport()->repaint();
   }
   return static_cast<int>(timer.elapsed());

@@ -67,6 +67,7 @@ void MainWindow::ConnectHandlers() {
   command(menus_.mColor, &MainWindow::mColor_Click);
   command(menus_.mNum, &MainWindow::mNum_Click);
   command(menus_.mVisco, &MainWindow::mVisco_Click);
+  command(menus_.mDefault, &MainWindow::mDefault_Click);
   connect(menus_.mRS, &QMenu::aboutToShow, this, &MainWindow::ShowDevices);
   connect(menus_.VDT.Menu(), &QMenu::aboutToShow, this,
           [this] { FillColumnMenu(menus_.VDT, document_.ViscoColumn()); });

@@ -98,6 +98,7 @@ class MainWindow : public QMainWindow,
   void mColor_Click();
   void mNum_Click();
   void mVisco_Click();
+  void mDefault_Click() {}  // "Initialize" has nothing to do
 
   // Lets the operator change a text, and takes the new one over; nothing on "Cancel".
   void Change(const std::string& caption, const std::string& text,

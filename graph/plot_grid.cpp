@@ -36,8 +36,10 @@ void DrawVerticalLines(GridPen& pen, const PlotAxes& axes) {
   constexpr double kDistance = 1000;
   std::vector<Segment> solid;
   std::vector<Segment> dotted;
-  for (double x = 0; x <= axes.XExtent(); x += kDistance) {
-    const bool end_or_middle = x <= 0 || x >= axes.XExtent() || x * 2 == axes.XExtent();
+  const int last = static_cast<int>(axes.XExtent() / kDistance);
+  for (int i = 0; i <= last; ++i) {
+    const double x = i * kDistance;
+    const bool end_or_middle = i == 0 || i == last || i * 2 == last;
     (end_or_middle ? solid : dotted).push_back(Vertical(x));
   }
   pen.Draw(dotted, LineStyle::kDotted);
