@@ -21,12 +21,37 @@ int TextWidth(const QFontMetrics& font, const QString& text) {
   return font.horizontalAdvance(text) + static_cast<int>(std::ceil(100 / kTwipsPerPixel));
 }
 
+// Column 0: a style shades a header's colour as it likes, but a run's colour is to be the one of the graph.
+class RunHeader : public QHeaderView {
+ public:
+  explicit RunHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
+    setSectionsClickable(true);
+    setHighlightSections(true);
+  }
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& rect, int section) const override {
+    const auto told = [&](int role) { return model()->headerData(section, Qt::Vertical, role); };
+    const QVariant background = told(Qt::BackgroundRole);
+    if (!background.isValid()) return QHeaderView::paintSection(painter, rect, section);
+    painter->save();
+    painter->fillRect(rect, background.value<QColor>());
+    painter->setPen(palette().color(QPalette::Mid));
+    painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+    painter->setPen(told(Qt::ForegroundRole).value<QColor>());
+    painter->drawText(rect.adjusted(4, 0, -4, 0), static_cast<int>(defaultAlignment()),
+                      told(Qt::DisplayRole).toString());
+    painter->restore();
+  }
+};
+
 }  // namespace
 
 GridView::GridView(GridModel* model, const QString& name, const QString& title, QWidget* parent)
     : QTableView(parent), model_(model) {
   setObjectName(name);
   setAccessibleName(title);
+  setVerticalHeader(new RunHeader(this));
   setModel(model);
   setSelectionMode(ContiguousSelection);
   setEditTriggers(NoEditTriggers);
