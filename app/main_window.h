@@ -122,6 +122,7 @@ class MainWindow : public QMainWindow,
   void ShowSettings();
   void FillColumnMenu(OptionGroup& group, int chosen_column);
   void ShowDevices();
+  void TellOfUnreachableDevice();
   void ShowScaling();
   void ChangeColor();
   void AskForRefresh();

@@ -197,6 +197,21 @@ void MainWindow::ShowDevices() {
     menus_.Port.Item(port)->setToolTip(tip);
     menus_.Port.Item(port)->setStatusTip(tip);
   }
+  TellOfUnreachableDevice();
+}
+
+// A device whose number has no item could never be chosen, and nobody would know why.
+void MainWindow::TellOfUnreachableDevice() {
+  constexpr int kMostNumbers = 256;
+  for (int port = menus_.Port.Last() + 1; port <= kMostNumbers; ++port) {
+    const std::string device = ports_.name_of_port(port);
+    if (device.empty()) continue;
+    return Say(tr("Port %1 (%2) lies beyond the Com Port menu; the first line of quenlor.ini is the number "
+                  "of its items")
+                   .arg(port)
+                   .arg(Text(device))
+                   .toStdString());
+  }
 }
 
 MenuHandlers MainWindow::MenuAnswers() {

@@ -702,6 +702,13 @@ TEST_F(MainWindowTest, PortMenuNamesTheDeviceBehindEachNumber) {
   EXPECT_EQ(Find<QAction>("Port[3]")->statusTip(), "Port 3: there is no device");
 }
 
+TEST_F(MainWindowTest, ADeviceBeyondThePortMenuIsToldOf) {
+  devices[17] = "/dev/serial/by-id/usb-seventeenth";
+  Open();
+  EXPECT_THAT(Find<QLabel>("Status")->text().toStdString(),
+              HasSubstr("Port 17 (/dev/serial/by-id/usb-seventeenth)"));
+}
+
 TEST_F(MainWindowTest, EveryControlTellsItsName) {
   Open();
   for (const QWidget* widget : window->findChildren<QWidget*>()) {
