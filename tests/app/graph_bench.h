@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QDragEnterEvent>
+#include <QHeaderView>
 #include <QImage>
 #include <QLineEdit>
 #include <QMenu>
@@ -136,6 +137,17 @@ class GraphBench : public testing::Test, protected WindowBench {
     Click("Command1");
     for (const char* reading : readings) Reading(reading);
     Click("Command1");
+  }
+
+  // Selects whole rows of the measurement table, from one to the other.
+  void SelectRows(int first, int last) {
+    auto* header = Find<GridView>("Grid1")->verticalHeader();
+    const auto middle = [&](int section) {
+      return QPoint(4, header->sectionViewportPosition(section) + header->sectionSize(section) / 2);
+    };
+    QTest::mousePress(header->viewport(), Qt::LeftButton, {}, middle(first));
+    QTest::mouseMove(header->viewport(), middle(last));
+    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, middle(last));
   }
 
   // Drags a file to the middle of that widget and lets it fall, along the road that the window system takes;
