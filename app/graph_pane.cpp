@@ -30,6 +30,11 @@ QString ToText(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+int Pixels(double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
+
+// The legend's two lines, as a label divides them.
+QString TwoLines(std::string_view text) { return ToText(text).replace(QLatin1Char('\r'), QLatin1Char('\n')); }
+
 QFont LabelFont(const QWidget* widget, double text_height) {
   QFont font = widget->font();
   font.setPixelSize(std::max(1, static_cast<int>(text_height / kTwipsPerPixel)));
@@ -219,8 +224,7 @@ void GraphPane::LayoutLabels() {
 
   const graph::Frame plot =
       graph::PlotLayout(static_cast<float>(twips_wide), static_cast<float>(twips_high)).Picture2();
-  const auto pixels = [](double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); };
-  Picture2->setGeometry(pixels(plot.left), pixels(plot.top), pixels(plot.width), pixels(plot.height));
+  Picture2->setGeometry(Pixels(plot.left), Pixels(plot.top), Pixels(plot.width), Pixels(plot.height));
 }
 
 void GraphPane::FillCaptions(const graph::AxisLabels& labels) {
@@ -228,9 +232,7 @@ void GraphPane::FillCaptions(const graph::AxisLabels& labels) {
   for (std::size_t i = 1; i < Label7.size(); ++i) Label7[i]->setText(ToText(labels.Label7[i].text));
   for (std::size_t i = 1; i < Label8.size(); ++i) Label8[i]->setText(ToText(labels.Label8[i].text));
   for (std::size_t i = 1; i < Label9.size(); ++i) Label9[i]->setText(ToText(labels.Label9[i].text));
-  const auto title = [this](int column) {
-    return ToText(std::string(document_.Grid1().TextMatrix(0, column)));
-  };
+  const auto title = [this](int column) { return ToText(document_.Grid1().TextMatrix(0, column)); };
   Label6[0]->setText(QStringLiteral("Time"));
   Label6[1]->setText(title(document_.ViscoColumn()));
   Label6[2]->setText(title(document_.TempColumn()));
@@ -258,20 +260,18 @@ void GraphPane::FillCaptions(const graph::AxisLabels& labels) {
   for (int run = 1; run < static_cast<int>(Label10.size()); ++run) {
     Caption* caption = Label10[static_cast<std::size_t>(run)];
     const auto text = graph_.LegendText(run);
-    caption->setText(ToText(text.value_or("")).replace(QLatin1Char('\r'), QLatin1Char('\n')));
-    caption->setToolTip(text ? ToText(*text).replace(QLatin1Char('\r'), QLatin1Char('\n')) : QString());
+    caption->setText(TwoLines(text.value_or("")));
+    caption->setToolTip(caption->text());
     color(caption, ToQColor(graph::RunColor(colors_.Colors(), run)));
   }
   const bool any = graph_.Values().Size() > 0;
-  const std::string heading(graph::LiveGraph::kLegendHeading);
-  Label10[0]->setText(any ? ToText(heading).replace(QLatin1Char('\r'), QLatin1Char('\n')) : QString());
+  Label10[0]->setText(any ? TwoLines(graph::LiveGraph::kLegendHeading) : QString());
 }
 
 void GraphPane::Place(Caption* caption, const graph::PlacedLabel& placed) {
-  const auto pixels = [](double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); };
   caption->setVisible(placed.visible && !caption->text().isEmpty());
-  caption->setGeometry(pixels(placed.box.left), pixels(placed.box.top), pixels(placed.box.width),
-                       pixels(placed.box.height));
+  caption->setGeometry(Pixels(placed.box.left), Pixels(placed.box.top), Pixels(placed.box.width),
+                       Pixels(placed.box.height));
   caption->setAlignment(AlignmentOf(placed.side));
 }
 

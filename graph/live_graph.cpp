@@ -25,9 +25,12 @@ std::optional<std::string> LiveGraph::LegendText(int run) const {
   return text.append("\r").append(document_.Grid1().TextMatrix(row, document_.ViscoColumn()));
 }
 
+bool& LiveGraph::BoxOf(Axis axis) {
+  return axis == Axis::Time ? scaling_.Check2 : axis == Axis::Visco ? scaling_.Check3 : scaling_.Check4;
+}
+
 void LiveGraph::SetAutoScaling(Axis axis, bool on) {
-  bool& box = axis == Axis::Time ? scaling_.Check2 : axis == Axis::Visco ? scaling_.Check3 : scaling_.Check4;
-  box = on;
+  BoxOf(axis) = on;
   RunAutoScale(axis);
   view_.Fig();
 }
@@ -54,10 +57,7 @@ bool LiveGraph::EnterLimit(Limit limit, std::string_view text) {
   const auto axis = ApplyLimit(limit, text, View(), ranges);
   if (!axis) return false;
   document_.SetRanges(ranges);
-  bool& box = *axis == Axis::Time    ? scaling_.Check2
-              : *axis == Axis::Visco ? scaling_.Check3
-                                     : scaling_.Check4;
-  box = false;
+  BoxOf(*axis) = false;
   view_.Fig();
   return true;
 }

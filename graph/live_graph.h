@@ -65,6 +65,7 @@ class LiveGraph : private data::DocumentListener {
   void CopyAll_Time();
   void CopyAll_Visco();
   void CopyAll_Temp();
+  bool& BoxOf(Axis axis);
   bool RunAutoScale(Axis axis);
   ResolutionTexts FirstReading() const;
 
