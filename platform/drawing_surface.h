@@ -19,7 +19,7 @@ enum class LineStyle { kSolid, kDotted };
 
 struct Pen {
   Rgb color;
-  int width = 1;  // 1 or 2; how many device pixels that is, the surface knows
+  double width = 1;  // in pens; how many device pixels one is, the surface knows
   LineStyle style = LineStyle::kSolid;
   bool smooth = false;  // antialiased, and not moved to whole pixels
   bool operator==(const Pen&) const = default;
@@ -54,6 +54,8 @@ class DrawingSurface {
   virtual void DrawCross(Point centre, double half_width, double half_height) = 0;
   // One line of text in letters of the height given.
   virtual void DrawText(Point position, Across across, Down down, std::string_view text, double height) = 0;
+  // How wide that line of text would be, in the viewport's units across.
+  virtual double TextWidth(std::string_view text, double height) const = 0;
 
   void DrawLine(Point from, Point to) {
     const Segment line{from, to};

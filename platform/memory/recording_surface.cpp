@@ -38,6 +38,12 @@ void RecordingSurface::DrawText(Point position, Across across, Down down, std::s
   call.down = height;
 }
 
+double RecordingSurface::TextWidth(std::string_view text, double height) const {
+  const auto characters = std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; });
+  const double across = viewport_.Across(1);
+  return across > 0 ? static_cast<double>(characters) * viewport_.Down(height) / 2 / across : 0;
+}
+
 std::vector<RecordingSurface::Call> RecordingSurface::Calls(Call::Kind kind) const {
   std::vector<Call> calls;
   std::ranges::copy_if(calls_, std::back_inserter(calls),

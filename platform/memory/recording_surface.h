@@ -42,6 +42,8 @@ class RecordingSurface : public DrawingSurface {
   void DrawCircle(Point centre, double radius) override;
   void DrawCross(Point centre, double half_width, double half_height) override;
   void DrawText(Point position, Across across, Down down, std::string_view text, double height) override;
+  // Every character is half as wide as the letters are high, counted in device pixels.
+  double TextWidth(std::string_view text, double height) const override;
 
   const std::vector<Call>& Calls() const { return calls_; }
   std::vector<Call> Calls(Call::Kind kind) const;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/qt_drawing_surface.h"
 
-#include <QFont>
+#include <QFontMetricsF>
 #include <QPaintEngine>
 #include <QPen>
 #include <QString>
@@ -39,6 +39,10 @@ int FlagOf(Down down) {
       break;
   }
   return Qt::AlignBottom;
+}
+
+QString ToQString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 void DrawShape(QPainter& painter, QPoint centre, QSize half, bool circle) {
@@ -177,12 +181,22 @@ bool QtDrawingSurface::PaintsPixels() const { return painter_.paintEngine()->typ
 void QtDrawingSurface::DrawText(Point position, Across across, Down down, std::string_view text,
                                 double height) {
   if (!painter_.isActive()) return;
-  QFont font = painter_.font();
-  font.setPixelSize(AtLeastOne(std::min(viewport_.Down(height), 1e4)));
-  painter_.setFont(font);
+  painter_.setFont(FontOf(height));
   painter_.drawText(TextAnchor(PlaceOf(position)),
-                    FlagOf(across) | FlagOf(down) | Qt::TextDontClip | Qt::TextSingleLine,
-                    QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+                    FlagOf(across) | FlagOf(down) | Qt::TextDontClip | Qt::TextSingleLine, ToQString(text));
+}
+
+double QtDrawingSurface::TextWidth(std::string_view text, double height) const {
+  const double across = viewport_.Across(1);
+  if (!painter_.isActive() || !(across > 0)) return 0;
+  return QFontMetricsF(FontOf(height)).horizontalAdvance(ToQString(text)) / across;
+}
+
+QFont QtDrawingSurface::FontOf(double height) const {
+  constexpr double kLargest = 1e4;
+  QFont font = painter_.font();
+  font.setPixelSize(AtLeastOne(std::min(viewport_.Down(height), kLargest)));
+  return font;
 }
 
 bool QtDrawingSurface::OutOfSight(Point centre, double half_width, double half_height) const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFont>
 #include <QImage>
 #include <QLine>
 #include <QPainter>
@@ -31,6 +32,7 @@ class QtDrawingSurface final : public DrawingSurface {
   void DrawCircle(Point centre, double radius) override;
   void DrawCross(Point centre, double half_width, double half_height) override;
   void DrawText(Point position, Across across, Down down, std::string_view text, double height) override;
+  double TextWidth(std::string_view text, double height) const override;
 
  private:
   // A marker as drawn once, to be laid wherever it is needed again.
@@ -41,6 +43,7 @@ class QtDrawingSurface final : public DrawingSurface {
     QImage picture;
   };
 
+  QFont FontOf(double height) const;
   QPoint PixelAt(Point point) const { return {viewport_.Column(point.x), viewport_.Row(point.y)}; }
   QPointF PlaceOf(Point point) const;
   bool PaintsPixels() const;

@@ -55,12 +55,13 @@ void DrawNaively(DrawingSurface& surface, const std::vector<TestReading>& readin
     const bool marker = start || MarkerCounter == 1;
     const platform::Rgb color = ToRgb(RunColor(settings.colors, reading.run));
     if (axes.ShowsVisco()) {
-      surface.SetPen({color, settings.LineWidth});
+      surface.SetPen({color, 1.0 * settings.LineWidth});
       if (marker) surface.DrawCircle(visco(reading), 50);
       if (!start) surface.DrawLine(visco(*previous), visco(reading));
     }
     if (axes.ShowsTemp()) {
-      surface.SetPen({values.SeriesCount() >= 2 ? color : ToRgb(settings.colors[3]), settings.LineWidth});
+      surface.SetPen(
+          {values.SeriesCount() >= 2 ? color : ToRgb(settings.colors[3]), 1.0 * settings.LineWidth});
       if (marker) surface.DrawCross(temp(reading), 40, 80);
       if (!start) surface.DrawLine(temp(*previous), temp(reading));
     }

@@ -111,7 +111,7 @@ TYPED_TEST(DrawingSurfaceContract, BearsEveryCoordinate) {
                          std::numeric_limits<double>::quiet_NaN()};
   for (const bool smooth : {false, true}) {
     for (const int width : {1, 2}) {
-      surface.SetPen({kRed, width, LineStyle::kSolid, smooth});
+      surface.SetPen({kRed, 1.0 * width, LineStyle::kSolid, smooth});
       for (const double x : kFar) {
         for (const double y : kFar) {
           surface.DrawLine({x, y}, {y, x});
@@ -124,6 +124,20 @@ TYPED_TEST(DrawingSurfaceContract, BearsEveryCoordinate) {
     }
   }
   surface.DrawLines({});
+}
+
+TYPED_TEST(DrawingSurfaceContract, MeasuresTextInTheViewportsUnits) {
+  DrawingSurface& surface = this->under_.Surface();
+  surface.SetViewport({{0, 0, 100, 50}, {0, 0, 100, 50}});
+  const double width = surface.TextWidth("0000", 20);
+  EXPECT_GT(width, 20);
+  EXPECT_LT(width, 80);
+  EXPECT_NEAR(surface.TextWidth("00000000", 20), 2 * width, 1);
+  EXPECT_NEAR(surface.TextWidth("0000", 40), 2 * width, 2);
+  EXPECT_EQ(surface.TextWidth("", 20), 0);
+
+  surface.SetViewport({{0, 0, 100, 50}, {0, 0, 1000, 50}});
+  EXPECT_NEAR(surface.TextWidth("0000", 20), 10 * width, 1);
 }
 
 // ---- the twin

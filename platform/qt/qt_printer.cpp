@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/qt_printer.h"
+
+#include <QLocale>
+#include <QPageLayout>
+#include <QPainter>
+#include <QPointer>
+#include <QPrintDialog>
+#include <algorithm>
+
+#include "platform/qt/page_painter.h"
+
+namespace quenlor::platform::qt {
+namespace {
+
+constexpr double kTwipsPerPoint = 20;
+
+PixelRectangle DotsOf(const PageSize& page) {
+  const auto dots = [](double twips) { return static_cast<int>(twips / kTwipsPerInch * kPageDotsPerInch); };
+  return {0, 0, dots(page.width), dots(page.height)};
+}
+
+}  // namespace
+
+QPrinter& QtPrinter::Chosen() const {
+  if (printer_ != nullptr) return *printer_;
+  printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  printer_->setResolution(kPageDotsPerInch);
+  printer_->setCreator(QStringLiteral("Quenlor"));
+  // A printer knows its own paper; a file gets the paper of the country.
+  if (printer_->outputFormat() == QPrinter::PdfFormat) {
+    const bool letter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
+    printer_->setPageSize(QPageSize(letter ? QPageSize::Letter : QPageSize::A4));
+  }
+  return *printer_;
+}
+
+bool QtPrinter::Choose() {
+  const QPointer<QPrintDialog> dialog(new QPrintDialog(&Chosen(), parent_()));
+  dialog->setObjectName(QStringLiteral("CommonDialog1"));
+  dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+  const bool accepted = dialog->exec() == QDialog::Accepted;
+  delete dialog.data();  // unless its parent took it along meanwhile
+  return accepted;
+}
+
+int QtPrinter::Copies() const { return std::max(1, Chosen().copyCount()); }
+
+PageSize QtPrinter::Page() const {
+  const QRectF paint = Chosen().pageLayout().paintRect(QPageLayout::Point);
+  return {paint.width() * kTwipsPerPoint, paint.height() * kTwipsPerPoint};
+}
+
+Done QtPrinter::Print(const std::string& title, int pages,
+                      const std::function<void(DrawingSurface& page, int number)>& draw) {
+  QPrinter& printer = Chosen();
+  const int copies = printer.copyCount();
+  printer.setCopyCount(1);  // each copy is printed as a document of its own
+  printer.setDocName(QString::fromStdString(title));
+  bool printed = false;
+  {
+    QPainter painter;
+    printed = painter.begin(&printer);
+    for (int number = 0; printed && number < pages; ++number) {
+      if (number > 0) printed = printer.newPage();
+      if (!printed) break;
+      const QRect area = printer.pageLayout().paintRectPixels(printer.resolution());
+      PaintPage(painter, area.size(), DotsOf(Page()), [&](DrawingSurface& page) { draw(page, number); });
+    }
+    if (painter.isActive()) printed = painter.end() && printed;
+  }
+  printed = printed && printer.printerState() != QPrinter::Error;
+  printer.setCopyCount(copies);
+  if (!printed) return Failure{"cannot print " + title};
+  return std::nullopt;
+}
+
+}  // namespace quenlor::platform::qt

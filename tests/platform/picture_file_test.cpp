@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/picture_file.h"
+
+#include <QDateTime>
+#include <QImage>
+#include <QTest>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/pdf_text.h"
+
+namespace quenlor::platform::qt {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr Rgb kRed{255, 0, 0};
+
+void Draw(DrawingSurface& surface) {
+  const PixelRectangle whole = surface.Whole();
+  surface.SetViewport({whole, {0, 0, 100, 100}});
+  surface.Clear({255, 255, 255});
+  surface.SetPen({kRed, 2});
+  surface.DrawLine({0, 50}, {100, 50});
+  surface.SetPen({});
+  surface.DrawText({10, 20}, Across::kLeft, Down::kCentre, "Viscosität 12.5 測", 10);
+}
+
+QByteArray Bytes(const std::string& text) { return QByteArray::fromStdString(text); }
+
+void WaitForTheNextSecond() {
+  const qint64 second = QDateTime::currentSecsSinceEpoch();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QDateTime::currentSecsSinceEpoch() > second; }, 3000));
+}
+
+TEST(PictureFile, APngHasThePixelsAsked) {
+  const QImage image = QImage::fromData(Bytes(PngOf({300, 200}, Draw)), "PNG");
+  ASSERT_EQ(image.size(), QSize(300, 200));
+  EXPECT_EQ(image.pixelColor(150, 100), QColor(Qt::red));
+  EXPECT_EQ(image.pixelColor(150, 150), QColor(Qt::white));
+}
+
+TEST(PictureFile, APictureTooLargeForTheMemoryIsNone) { EXPECT_EQ(PngOf({0, 100}, Draw), ""); }
+
+TEST(PictureFile, AnSvgIsAsLargeAsAskedAndHoldsLinesAndLetters) {
+  const std::string svg = SvgOf({300, 200}, Draw);
+  EXPECT_THAT(svg, HasSubstr("viewBox=\"0 0 300 200\""));
+  EXPECT_THAT(svg, HasSubstr("Viscosität 12.5"));
+  EXPECT_THAT(svg, HasSubstr("#ff0000"));
+  EXPECT_THAT(svg, Not(HasSubstr("<image")));
+}
+
+TEST(PictureFile, APdfHoldsItsTextAsText) {
+  EXPECT_THAT(PdfText(PdfOf({300, 200}, Draw)), HasSubstr("Viscosität 12.5"));
+}
+
+TEST(PictureFile, ADocumentHasAPageForEachCall) {
+  const std::string pdf = PdfOf(PageSetup{}, "report", 3, [](DrawingSurface& page, int number) {
+    page.SetPen({});
+    page.DrawText({1000, 1000}, Across::kLeft, Down::kTop, "page number " + std::to_string(number), 200);
+  });
+  const std::string text = PdfText(pdf);
+  for (const char* page : {"page number 0", "page number 1", "page number 2"})
+    EXPECT_THAT(text, HasSubstr(page));
+  EXPECT_EQ(std::ranges::count(text, '\f'), 3);
+}
+
+TEST(PictureFile, APageIsThePaperWithoutItsMargins) {
+  // A4 is 210 by 297 mm; 10 mm are left free on each side.
+  const PageSize a4 = PageSizeOf({Paper::kA4, false});
+  EXPECT_NEAR(a4.width, 190 / 25.4 * 1440, 20);
+  EXPECT_NEAR(a4.height, 277 / 25.4 * 1440, 20);
+  const PageSize letter = PageSizeOf({Paper::kLetter, true});
+  EXPECT_NEAR(letter.width, (11 * 25.4 - 20) / 25.4 * 1440, 20);
+  EXPECT_NEAR(letter.height, (8.5 * 25.4 - 20) / 25.4 * 1440, 20);
+}
+
+TEST(PictureFile, EqualDrawingsGiveEqualBytesAtAnyTime) {
+  const auto page = [](DrawingSurface& surface, int) { Draw(surface); };
+  const auto all = [&] {
+    return std::vector<std::string>{PngOf({300, 200}, Draw), SvgOf({300, 200}, Draw), PdfOf({300, 200}, Draw),
+                                    PdfOf(PageSetup{}, "report", 2, page)};
+  };
+  const auto now = all();
+  WaitForTheNextSecond();
+  const auto later = all();
+  for (std::size_t i = 0; i < now.size(); ++i) EXPECT_TRUE(now[i] == later[i]) << i;
+  EXPECT_THAT(now[3], Not(HasSubstr("/CreationDate")));
+}
+
+}  // namespace
+}  // namespace quenlor::platform::qt

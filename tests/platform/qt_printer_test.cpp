@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/qt_printer.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPrintDialog>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace quenlor::platform::qt {
+namespace {
+
+// Runs `act` with the printer dialog once it waits for the operator.
+void WhenOpen(const std::function<void(QPrintDialog&)>& act) {
+  auto* poll = new QTimer(qApp);
+  QObject::connect(poll, &QTimer::timeout, poll, [poll, act, polls = 0]() mutable {
+    auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+    if (dialog && dialog->isVisible()) {
+      poll->stop();
+      poll->deleteLater();
+      act(*dialog);
+    } else if (++polls > 2000) {
+      ADD_FAILURE() << "no dialog opened";
+      poll->stop();
+      poll->deleteLater();
+    }
+  });
+  poll->start(2);
+}
+
+class QtPrinterTest : public testing::Test {
+ protected:
+  QString Path() const { return folder_.filePath(QStringLiteral("out.pdf")); }
+
+  // Chooses the PDF file, the one printer that is everywhere.
+  void ChooseFile(int copies = 1) {
+    WhenOpen([this, copies](QPrintDialog& dialog) {
+      dialog.printer()->setOutputFormat(QPrinter::PdfFormat);
+      dialog.printer()->setOutputFileName(Path());
+      dialog.printer()->setCopyCount(copies);
+      dialog.done(QDialog::Accepted);
+    });
+    EXPECT_TRUE(printer_.Choose());
+  }
+  static void DrawLine(DrawingSurface& page, int) {
+    page.SetPen({});
+    page.DrawLine({0, 0}, {100, 100});
+  }
+
+  QTemporaryDir folder_;
+  QWidget window_;
+  QtPrinter printer_{[this] { return &window_; }};
+};
+
+TEST_F(QtPrinterTest, PagesAreAsLargeAsWhatCanBePrintedOn) {
+  ChooseFile();
+  PixelRectangle whole;
+  double pen = 0;
+  EXPECT_FALSE(printer_.Print("report", 1, [&](DrawingSurface& page, int) {
+    whole = page.Whole();
+    pen = page.PenScale();
+  }));
+  const PageSize size = printer_.Page();
+  EXPECT_NEAR(whole.width, size.width / 1440 * kPageDotsPerInch, 1);
+  EXPECT_NEAR(whole.height, size.height / 1440 * kPageDotsPerInch, 1);
+  EXPECT_EQ(pen, kPageDotsPerPen);
+}
+
+TEST_F(QtPrinterTest, EveryPageOfADocumentIsDrawnOnceWhateverTheCopies) {
+  ChooseFile(3);
+  EXPECT_EQ(printer_.Copies(), 3);
+  std::vector<int> numbers;
+  EXPECT_FALSE(printer_.Print("report", 2, [&](DrawingSurface& page, int number) {
+    numbers.push_back(number);
+    DrawLine(page, number);
+  }));
+  EXPECT_EQ(numbers, (std::vector{0, 1}));
+  EXPECT_EQ(printer_.Copies(), 3);
+  EXPECT_TRUE(QFile::exists(Path()));
+}
+
+TEST_F(QtPrinterTest, ACancelledDialogLeavesWhatWasChosenBefore) {
+  ChooseFile(2);
+  WhenOpen([](QPrintDialog& dialog) { dialog.reject(); });
+  EXPECT_FALSE(printer_.Choose());
+  EXPECT_EQ(printer_.Copies(), 2);
+  EXPECT_FALSE(printer_.Print("report", 1, DrawLine));
+  EXPECT_TRUE(QFile::exists(Path()));
+}
+
+TEST_F(QtPrinterTest, ThereIsAtLeastOneCopyAndAPageBeforeAnythingWasChosen) {
+  EXPECT_GE(printer_.Copies(), 1);
+  EXPECT_GT(printer_.Page().width, 5000);
+  EXPECT_GT(printer_.Page().height, 5000);
+}
+
+TEST_F(QtPrinterTest, AFileThatCannotBeMadeIsAFailure) {
+  WhenOpen([](QPrintDialog& dialog) {
+    dialog.printer()->setOutputFormat(QPrinter::PdfFormat);
+    dialog.printer()->setOutputFileName(QStringLiteral("/proc/nowhere/out.pdf"));
+    dialog.done(QDialog::Accepted);
+  });
+  EXPECT_TRUE(printer_.Choose());
+  EXPECT_TRUE(printer_.Print("report", 1, DrawLine));
+}
+
+TEST_F(QtPrinterTest, ADialogWhoseWindowGoesAwayIsACancelledOne) {
+  auto parent = std::make_unique<QWidget>();
+  QtPrinter printer([&] { return parent.get(); });
+  WhenOpen([&](QPrintDialog&) { parent.reset(); });
+  EXPECT_FALSE(printer.Choose());
+}
+
+}  // namespace
+}  // namespace quenlor::platform::qt
