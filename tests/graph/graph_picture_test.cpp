@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "graph/graph_picture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/memory/recording_surface.h"
+#include "tests/graph/opened_file.h"
+
+namespace quenlor::graph {
+namespace {
+
+using platform::memory::RecordingSurface;
+using testing::Contains;
+using testing::Not;
+using Kind = RecordingSurface::Call::Kind;
+
+constexpr const char* kFile =
+    "No.,Time,Viscosity,Unit1,Temp,Unit2\n"
+    "1,00:00:00,50,mPa.s,25.0,C\n"
+    "1,00:01:00,55,mPa.s,25.5,C\n"
+    "Date,2026/11/21 09:30:00\n"
+    "Memo,first batch\n";
+
+struct Drawn {
+  OpenedFile file;
+  PlotSettings look;
+  RecordingSurface surface;
+
+  explicit Drawn(int width, int height, double pen_scale = 1, GraphKind kind = GraphKind::ViscoTime,
+                 const std::string& name = "oil.csv")
+      : file(kFile, name), surface(width, height, pen_scale) {
+    file.graph.SetKind(kind);
+    look.kind = kind;
+    Plot plot(file.graph.Values());
+    plot.Set(look, file.document.Ranges());
+    DrawGraphPicture(surface, plot, CaptionsOf(file.document, file.graph));
+  }
+  std::vector<std::string> Texts() const {
+    std::vector<std::string> texts;
+    for (const auto& call : surface.Calls(Kind::kText)) texts.push_back(call.text);
+    return texts;
+  }
+};
+
+TEST(GraphPicture, HoldsThePlotAndEveryCaptionOfItsKind) {
+  const Drawn drawn(1200, 800);
+  EXPECT_FALSE(drawn.surface.Calls(Kind::kLine).empty());
+  for (const char* text :
+       {"oil.csv", "2026/11/21 09:30:00", "Viscosity", "Time", "first batch", "55", "Final"})
+    EXPECT_THAT(drawn.Texts(), Contains(text));
+  EXPECT_THAT(drawn.Texts(), Not(Contains("Temp")));
+  EXPECT_THAT(Drawn(1200, 800, 1, GraphKind::ViscoTempTime).Texts(), Contains("Temp"));
+}
+
+TEST(GraphPicture, IsTheSameOnAFinerSurface) {
+  const Drawn coarse(600, 400);
+  const Drawn fine(6000, 4000, 10);
+  EXPECT_EQ(coarse.Texts(), fine.Texts());
+  const auto one = coarse.surface.Calls(Kind::kText);
+  const auto other = fine.surface.Calls(Kind::kText);
+  for (std::size_t i = 0; i < one.size(); ++i) {
+    EXPECT_NEAR(one[i].line.from.x, other[i].line.from.x, 1e-6);
+    EXPECT_NEAR(one[i].down, other[i].down, 1e-6);
+  }
+}
+
+TEST(GraphPicture, ALongNameIsCutInsideThePicture) {
+  const Drawn drawn(900, 600, 1, GraphKind::ViscoTime, std::string(500, 'm') + ".csv");
+  for (const auto& call : drawn.surface.Calls(Kind::kText)) {
+    const double width = static_cast<double>(call.text.size()) * call.down / 2;
+    EXPECT_LE(width, 900 * 15) << call.text;
+  }
+}
+
+TEST(GraphPicture, LegendTextsHaveTheColoursOfTheirRuns) {
+  const Drawn drawn(1200, 800);
+  for (const auto& call : drawn.surface.Calls(Kind::kText)) {
+    const bool of_run_1 = call.text == "55" && call.text_across == platform::Across::kCentre &&
+                          call.line.from.y > 11.5 * 800 * 15 / 13.5;
+    const Color color = of_run_1 ? drawn.look.colors[1] : drawn.look.GridColor;
+    if (of_run_1 || call.text == "oil.csv") {
+      EXPECT_EQ(call.pen.color, ToRgb(color));
+    }
+  }
+}
+
+TEST(GraphPicture, APictureWithoutAPixelGetsNothing) {
+  EXPECT_TRUE(Drawn(0, 800).surface.Calls().empty());
+  EXPECT_TRUE(Drawn(1, 1).Texts().size() < 100);
+}
+
+}  // namespace
+}  // namespace quenlor::graph
