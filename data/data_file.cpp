@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/document.h"
+#include "data/eight_bytes.h"
 #include "data/text_number.h"
 #include "data/utf8.h"
 
@@ -43,7 +44,7 @@ class Reader {
       }
       if (!in_memo_ && !MayHoldAKey(*at) && separator_known_) {
         starts.push_back(static_cast<std::uint64_t>(at - begin));
-        at = ReadReading(at);
+        at = ReadReading(at, end);
         continue;
       }
       char* const line_end = std::find_if(at, end, IsLineEnd);
@@ -51,7 +52,7 @@ class Reader {
         at = line_end + (line_end + 1 < end && *line_end == '\r' && line_end[1] == '\n' ? 2 : 1);
       } else {
         starts.push_back(static_cast<std::uint64_t>(at - begin));
-        at = ReadReading(at);
+        at = ReadReading(at, end);
       }
     }
     if (contents_.separator == ';' && block.find(',') != std::string::npos) contents_.holds_commas = true;
@@ -64,41 +65,65 @@ class Reader {
   // Digits open nearly every line of a data file; the letters of the keys, a blank line's blanks do not.
   static bool MayHoldAKey(char c) { return !(c >= '0' && c <= '9'); }
 
-  // Divides the reading that starts at `at` into cells, in place. Every line of a block has an end.
-  char* ReadReading(char* at) {
+  // Divides the reading that starts at `at` into cells, in place; where to go on. Every line of a block has
+  // an end.
+  char* ReadReading(char* at, const char* block_end) {
     char* const line = at;
-    char* first_cell_end = nullptr;
-    const char separator = contents_.separator;
     int cells = 1;
-    for (;; ++at) {
-      const char c = *at;
-      if (c >= '0' && c <= '9') continue;
-      if (c == separator) {
-        if (first_cell_end == nullptr) first_cell_end = at;
-        *at = MeasurementTable::kCellEnd;
-        ++cells;
-      } else if (IsLineEnd(c)) {
-        break;
-      }
-    }
-    char* const line_end = at;
+    char* const line_end = DivideLine(line, block_end, cells);
+    at = line_end;
     if (line_end - line > kLongestReading) {
       at = line + kLongestReading;
       while ((*at & 0xC0) == 0x80) --at;  // not within a character
     }
     *at = MeasurementTable::kRowEnd;
-    if (first_cell_end == nullptr || first_cell_end > at) first_cell_end = at;
-    NoteRun({line, static_cast<std::size_t>(first_cell_end - line)});
+    if (cells > MeasurementTable::kMaxCols) CutAfterTheLastColumn(line);
+    if (!IsOfLastRun(line)) NoteRun(line);
     while (contents_.table.Cols() < cells && contents_.table.AddDataColumn()) {
     }
     return line_end + 1;  // the LF of a CR LF reads as a blank line
   }
 
+  static void CutAfterTheLastColumn(char* reading) {
+    for (int cells = 0; *reading != MeasurementTable::kRowEnd; ++reading) {
+      if (*reading == MeasurementTable::kCellEnd && ++cells == MeasurementTable::kMaxCols) break;
+    }
+    *reading = MeasurementTable::kRowEnd;
+  }
+
+  // Makes the line's separators cell ends and counts them; where the line ends.
+  char* DivideLine(char* at, const char* block_end, int& cells) const {
+    const char separator = contents_.separator;
+    for (; EightBytes::kFirstIsLowest && block_end - at >= EightBytes::kSize; at += EightBytes::kSize) {
+      const EightBytes bytes(at);
+      const std::uint64_t line_ends = bytes.Equal('\r') | bytes.Equal('\n');
+      std::uint64_t separators = bytes.Equal(separator);
+      if (line_ends != 0) separators &= EightBytes::BeforeFirst(line_ends);
+      bytes.StoreWith(MeasurementTable::kCellEnd, separators, at);
+      cells += EightBytes::Count(separators);
+      if (line_ends != 0) return at + EightBytes::First(line_ends);
+    }
+    for (; !IsLineEnd(*at); ++at) {
+      if (*at != separator) continue;
+      *at = MeasurementTable::kCellEnd;
+      ++cells;
+    }
+    return at;
+  }
+
   // Readings of one run follow each other, so the text of the last number is nearly always met again.
-  void NoteRun(std::string_view text) {
-    if (text == last_run_) return;
-    last_run_ = text;
-    RaiseRunCount(RunNumber(text));
+  bool IsOfLastRun(const char* reading) const {
+    for (const char c : last_run_) {
+      if (*reading++ != c) return false;
+    }
+    return true;
+  }
+
+  void NoteRun(const char* reading) {
+    const char* end = reading;
+    while (*end != MeasurementTable::kCellEnd && *end != MeasurementTable::kRowEnd) ++end;
+    last_run_.assign(reading, end + 1);
+    RaiseRunCount(RunNumber({reading, static_cast<std::size_t>(end - reading)}));
   }
 
   void RaiseRunCount(int number) {
@@ -181,7 +206,7 @@ class Reader {
   bool separator_known_ = false;
   bool in_memo_ = false;
   int info_row_ = 0;
-  std::string last_run_;
+  std::string last_run_{MeasurementTable::kCellEnd};  // the number of the last reading, with the cell's end
 };
 
 }  // namespace

@@ -44,8 +44,10 @@ bool Document::AppendReading(std::span<const std::string_view> fields, const Mom
   const std::string time =
       settings_.Index(setting::kTimeS) == 0 ? TenthsText(elapsed) : SecondsToTime(elapsed);
   runs_.SetTextMatrix(RunCount_, 2, time);
-  runs_.SetTextMatrix(RunCount_, 3, DateText(now.local_second));
-  runs_.SetTextMatrix(RunCount_, 4, TimeText(now.local_second));
+  const std::string date = DateText(now.local_second);
+  const std::string time_of_day = TimeText(now.local_second);
+  runs_.SetTextMatrix(RunCount_, 3, date);
+  runs_.SetTextMatrix(RunCount_, 4, time_of_day);
 
   const std::string run = std::to_string(RunCount_);
   std::vector<std::string_view> cells{run, time};
@@ -56,7 +58,7 @@ bool Document::AppendReading(std::span<const std::string_view> fields, const Mom
   const Row row = table_.EntryRow() - 1;
   if (filled) filled(row);
 
-  date_ = DateTimeText(now.local_second);
+  date_ = date + ' ' + time_of_day;
   DataChanged_ = true;
   if (table_.Cols() != cols) Tell(&DocumentListener::ColumnsChanged);
   if (first_of_run) Tell(&DocumentListener::RunsChanged);

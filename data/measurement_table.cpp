@@ -5,6 +5,8 @@
 #include <cstring>
 #include <utility>
 
+#include "data/eight_bytes.h"
+
 namespace quenlor::data {
 namespace {
 
@@ -15,6 +17,33 @@ constexpr std::size_t kBlockSize = std::size_t{1} << 20;
 const char* CellEnd(const char* at) {
   while (static_cast<unsigned char>(*at) < 0xFE) ++at;
   return at;
+}
+
+// The length of the row that a block begins with.
+std::size_t RowEnd(std::string_view block) {
+  std::size_t at = 0;
+  for (; EightBytes::kFirstIsLowest && at + EightBytes::kSize <= block.size(); at += EightBytes::kSize) {
+    const std::uint64_t end = EightBytes(block.data() + at).Equal(MeasurementTable::kRowEnd);
+    if (end != 0) return at + EightBytes::First(end);
+  }
+  return block.find(MeasurementTable::kRowEnd, at);
+}
+
+// Replaces one byte by another wherever it stands; how often it did.
+int Replace(char* at, const char* end, char from, char to) {
+  int count = 0;
+  for (; end - at >= EightBytes::kSize; at += EightBytes::kSize) {
+    const EightBytes bytes(at);
+    const std::uint64_t places = bytes.Equal(from);
+    bytes.StoreWith(to, places, at);
+    count += EightBytes::Count(places);
+  }
+  for (; at != end; ++at) {
+    if (*at != from) continue;
+    *at = to;
+    ++count;
+  }
+  return count;
 }
 
 }  // namespace
@@ -36,6 +65,11 @@ const char* MeasurementTable::RowStart(Row row) const {
   return blocks_[start >> kOffsetBits].data() + (start & kOffsetMask);
 }
 
+std::string_view MeasurementTable::BlockFrom(Row row) const {
+  const std::uint64_t start = starts_[static_cast<std::size_t>(row - 1)];
+  return std::string_view(blocks_[start >> kOffsetBits]).substr(start & kOffsetMask);
+}
+
 std::string_view MeasurementTable::TextMatrix(Row row, int col) const {
   if (col < 0 || col >= Cols() || row < 0 || row >= EntryRow()) return {};
   if (row == 0) return titles_[static_cast<std::size_t>(col)];
@@ -47,6 +81,27 @@ std::string_view MeasurementTable::TextMatrix(Row row, int col) const {
     end = CellEnd(begin);
   }
   return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+void MeasurementTable::Cells(Row row, std::span<std::string_view> cells) const {
+  std::ranges::fill(cells, std::string_view());
+  const std::string_view block = BlockFrom(row);
+  const char* begin = block.data();
+  const char* at = begin;
+  auto cell = cells.begin();
+  // Ends the cell; true when there is no other to be told.
+  const auto end_at = [&](const char* end) {
+    *cell++ = {begin, static_cast<std::size_t>(end - begin)};
+    begin = end + 1;
+    return cell == cells.end() || *end == kRowEnd;
+  };
+  const char* const block_end = begin + block.size();
+  for (; EightBytes::kFirstIsLowest && block_end - at >= EightBytes::kSize; at += EightBytes::kSize) {
+    for (std::uint64_t ends = EightBytes(at).AtLeastFE(); ends != 0; ends = EightBytes::WithoutFirst(ends)) {
+      if (end_at(at + EightBytes::First(ends))) return;
+    }
+  }
+  while (!end_at(at = CellEnd(at))) ++at;
 }
 
 void MeasurementTable::SetTextMatrix(Row row, int col, std::string_view text) {
@@ -111,15 +166,11 @@ void MeasurementTable::AppendLine(Row row, char separator, std::string& line) co
     }
     return;
   }
-  const char* begin = RowStart(row);
-  int col = 0;
-  for (const char* end = CellEnd(begin);; end = CellEnd(begin)) {
-    line.append(begin, end);
-    if (++col == Cols() || *end == kRowEnd) break;
-    line.push_back(separator);
-    begin = end + 1;
-  }
-  line.append(static_cast<std::size_t>(Cols() - col), separator);
+  const std::size_t before = line.size();
+  const std::string_view block = BlockFrom(row);
+  line.append(block.data(), RowEnd(block));
+  const int dividers = Replace(line.data() + before, line.data() + line.size(), kCellEnd, separator);
+  line.append(static_cast<std::size_t>(std::max(0, Cols() - 1 - dividers)), separator);
 }
 
 void MeasurementTable::AdoptRows(std::string block, std::vector<std::uint64_t> starts) {

@@ -39,6 +39,10 @@ class MeasurementTable {
   // The view holds until the table changes.
   std::string_view TextMatrix(Row row, int col) const;
 
+  // The first cells of a reading, as many as there is room for; missing ones are empty. All of them take one
+  // walk along the row, where each TextMatrix takes one.
+  void Cells(Row row, std::span<std::string_view> cells) const;
+
   // Replaces one title or one cell of a reading; the entry row and cells outside the table are left alone.
   void SetTextMatrix(Row row, int col, std::string_view text);
 
@@ -56,11 +60,12 @@ class MeasurementTable {
   void AppendLine(Row row, char separator, std::string& line) const;
 
   // Takes over a block of rows in the form described above; `starts` are offsets in it, in row order.
-  // The caller has added the columns that the rows need.
+  // The caller has added the columns that the rows need; no row has more cells than there are columns.
   void AdoptRows(std::string block, std::vector<std::uint64_t> starts);
 
  private:
   const char* RowStart(Row row) const;
+  std::string_view BlockFrom(Row row) const;  // the row, and what follows it in its block
   std::uint64_t StoreRow(std::span<const std::string_view> cells);
 
   std::vector<std::string> titles_;

@@ -2,9 +2,11 @@
 #include "data/text_number.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <cstdint>
+#include <cstdlib>
 #include <limits>
 
 namespace quenlor::data {
@@ -15,6 +17,53 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 std::size_t SkipDigits(std::string_view text, std::size_t at) {
   while (at < text.size() && IsDigit(text[at])) ++at;
   return at;
+}
+
+// The same, and the digits are added to a whole number, which means nothing when they are too many for it.
+std::size_t TakeDigits(std::string_view text, std::size_t at, std::uint64_t& number) {
+  for (; at < text.size() && IsDigit(text[at]); ++at)
+    number = number * 10 + static_cast<std::uint64_t>(text[at] - '0');
+  return at;
+}
+
+constexpr std::array kPowersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                     1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+// The number of a short plain text ("12.5", "-7"), as an instrument sends them; nothing for any other text.
+// Its digits and its power of ten are doubles without an error, so one division gives the nearest double.
+std::optional<double> PlainNumber(std::string_view text) {
+  const bool negative = text.starts_with('-');
+  const std::size_t whole = negative ? 1 : 0;
+  std::uint64_t number = 0;
+  std::size_t at = TakeDigits(text, whole, number);
+  std::size_t digits = at - whole;
+  std::size_t decimals = 0;
+  if (at < text.size() && (text[at] == '.' || text[at] == ',')) {
+    const std::size_t point = at;
+    at = TakeDigits(text, point + 1, number);
+    decimals = at - point - 1;
+    digits += decimals;
+  }
+  if (at < text.size() || digits == 0 || digits >= kPowersOfTen.size()) return std::nullopt;
+  const double value = static_cast<double>(number) / kPowersOfTen[decimals];
+  return negative ? -value : value;
+}
+
+// The seconds of "hh:mm:ss" in plain digits; nothing for any other text.
+std::optional<double> ClockTime(std::string_view text) {
+  constexpr std::size_t kMostDigits = 9;
+  std::uint64_t seconds = 0;
+  std::size_t at = 0;
+  for (int part = 0; part < 3; ++part) {
+    if (part > 0 && (at == text.size() || text[at++] != ':')) return std::nullopt;
+    std::uint64_t number = 0;
+    const std::size_t end = TakeDigits(text, at, number);
+    if (end == at || end - at > kMostDigits) return std::nullopt;
+    seconds = seconds * 60 + number;
+    at = end;
+  }
+  if (at < text.size()) return std::nullopt;
+  return static_cast<double>(seconds);
 }
 
 struct DecimalNumber {
@@ -75,6 +124,14 @@ double ReadDecimal(std::string_view number) {
   return error == std::errc::result_out_of_range ? OutOfRange(number) : value;
 }
 
+// At least two.
+void AppendTwoDigits(std::string& text, long long number) {
+  if (number < 0) text += '-';
+  const std::string digits = std::to_string(std::llabs(number));
+  if (digits.size() < 2) text += '0';
+  text += digits;
+}
+
 // The nearest finite number, so that sums of numbers that are too large still are numbers.
 double Bounded(double value) {
   constexpr double kLargest = std::numeric_limits<double>::max();
@@ -84,6 +141,7 @@ double Bounded(double value) {
 }  // namespace
 
 std::optional<double> LeadingNumber(std::string_view text) {
+  if (const auto plain = PlainNumber(text)) return *plain;
   const DecimalNumber found = FindNumber(text);
   if (found.end == 0) return std::nullopt;
   const std::string_view number = text.substr(found.begin, found.end - found.begin);
@@ -111,25 +169,27 @@ std::string TenthsText(double value) {
   constexpr double kLimit = 1e14;
   const double bounded = std::isfinite(value) ? std::clamp(value, -kLimit, kLimit) : 0.0;
   const auto tenths = std::llround(std::fabs(bounded) * 10);
-  char buffer[40];
-  std::snprintf(buffer, sizeof buffer, "%s%02lld.%lld", bounded < 0 && tenths != 0 ? "-" : "", tenths / 10,
-                tenths % 10);
-  return buffer;
+  std::string text(bounded < 0 && tenths != 0 ? "-" : "");
+  AppendTwoDigits(text, tenths / 10);
+  text += '.';
+  return text += static_cast<char>('0' + tenths % 10);
 }
 
 std::string SecondsToTime(double seconds) {
   constexpr double kLimit = 1e15;
   const double bounded = std::isfinite(seconds) ? std::clamp(seconds, -kLimit, kLimit) : 0.0;
   const auto whole = static_cast<long long>(std::nearbyint(bounded));
-  const auto part = [](long long value) {
-    char buffer[24];
-    std::snprintf(buffer, sizeof buffer, "%s%02lld", value < 0 ? "-" : "", std::llabs(value));
-    return std::string(buffer);
-  };
-  return part(whole / 3600) + ":" + part(whole / 60 % 60) + ":" + part(whole % 60);
+  std::string text;
+  AppendTwoDigits(text, whole / 3600);
+  text += ':';
+  AppendTwoDigits(text, whole / 60 % 60);
+  text += ':';
+  AppendTwoDigits(text, whole % 60);
+  return text;
 }
 
 double TimeToSeconds(std::string_view text) {
+  if (const auto seconds = ClockTime(text)) return *seconds;
   const std::size_t first = text.find(':');
   if (first == std::string_view::npos) return C_Val(text);
   const std::size_t second = text.find(':', first + 1);

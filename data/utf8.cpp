@@ -2,7 +2,8 @@
 #include "data/utf8.h"
 
 #include <cstdint>
-#include <cstring>
+
+#include "data/eight_bytes.h"
 
 namespace quenlor::data {
 namespace {
@@ -40,12 +41,8 @@ std::size_t SequenceLength(std::string_view bytes, std::size_t at) {
 
 // The first position at or after `at` that holds a byte above 127, eight bytes at a time.
 std::size_t SkipAscii(std::string_view bytes, std::size_t at) {
-  constexpr std::uint64_t kHighBits = 0x8080808080808080u;
-  while (at + sizeof(std::uint64_t) <= bytes.size()) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes.data() + at, sizeof word);
-    if ((word & kHighBits) != 0) break;
-    at += sizeof word;
+  while (at + EightBytes::kSize <= bytes.size() && EightBytes(bytes.data() + at).Above127() == 0) {
+    at += EightBytes::kSize;
   }
   while (at < bytes.size() && Byte(bytes, at) < 0x80) ++at;
   return at;

@@ -83,11 +83,6 @@ ResolutionTexts LiveGraph::FirstReading() const {
   return {table.TextMatrix(1, document_.ViscoColumn()), table.TextMatrix(1, document_.TempColumn())};
 }
 
-void LiveGraph::CopyAll_Time() {
-  values_.CopyAll_Time(document_.Grid1());
-  RunAutoScale(Axis::Time);
-}
-
 void LiveGraph::CopyAll_Visco() {
   shown_visco_ = document_.ViscoColumn();
   values_.CopyAll_Visco(document_.Grid1(), shown_visco_);
@@ -101,9 +96,10 @@ void LiveGraph::CopyAll_Temp() {
 }
 
 void LiveGraph::RefreshSeries() {
-  CopyAll_Time();
-  CopyAll_Visco();
-  CopyAll_Temp();
+  shown_visco_ = document_.ViscoColumn();
+  shown_temp_ = document_.TempColumn();
+  values_.CopyAll(document_.Grid1(), shown_visco_, shown_temp_);
+  for (const Axis axis : {Axis::Time, Axis::Visco, Axis::Temp}) RunAutoScale(axis);
   view_.Fig();
 }
 

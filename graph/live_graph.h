@@ -62,7 +62,6 @@ class LiveGraph : private data::DocumentListener {
 
  private:
   using Row = data::Document::Row;
-  void CopyAll_Time();
   void CopyAll_Visco();
   void CopyAll_Temp();
   bool& BoxOf(Axis axis);

@@ -17,44 +17,62 @@ int RunNumber(std::string_view cell) {
   return static_cast<int>(std::nearbyint(std::clamp(data::C_Val(cell), -kLargest, kLargest)));
 }
 
+void Clear(ValueColumn& column, const ValueArrays::Table& table) {
+  column.Clear();
+  column.Reserve(table.EntryRow() - 1);
+}
+
 }  // namespace
+
+void ValueArrays::CopyAll(const Table& table, int visco_column, int temp_column) {
+  ++generation_;
+  ClearTime(table);
+  Clear(visco_, table);
+  Clear(temp_, table);
+  std::vector<std::string_view> cells(
+      static_cast<std::size_t>(std::max({kTimeColumn, visco_column, temp_column})) + 1);
+  const std::string_view& number = cells[kNumberColumn];
+  const std::string_view& time = cells[kTimeColumn];
+  const std::string_view& visco = cells[static_cast<std::size_t>(visco_column)];
+  const std::string_view& temp = cells[static_cast<std::size_t>(temp_column)];
+  for (Table::Row row = 1; row < table.EntryRow(); ++row) {
+    table.Cells(row, cells);
+    AddTime(row, number, time);
+    visco_.Append(data::C_Val(visco));
+    temp_.Append(data::C_Val(temp));
+  }
+  NoteAllTimes();
+  NoteAllVisco();
+  NoteAllTemp();
+}
 
 void ValueArrays::CopyAll_Time(const Table& table) {
   ++generation_;
-  time_.Clear();
-  time_.Reserve(table.EntryRow() - 1);
-  runs_.clear();
-  numbers_.clear();
-  last_rows_ = {};
-  double largest = 0;
-  for (Table::Row row = 1; row < table.EntryRow(); ++row) {
-    AddTime(table, row);
-    largest = row == 1 ? extremes_.LastTime : std::max(largest, extremes_.LastTime);
-  }
-  extremes_.LastTime = largest;
-  extremes_.HasReadings = table.HasReadings();
+  ClearTime(table);
+  for (Table::Row row = 1; row < table.EntryRow(); ++row)
+    AddTime(row, table.TextMatrix(row, kNumberColumn), table.TextMatrix(row, kTimeColumn));
+  NoteAllTimes();
 }
 
 void ValueArrays::CopyAll_Visco(const Table& table, int column) {
   ++generation_;
-  visco_.Clear();
-  visco_.Reserve(table.EntryRow() - 1);
-  extremes_.DataViscoMin = extremes_.DataViscoMax = extremes_.PosViscoMin = extremes_.PosViscoMax = 0;
+  Clear(visco_, table);
   for (Table::Row row = 1; row < table.EntryRow(); ++row)
-    AddVisco(data::C_Val(table.TextMatrix(row, column)));
+    visco_.Append(data::C_Val(table.TextMatrix(row, column)));
+  NoteAllVisco();
 }
 
 void ValueArrays::CopyAll_Temp(const Table& table, int column) {
   ++generation_;
-  temp_.Clear();
-  temp_.Reserve(table.EntryRow() - 1);
-  extremes_.DataTempMin = extremes_.DataTempMax = 0;
-  for (Table::Row row = 1; row < table.EntryRow(); ++row) AddTemp(data::C_Val(table.TextMatrix(row, column)));
+  Clear(temp_, table);
+  for (Table::Row row = 1; row < table.EntryRow(); ++row)
+    temp_.Append(data::C_Val(table.TextMatrix(row, column)));
+  NoteAllTemp();
 }
 
 void ValueArrays::Copy_Time(const Table& table, Table::Row row) {
   if (row != time_.Size() + 1) return CopyAll_Time(table);
-  AddTime(table, row);
+  AddTime(row, table.TextMatrix(row, kNumberColumn), table.TextMatrix(row, kTimeColumn));
 }
 
 void ValueArrays::Copy_Visco(const Table& table, Table::Row row, int column) {
@@ -79,8 +97,14 @@ Index ValueArrays::RunEnd(std::size_t run) const {
   return run + 1 < runs_.size() ? std::min(runs_[run + 1].first, Size()) : Size();
 }
 
-void ValueArrays::AddTime(const Table& table, Table::Row row) {
-  const std::string_view number = table.TextMatrix(row, kNumberColumn);
+void ValueArrays::ClearTime(const Table& table) {
+  Clear(time_, table);
+  runs_.clear();
+  numbers_.clear();
+  last_rows_ = {};
+}
+
+void ValueArrays::AddTime(Table::Row row, std::string_view number, std::string_view time) {
   if (runs_.empty() || number != last_number_) {
     last_number_ = number;
     runs_.push_back({time_.Size(), RunNumber(number)});
@@ -88,7 +112,7 @@ void ValueArrays::AddTime(const Table& table, Table::Row row) {
   }
   const int run = runs_.back().number;
   if (run >= 1 && run < static_cast<int>(last_rows_.size())) last_rows_[static_cast<std::size_t>(run)] = row;
-  time_.Append(data::TimeToSeconds(table.TextMatrix(row, kTimeColumn)));
+  time_.Append(data::TimeToSeconds(time));
   extremes_.LastTime = time_[time_.Size() - 1];
   extremes_.HasReadings = true;
 }
@@ -110,6 +134,30 @@ void ValueArrays::AddTemp(double value) {
   temp_.Append(value);
   extremes_.DataTempMin = first ? value : std::min(extremes_.DataTempMin, value);
   extremes_.DataTempMax = first ? value : std::max(extremes_.DataTempMax, value);
+}
+
+void ValueArrays::NoteAllTimes() {
+  extremes_.HasReadings = time_.Size() > 0;
+  extremes_.LastTime = extremes_.HasReadings ? time_.ExtremesOf(0, time_.Size()).max : 0;
+}
+
+void ValueArrays::NoteAllVisco() {
+  extremes_.DataViscoMin = extremes_.DataViscoMax = extremes_.PosViscoMin = extremes_.PosViscoMax = 0;
+  if (visco_.Size() == 0) return;
+  const ValueColumn::Extremes all = visco_.ExtremesOf(0, visco_.Size());
+  extremes_.DataViscoMin = all.min;
+  extremes_.DataViscoMax = all.max;
+  if (all.max <= 0) return;
+  extremes_.PosViscoMin = all.positive_min;
+  extremes_.PosViscoMax = all.max;
+}
+
+void ValueArrays::NoteAllTemp() {
+  extremes_.DataTempMin = extremes_.DataTempMax = 0;
+  if (temp_.Size() == 0) return;
+  const ValueColumn::Extremes all = temp_.ExtremesOf(0, temp_.Size());
+  extremes_.DataTempMin = all.min;
+  extremes_.DataTempMax = all.max;
 }
 
 }  // namespace quenlor::graph

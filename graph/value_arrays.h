@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/measurement_table.h"
@@ -31,7 +32,8 @@ class ValueArrays {
     int number = 0;  // 0 when the cell is no number
   };
 
-  void CopyAll_Time(const Table& table);  // and the runs
+  void CopyAll(const Table& table, int visco_column, int temp_column);  // the three of them in one walk
+  void CopyAll_Time(const Table& table);                                // and the runs
   void CopyAll_Visco(const Table& table, int column);
   void CopyAll_Temp(const Table& table, int column);
   void Copy_Time(const Table& table, Table::Row row);
@@ -60,9 +62,13 @@ class ValueArrays {
   std::uint64_t Generation() const { return generation_; }
 
  private:
-  void AddTime(const Table& table, Table::Row row);
+  void ClearTime(const Table& table);
+  void AddTime(Table::Row row, std::string_view number, std::string_view time);
   void AddVisco(double value);
   void AddTemp(double value);
+  void NoteAllTimes();
+  void NoteAllVisco();
+  void NoteAllTemp();
 
   ValueColumn time_;
   ValueColumn visco_;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "graph/value_column.h"
 
-#include "graph/graph_math.h"
-
 namespace quenlor::graph {
 
 void ValueColumn::Clear() {
@@ -17,9 +15,8 @@ void ValueColumn::Reserve(Index size) {
   }
 }
 
-void ValueColumn::Append(double value) {
-  values_.push_back(Bounded(value));
-  // A block that is full now is summed up from the blocks one level below.
+// Each block that is full now is summed up from the blocks one level below.
+void ValueColumn::SumUp() {
   for (int level = 0; level < kLevels && Size() % BlockSize(level) == 0; ++level) {
     Extremes block;
     for (Index part = Size() - BlockSize(level); part < Size(); part += BlockSize(level - 1)) {

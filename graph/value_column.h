@@ -3,10 +3,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <vector>
+
+#include "graph/graph_math.h"
 
 namespace quenlor::graph {
 
@@ -39,7 +42,10 @@ class ValueColumn {
 
   void Clear();
   void Reserve(Index size);
-  void Append(double value);  // infinities become the largest number of their sign, NaN becomes 0
+  void Append(double value) {  // infinities become the largest number of their sign, NaN becomes 0
+    values_.push_back(std::isfinite(value) ? value : Bounded(value));
+    if (Size() % BlockSize(0) == 0) SumUp();
+  }
 
   // Of the readings from `begin` up to, not including, `end`.
   Extremes ExtremesOf(Index begin, Index end) const;
@@ -58,6 +64,7 @@ class ValueColumn {
   }
 
  private:
+  void SumUp();
   Extremes Of(Index index) const;
   const Extremes& Summary(int level, Index begin) const {
     return summaries_[static_cast<std::size_t>(level)][static_cast<std::size_t>(begin / BlockSize(level))];

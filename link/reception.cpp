@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "link/reception.h"
 
+#include <algorithm>
+
 #include "data/utf8.h"
 #include "link/line_splitter.h"
 
 namespace quenlor::link {
 namespace {
 
-constexpr std::string_view kMeaningfulCharacters = "\r\n\x06";
 constexpr std::string_view kOverflowLine = "Input Buffer Overflowed";
+
+bool IsMeaningful(char c) { return c == '\r' || c == '\n' || c == '\x06'; }
 
 }  // namespace
 
@@ -30,7 +33,7 @@ void Reception::ClearLine() {
 
 void Reception::TakeCharacters(std::string_view Input) {
   while (!Input.empty()) {
-    const std::size_t plain = std::min(Input.find_first_of(kMeaningfulCharacters), Input.size());
+    const auto plain = static_cast<std::size_t>(std::ranges::find_if(Input, IsMeaningful) - Input.begin());
     Keep(Input.substr(0, plain));
     if (plain == Input.size()) return;
     const char ReceivedChar = Input[plain];

@@ -53,6 +53,8 @@ std::size_t WriteAll(int file, std::string_view bytes) {
 
 }  // namespace
 
+bool IsThere(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
+
 Reason AppendBytes(const std::string& path, std::string_view bytes) {
   const int file = Open(path, O_WRONLY | O_APPEND | O_CREAT);
   if (file < 0) return Text(errno);
@@ -123,6 +125,8 @@ Reason RenameFile(const std::string& from, const std::string& to) {
 }
 
 #else
+
+bool IsThere(const std::string& path) { return QFile::exists(QString::fromStdString(path)); }
 
 Reason AppendBytes(const std::string& path, std::string_view bytes) {
   QFile file(QString::fromStdString(path));

@@ -11,6 +11,8 @@ namespace quenlor::platform::qt {
 // it did not work, and nothing when it did.
 using Reason = std::optional<std::string>;
 
+bool IsThere(const std::string& path);
+
 Reason AppendBytes(const std::string& path, std::string_view bytes);
 
 Reason SyncToDevice(const std::string& path);

@@ -24,7 +24,12 @@ QtClock::QtClock() : start_offset_(OffsetAt(std::chrono::system_clock::now())) {
 
 data::Moment QtClock::Now() const {
   const auto utc = std::chrono::system_clock::now();
-  return MomentOf(utc, start_offset_, OffsetAt(utc));
+  const auto second = std::chrono::floor<std::chrono::seconds>(utc);
+  if (second != asked_at_) {
+    offset_ = OffsetAt(utc);
+    asked_at_ = second;
+  }
+  return MomentOf(utc, start_offset_, offset_);
 }
 
 }  // namespace quenlor::platform::qt

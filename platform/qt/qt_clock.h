@@ -19,6 +19,9 @@ class QtClock : public Clock {
 
  private:
   int start_offset_;
+  // Asking for the offset looks at files, so it is asked once a second.
+  mutable std::chrono::sys_seconds asked_at_{};
+  mutable int offset_ = 0;
 };
 
 }  // namespace quenlor::platform::qt

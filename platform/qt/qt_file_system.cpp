@@ -113,7 +113,7 @@ class QtFileLock : public FileLock {
 
 }  // namespace
 
-bool QtFileSystem::Exists(const std::string& path) const { return QFileInfo::exists(Name(path)); }
+bool QtFileSystem::Exists(const std::string& path) const { return IsThere(path); }
 
 Result<std::string> QtFileSystem::Read(const std::string& path) const try {
   QFile file(Name(path));

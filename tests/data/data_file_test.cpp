@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/data_file.h"
 
+#include <algorithm>
 #include <limits>
 
 #include <gmock/gmock.h>
@@ -102,6 +103,25 @@ TEST(DataFile, LineEndsMayBeMixed) {
   const auto contents = ParseDataFile("No.,Time\n1,0\r2,1\r\n3,2\n\r4,3\n");
   EXPECT_THAT(Readings(contents),
               ElementsAre(Texts{"1", "0"}, Texts{"2", "1"}, Texts{"3", "2"}, Texts{"4", "3"}));
+}
+
+// Lines are read eight bytes at a time: here, every line end and separator stands at every place of eight.
+TEST(DataFile, CellsOfAnyLengthAreDividedWhereverTheyStand) {
+  const std::string lines_before = "No.,Time\n";
+  for (std::size_t pushed = 0; pushed < 8; ++pushed) {
+    for (std::size_t length = 0; length < 20; ++length) {
+      const Texts cells = {"1" + std::string(pushed, '0'), std::string(length, 'x'), "", "\xC3\xBF", "7"};
+      const std::string line = Joined(cells, ',');
+      for (const std::string_view end : {"\n", "\r", "\r\n"}) {
+        const auto contents = ParseDataFile(lines_before + line + std::string(end) + "2,y" +
+                                            std::string(end) + "Date,a,b" + std::string(end));
+        ASSERT_EQ(contents.table.EntryRow(), 3) << line;
+        ASSERT_EQ(RowTexts(contents.table, 1), cells);
+        ASSERT_EQ(contents.table.TextMatrix(2, 1), "y");
+        ASSERT_EQ(contents.date, "a,b");
+      }
+    }
+  }
 }
 
 TEST(DataFile, ALastLineWithoutAnEndIsRead) {
@@ -283,6 +303,10 @@ TEST(DataFile, OfAHundredThousandSeparatorsThePossibleColumnsAreRead) {
     EXPECT_EQ(contents.table.Cols(), 32767);
     EXPECT_EQ(contents.table.TextMatrix(contents.table.EntryRow() - 1, 1), "8");
     EXPECT_EQ(contents.run_count, 7);
+    std::string line;
+    contents.table.AppendLine(1, ',', line);
+    EXPECT_EQ(std::ranges::count(line, ','), 32766) << "and no more of them are kept";
+    EXPECT_EQ(line.back(), ',');
   }
 }
 

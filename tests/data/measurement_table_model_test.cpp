@@ -41,6 +41,13 @@ class SideBySide {
     ASSERT_EQ(table_.Rows(), static_cast<Row>(naive_.rows.size()) + 1);
     ASSERT_EQ(table_.Cols(), static_cast<int>(naive_.Cols()));
     ASSERT_EQ(AllTexts(table_), naive_.rows);
+    for (std::size_t row = 1; row < naive_.rows.size(); ++row) {
+      Texts wanted = naive_.rows[row];
+      wanted.resize(1 + Below(random_, wanted.size() + 3));
+      std::vector<std::string_view> cells(wanted.size(), "old");
+      table_.Cells(static_cast<Row>(row), cells);
+      ASSERT_EQ(Texts(cells.begin(), cells.end()), wanted);
+    }
     for (std::size_t row = 0; row < naive_.rows.size(); ++row) {
       ASSERT_EQ(RowLine(table_, static_cast<Row>(row), ';'), Joined(naive_.rows[row], ';'));
     }

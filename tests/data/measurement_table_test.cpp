@@ -273,17 +273,6 @@ TEST(MeasurementTable, AdoptedRowsAreEditedAndRemovedLikeOthers) {
   EXPECT_THAT(AllTexts(table), ElementsAre(Texts{"No.", "Time"}, Texts{"c", "edited"}));
 }
 
-TEST(MeasurementTable, CellsOfAnAdoptedRowBeyondTheColumnsAreNotSeen) {
-  MeasurementTable table;
-  table.AdoptRows(
-      "a\xFF"
-      "b\xFF"
-      "c\xFE",
-      {0});
-  EXPECT_EQ(table.TextMatrix(1, 2), "");
-  EXPECT_EQ(Line(table, 1), "a,b");
-}
-
 TEST(MeasurementTable, RowsAreStoredOneRightBehindTheOther) {
   MeasurementTable table;
   for (int i = 0; i < 100; ++i) Append(table, {"1", "00:00:01", "1234.5"});

@@ -6,6 +6,7 @@
 #include <limits>
 #include <locale>
 #include <random>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -104,6 +105,46 @@ TEST(C_Val, TenThousandDigitsAreReadToTheLast) {
   EXPECT_DOUBLE_EQ(C_Val("0," + std::string(10000, '3')), 1.0 / 3);
   EXPECT_EQ(C_Val("1" + std::string(9999, '0') + "E-9999"), 1);
   EXPECT_EQ(C_Val("0." + std::string(9999, '0') + "1E10000"), 1);
+}
+
+// Texts of digits with a sign, a point or a comma here and there, from an empty one to more digits than a
+// double holds.
+std::string DigitText(std::mt19937_64& random) {
+  static constexpr std::string_view kSigns = "-+.,:E";
+  std::string text(random() % 3 == 0 ? "-" : "");
+  const std::size_t length = random() % 22;
+  const std::size_t point = random() % 22;
+  for (std::size_t at = 0; at < length; ++at) {
+    if (at == point) text += random() % 2 == 0 ? '.' : ',';
+    text += random() % 100 == 0 ? kSigns[random() % kSigns.size()] : static_cast<char>('0' + random() % 10);
+  }
+  return text;
+}
+
+// Whether the same double, the sign of a zero included.
+void ExpectSame(double number, double other, const std::string& text) {
+  ASSERT_EQ(number, other) << '"' << text << '"';
+  ASSERT_EQ(std::signbit(number), std::signbit(other)) << '"' << text << '"';
+}
+
+TEST(LeadingNumber, OfAPlainTextIsThatOfTheSameTextWithMoreBehindIt) {
+  std::mt19937_64 random(3);
+  for (int i = 0; i < 200'000; ++i) {
+    const std::string text = DigitText(random);
+    ASSERT_EQ(LeadingNumber(text).has_value(), LeadingNumber(text + " mPa.s").has_value()) << text;
+    ExpectSame(C_Val(text), C_Val(text + " mPa.s"), text);
+  }
+}
+
+TEST(LeadingNumber, IsTheNearestDouble) {
+  std::mt19937_64 random(4);
+  for (int i = 0; i < 100'000; ++i) {
+    std::string text = std::to_string(random() % 1'000'000'000'000'000);
+    text.insert(random() % (text.size() + 1), ".");
+    text.resize(1 + random() % text.size());
+    if (text == ".") continue;
+    ExpectSame(C_Val(text), std::stod(text), text);
+  }
 }
 
 // A locale that writes one and a half as "1,5" and a thousand as "1.000", for streams and, where the system
@@ -271,6 +312,19 @@ TEST(TimeToSeconds, TwoColonsDivideHoursMinutesAndSeconds) {
   EXPECT_EQ(TimeToSeconds("0:0:1,5"), 1.5);
   EXPECT_EQ(TimeToSeconds("123:00:00"), 123 * 3600);
   EXPECT_EQ(TimeToSeconds("-01:-02:-05"), -3725);
+}
+
+TEST(TimeToSeconds, OfAPlainTimeIsThatOfTheSameTextWithMoreBehindIt) {
+  std::mt19937_64 random(5);
+  for (int i = 0; i < 200'000; ++i) {
+    std::string text;
+    for (int part = 0; part < 3; ++part) {
+      if (part > 0) text += random() % 50 == 0 ? ';' : ':';
+      const std::string digits = std::to_string(random());
+      text += digits.substr(0, random() % (random() % 20 == 0 ? digits.size() : 4));
+    }
+    ExpectSame(TimeToSeconds(text), TimeToSeconds(text + " h"), text);
+  }
 }
 
 TEST(TimeToSeconds, MissingPartsCountAsZero) {

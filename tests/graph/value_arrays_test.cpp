@@ -65,6 +65,57 @@ TEST(ValueArrays, WhatIsNoNumberCountsAsZero) {
   EXPECT_EQ(values.Runs()[0].number, 0);
 }
 
+TEST(ValueArrays, AllColumnsInOneWalkAreWhatTheyAreOneByOne) {
+  std::mt19937 random(11);
+  data::MeasurementTable table;
+  for (int row = 0; row < 3000; ++row) {
+    const std::string number = std::to_string(row / 700);
+    const std::string time = std::to_string(static_cast<int>(random() % 9000) - 1000);
+    const std::string visco = CellText(std::uniform_real_distribution(-5.0, 50.0)(random));
+    const std::string temp = random() % 7 == 0 ? "none" : std::to_string(random() % 90);
+    table.AppendRow(std::vector<std::string_view>{number, time, visco, temp});
+  }
+  ValueArrays one_by_one;
+  CopyAll(one_by_one, table);
+  ValueArrays at_once = ValuesOf({{}});  // holds something else
+  const std::uint64_t generation = at_once.Generation();
+  at_once.CopyAll(table, kViscoColumn, kTempColumn);
+
+  EXPECT_NE(at_once.Generation(), generation);
+  ASSERT_EQ(at_once.Size(), 3000);
+  for (Index i = 0; i < at_once.Size(); ++i) {
+    ASSERT_EQ(at_once.Time()[i], one_by_one.Time()[i]);
+    ASSERT_EQ(at_once.Visco()[i], one_by_one.Visco()[i]);
+    ASSERT_EQ(at_once.Temp()[i], one_by_one.Temp()[i]);
+  }
+  EXPECT_EQ(FirstOfRuns(at_once), FirstOfRuns(one_by_one));
+  EXPECT_EQ(at_once.LastRow(3), one_by_one.LastRow(3));
+  EXPECT_EQ(at_once.Extremes().LastTime, one_by_one.Extremes().LastTime);
+  EXPECT_EQ(at_once.Extremes().DataViscoMin, one_by_one.Extremes().DataViscoMin);
+  EXPECT_EQ(at_once.Extremes().PosViscoMin, one_by_one.Extremes().PosViscoMin);
+  EXPECT_EQ(at_once.Extremes().DataTempMax, one_by_one.Extremes().DataTempMax);
+}
+
+TEST(ValueArrays, WhatAllReadingsSpanIsWhatTheySpanOneAfterTheOther) {
+  for (const std::vector<double>& numbers : {std::vector<double>{3, -1, 0, 2}, {-4, -2}, {0, 0}, {5}}) {
+    std::vector<TestReading> readings;
+    data::MeasurementTable table;
+    ValueArrays copied;
+    for (const double number : numbers) {
+      readings.push_back({1, 0, number, number});
+      Append(table, readings.back());
+      CopyNewest(copied, table);
+    }
+    const DataExtremes all = ValuesOf(readings).Extremes();
+    EXPECT_EQ(all.DataViscoMin, copied.Extremes().DataViscoMin);
+    EXPECT_EQ(all.DataViscoMax, copied.Extremes().DataViscoMax);
+    EXPECT_EQ(all.PosViscoMin, copied.Extremes().PosViscoMin);
+    EXPECT_EQ(all.PosViscoMax, copied.Extremes().PosViscoMax);
+    EXPECT_EQ(all.DataTempMin, copied.Extremes().DataTempMin);
+    EXPECT_EQ(all.DataTempMax, copied.Extremes().DataTempMax);
+  }
+}
+
 TEST(ValueArrays, NumbersWithoutBoundsStayFinite) {
   const auto table = TableOfCells({{"99999999999999999999", "1e999", "-1e999", "1e308"}});
   ValueArrays values;
