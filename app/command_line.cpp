@@ -31,24 +31,23 @@ class Parser {
     bool only_files = false;
     while (at_ < arguments_.size() && result_.error.empty()) {
       const std::string& argument = arguments_[at_++];
-      if (only_files || !argument.starts_with("-"))
+      if (only_files || argument == "-" || !argument.starts_with("-"))
         TakeFile(argument);
       else if (argument == "--")
         only_files = true;
       else
         TakeOption(argument);
     }
+    result_.batch = batch_.Options();
+    if (result_.error.empty() && !result_.help && !result_.version)
+      result_.error = batch_.Check(result_.files);
     return result_;
   }
 
  private:
   void TakeFile(const std::string& argument) {
-    if (argument.empty())
-      result_.error = "the file name is empty";
-    else if (!result_.file.empty())
-      result_.error = "more than one file: " + argument;
-    else
-      result_.file = argument;
+    if (argument.empty()) result_.error = "the file name is empty";
+    result_.files.push_back(argument);
   }
 
   void TakeOption(const std::string& argument) {
@@ -67,6 +66,8 @@ class Parser {
       TakeVirtual(Value(option));
     else if (option == "--instrument")
       result_.instrument = Words(Value(option));
+    else if (BatchOptionsReader::Knows(option))
+      TakeBatchOption(option);
     else
       result_.error = "unknown option " + argument;
     if (attached_ && result_.error.empty()) result_.error = option + " takes no value";
@@ -82,6 +83,11 @@ class Parser {
     attached_.reset();
     if (value.empty() && result_.error.empty()) result_.error = option + " needs a value";
     return value;
+  }
+
+  void TakeBatchOption(const std::string& option) {
+    const std::string value = BatchOptionsReader::TakesValue(option) ? Value(option) : std::string();
+    if (result_.error.empty()) result_.error = batch_.Take(option, value);
   }
 
   void TakePort(const std::string& value) {
@@ -107,6 +113,7 @@ class Parser {
   const std::vector<std::string>& arguments_;
   std::size_t at_ = 0;
   std::optional<std::string> attached_;  // the value of --option=value while it is not taken
+  BatchOptionsReader batch_;
   CommandLine result_;
 };
 
@@ -116,6 +123,9 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) { return
 
 std::string HelpText() {
   return R"(Usage: quenlor [options] [FILE]
+       quenlor --report OUT.pdf [--paper A4|Letter] [--landscape] [--kind KIND] FILE...
+       quenlor --graph OUT.(png|svg|pdf) [--size WxH] [--kind KIND] FILE
+       quenlor --statistics [--format text|csv|json] FILE...
 
 Logs the readings of a viscometer on a serial line. FILE, a data file or a raw
 log, is opened at start.
@@ -134,7 +144,20 @@ Options:
   --help              show this and exit
   --version           show the version and exit
 
-Exit status: 0 done, 2 wrong usage.
+Without a window and without a display, with the settings and colours of the
+folder, which stay as they are ("-" as FILE reads standard input):
+  --report OUT.pdf    write the report of every file, a page each
+  --graph OUT         write the graph of a file as a picture
+  --statistics        print the statistics of every file
+  --paper PAPER       A4 (default) or Letter
+  --landscape         turn the paper
+  --size WxH          pixels of the picture (default: 1200x800)
+  --kind KIND         visco-time (default), visco-temp-time or visco-temp
+  --format FORMAT     text (default: as the statistics window copies it), csv
+                      or json
+
+Exit status: 0 done, 2 wrong usage, 3 a file cannot be read, 4 an output cannot
+be written.
 )";
 }
 

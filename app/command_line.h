@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "app/batch_options.h"
+
 namespace quenlor::app {
 
 // What the program was called with: quenlor [--folder DIR] [--port n=DEVICE]… [--virtual n] [FILE]
@@ -16,8 +18,9 @@ struct CommandLine {
   std::map<int, std::string> ports;     // devices of port numbers
   std::set<int> virtual_ports;          // numbers with the virtual viscometer behind them
   std::vector<std::string> instrument;  // how the virtual viscometer behaves, in its own words
-  std::string file;                     // a data file to open at start; empty: a new document
-  std::string error;                    // wrong usage, in one line; empty when all is well
+  std::vector<std::string> files;  // data files: at most one to open at start, or those of a batch command
+  BatchOptions batch;
+  std::string error;  // wrong usage, in one line; empty when all is well
 };
 
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments);

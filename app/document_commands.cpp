@@ -3,8 +3,8 @@
 
 #include <utility>
 
+#include "app/load_document.h"
 #include "data/data_file.h"
-#include "data/date_time.h"
 
 namespace quenlor::app {
 namespace {
@@ -15,15 +15,6 @@ using platform::Icon;
 
 constexpr const char* kFilter = "CSV File(*.csv)|*.csv|ALL Files(*.*)|*.*";
 constexpr const char* kNewName = "New.csv";
-
-std::string NameWithoutFolder(const std::string& path) {
-#ifdef _WIN32
-  const std::size_t slash = path.find_last_of("/\\");
-#else
-  const std::size_t slash = path.find_last_of('/');
-#endif
-  return slash == std::string::npos ? path : path.substr(slash + 1);
-}
 
 class BusyPointer {
  public:
@@ -92,11 +83,7 @@ void DocumentCommands::ReadDataFile(const std::string& path) {
 }
 
 void DocumentCommands::Load(const std::string& path, std::string bytes) {
-  const auto modified = files_.ModifiedAt(path);
-  data::DataFileContents contents = data::ParseDataFile(std::move(bytes));
-  data::ApplyAxisSettings(contents.axis, settings_.List());
-  document_.Load(std::move(contents), NameWithoutFolder(path),
-                 modified.ok() ? data::DateTimeText(modified.value()) : "");
+  LoadDocument(path, std::move(bytes), files_, settings_.List(), document_);
   view_.SettingsApplied();
 }
 

@@ -5,12 +5,13 @@
 #include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTextDocument>
 #include <cmath>
 #include <utility>
 
 #include "app/grid_models.h"
+#include "app/plain_tip.h"
 #include "data/utf8.h"
+#include "graph/plot_look.h"
 #include "platform/qt/qt_drawing_surface.h"
 
 namespace quenlor::app {
@@ -19,8 +20,6 @@ namespace {
 constexpr double kTwipsPerPixel = 15;
 // With fewer readings a redraw is over before a pointer could change.
 constexpr graph::Index kManyReadings = 200'000;
-// Antialiasing costs a line at a time; with more readings than this for each pixel column it would be felt.
-constexpr graph::Index kSmoothReadingsPerColumn = 2;
 
 // A caption lays out all of its text to show an inch of it.
 constexpr std::size_t kMostCaptionCharacters = 300;
@@ -181,23 +180,14 @@ void GraphPane::Hold(bool hold) {
 }
 
 graph::PlotSettings GraphPane::Settings() const {
-  graph::PlotSettings look;
-  look.kind = graph_.Kind();
-  look.visco_axis = graph_.View().visco_axis;
-  look.LineWidth = settings_.Index(data::setting::kLW) == 1 ? 1 : 2;
-  look.MarkerEvery = settings_.Index(data::setting::kMK);
-  look.colors = colors_.Colors();
-  look.BackColor = colors_.BackColor();
-  look.GridColor = colors_.GridColor();
-  look.smooth_sparse_runs = graph_.Values().Size() <= kSmoothReadingsPerColumn * Picture2->width();
-  return look;
+  return graph::PlotLook(graph_, settings_, colors_, Picture2->width());
 }
 
 void GraphPane::LayoutLabels() {
   if (held_) return;
   plot_.Set(Settings(), document_.Ranges());
-  const graph::AxisLabels labels = graph_.Labels();
-  FillCaptions(labels);
+  const graph::Captions texts = graph::CaptionsOf(document_, graph_);
+  FillCaptions(texts);
   const double twips_wide = width() * kTwipsPerPixel;
   const double twips_high = height() * kTwipsPerPixel;
   const auto text_width = [this](std::string_view text, double text_height) {
@@ -206,7 +196,7 @@ void GraphPane::LayoutLabels() {
            kTwipsPerPixel;
   };
   const graph::LabelLayout layout =
-      graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), labels, text_width);
+      graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), texts, text_width);
   const QFont axis_font = LabelFont(this, layout.text_height);
   const QFont legend_font = LabelFont(this, layout.legend_text_height);
   const auto place = [&](auto& captions, const auto& placed, std::size_t from, const QFont& font) {
@@ -227,19 +217,13 @@ void GraphPane::LayoutLabels() {
   Picture2->setGeometry(Pixels(plot.left), Pixels(plot.top), Pixels(plot.width), Pixels(plot.height));
 }
 
-void GraphPane::FillCaptions(const graph::AxisLabels& labels) {
-  for (std::size_t i = 0; i < Label5.size(); ++i) Label5[i]->setText(ToText(labels.Label5[i]));
-  for (std::size_t i = 1; i < Label7.size(); ++i) Label7[i]->setText(ToText(labels.Label7[i].text));
-  for (std::size_t i = 1; i < Label8.size(); ++i) Label8[i]->setText(ToText(labels.Label8[i].text));
-  for (std::size_t i = 1; i < Label9.size(); ++i) Label9[i]->setText(ToText(labels.Label9[i].text));
-  const auto title = [this](int column) { return ToText(document_.Grid1().TextMatrix(0, column)); };
-  Label6[0]->setText(QStringLiteral("Time"));
-  Label6[1]->setText(title(document_.ViscoColumn()));
-  Label6[2]->setText(title(document_.TempColumn()));
-  Label6[3]->setText(ToText(document_.Date()));
-  Label6[4]->setText(ToText(document_.FileName()));
-  Label6[5]->setText(ToText(labels.TimeUnitText));
-  Label6[6]->setText(ToText(document_.Remarks()));
+void GraphPane::FillCaptions(const graph::Captions& texts) {
+  for (std::size_t i = 0; i < Label5.size(); ++i) Label5[i]->setText(ToText(texts.Label5[i]));
+  for (std::size_t i = 0; i < Label6.size(); ++i) Label6[i]->setText(ToText(texts.Label6[i]));
+  for (std::size_t i = 1; i < Label7.size(); ++i) Label7[i]->setText(ToText(texts.Label7[i].text));
+  for (std::size_t i = 1; i < Label8.size(); ++i) Label8[i]->setText(ToText(texts.Label8[i].text));
+  for (std::size_t i = 1; i < Label9.size(); ++i) Label9[i]->setText(ToText(texts.Label9[i].text));
+  for (std::size_t i = 0; i < Label10.size(); ++i) Label10[i]->setText(TwoLines(texts.Label10[i]));
 
   const QColor ink = ToQColor(colors_.GridColor());
   const auto color = [](Caption* caption, const QColor& text_color) {
@@ -257,15 +241,10 @@ void GraphPane::FillCaptions(const graph::AxisLabels& labels) {
   color_all(Label8, 1);
   color_all(Label9, 1);
   color(Label10[0], ink);
-  for (int run = 1; run < static_cast<int>(Label10.size()); ++run) {
-    Caption* caption = Label10[static_cast<std::size_t>(run)];
-    const auto text = graph_.LegendText(run);
-    caption->setText(TwoLines(text.value_or("")));
-    caption->setToolTip(caption->text());
-    color(caption, ToQColor(graph::RunColor(colors_.Colors(), run)));
+  for (std::size_t run = 1; run < Label10.size(); ++run) {
+    Label10[run]->setToolTip(PlainTip(Label10[run]->text()));
+    color(Label10[run], ToQColor(graph::RunColor(colors_.Colors(), static_cast<long long>(run))));
   }
-  const bool any = graph_.Values().Size() > 0;
-  Label10[0]->setText(any ? TwoLines(graph::LiveGraph::kLegendHeading) : QString());
 }
 
 void GraphPane::Place(Caption* caption, const graph::PlacedLabel& placed) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/document.h"
+#include "graph/captions.h"
 #include "graph/color_settings.h"
 #include "graph/label_layout.h"
 #include "graph/live_graph.h"
@@ -63,7 +64,7 @@ class GraphPane : public QWidget {
   class PlotPicture;  // Picture2
 
   void AddCaptions();
-  void FillCaptions(const graph::AxisLabels& labels);
+  void FillCaptions(const graph::Captions& texts);
   void Place(Caption* caption, const graph::PlacedLabel& placed);
 
   const data::Document& document_;

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <variant>
 
+#include "app/batch_program.h"
 #include "app/command_line.h"
 #include "app/program.h"
 #include "app/version.h"
@@ -28,13 +29,15 @@ int main(int argc, char** argv) {
   if (early.help) return std::fputs(app::HelpText().c_str(), stdout) < 0;
   if (early.version) return std::printf("%s\n", app::WindowCaption(app::ThisVersion()).c_str()) < 0;
   if (!early.error.empty()) return RefuseUsage(early.error);
+  if (early.batch.task != app::Task::kWindow)
+    return static_cast<int>(app::RunBatchProgram(early, argc, argv));
   const auto viscometer = instrument::ParseOptions(early.instrument);
   if (const auto* error = std::get_if<instrument::OptionsError>(&viscometer)) return RefuseUsage(error->text);
 
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Quenlor"));
   app::Program program(early, std::get<instrument::ViscometerOptions>(viscometer));
-  if (!early.file.empty()) program.Window().OpenFile(early.file);
+  if (!early.files.empty()) program.Window().OpenFile(early.files.front());
   program.Window().show();
   return QApplication::exec();
 }

@@ -107,9 +107,6 @@ MainMenus::MainMenus(QMenuBar* bar, MenuHandlers handlers)
   for (int i = Range.First(); i <= Range.Last(); ++i) Range.Item(i)->setCheckable(false);
   mNum->setCheckable(true);
   mVisco->setCheckable(true);
-
-  // What reports is not there yet.
-  for (QAction* item : {mPrint, mStatistics}) item->setEnabled(false);
 }
 
 }  // namespace quenlor::app

@@ -29,8 +29,7 @@ struct MenuHandlers {
   Handler Range_Click;
 };
 
-// The items of the main window's menus. The window answers them; entries whose work is not there are
-// disabled.
+// The items of the main window's menus. The window answers them.
 struct MainMenus {
   MainMenus(QMenuBar* bar, MenuHandlers handlers);
   MainMenus(const MainMenus&) = delete;

@@ -6,10 +6,10 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QStatusBar>
-#include <QTextDocument>
 #include <QUrl>
 #include <algorithm>
 
+#include "app/plain_tip.h"
 #include "app/window_state.h"
 #include "data/change_dialog.h"
 #include "data/edit_choice.h"
@@ -28,11 +28,6 @@ constexpr int kRefreshMilliseconds = 50;
 constexpr int kRefreshShare = 8;
 
 QString Text(const std::string& text) { return QString::fromStdString(text); }
-
-// A tool tip takes what looks like markup for markup; received text is shown as it came.
-QString PlainTip(const QString& text) {
-  return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()) : text;
-}
 
 }  // namespace
 
@@ -63,6 +58,8 @@ void MainWindow::ConnectHandlers() {
   command(menus_.mNew, &MainWindow::mNew_Click);
   command(menus_.mOpen, &MainWindow::mOpen_Click);
   command(menus_.mSave, &MainWindow::mSave_Click);
+  command(menus_.mPrint, &MainWindow::mPrint_Click);
+  command(menus_.mStatistics, &MainWindow::mStatistics_Click);
   command(menus_.mEnd, &MainWindow::mEnd_Click);
   command(menus_.mColor, &MainWindow::mColor_Click);
   command(menus_.mNum, &MainWindow::mNum_Click);
@@ -229,6 +226,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(ended);
   if (!ended) return;
   KeepWindowState();
+  if (Form4) Form4->close();
   if (Form5) Form5->close();
   if (Form6) Form6->close();
 }
@@ -332,6 +330,7 @@ void MainWindow::AutoScalingOn() {
 }
 
 void MainWindow::ClearReceivedData() {
+  HideForm3();
   last_line_.clear();
   line_waits_ = false;
   Text3->clear();

@@ -14,6 +14,7 @@
 #include <QTimer>
 #include <array>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "app/document_commands.h"
@@ -26,7 +27,12 @@
 #include "graph/color_window.h"
 #include "link/error_window.h"
 #include "link/measurement.h"
+#include "platform/clipboard.h"
 #include "platform/dialogs.h"
+#include "platform/printer.h"
+#include "reports/print_form.h"
+#include "reports/print_report.h"
+#include "reports/statistics_window.h"
 
 namespace quenlor::app {
 
@@ -34,6 +40,8 @@ namespace quenlor::app {
 struct MainWindowPorts {
   link::MeasurementPorts measurement;
   platform::Dialogs& dialogs;
+  platform::Printer& printer;
+  platform::Clipboard& clipboard;
   std::string program_folder;
   bool system_writes_comma = false;                   // one and a half is "1,5" to this system
   std::function<void()> look_for_devices;             // before the Com Port menu tells them
@@ -46,6 +54,7 @@ class MainWindow : public QMainWindow,
                    private link::MeasurementListener,
                    private graph::GraphView,
                    private DocumentCommandsView,
+                   private reports::PrintWindows,
                    private data::DocumentListener {
   Q_OBJECT
 
@@ -57,6 +66,9 @@ class MainWindow : public QMainWindow,
   void OpenFile(const std::string& path) { commands_.ReadDataFile(path); }
 
   const data::Document& Document() const { return document_; }
+
+  // The window that a box belongs to: this one, or the preview that stands in its place.
+  QWidget* FrontWindow();
 
  protected:
   void closeEvent(QCloseEvent* event) override;  // Form_QueryUnload
@@ -78,6 +90,8 @@ class MainWindow : public QMainWindow,
   void mNew_Click();
   void mOpen_Click();
   void mSave_Click();
+  void mPrint_Click();
+  void mStatistics_Click();
   void mEnd_Click();
   void Label5_DblClick(int Index);                                // range ends
   void Label6_DblClick(int Index);                                // file name and remarks
@@ -138,10 +152,16 @@ class MainWindow : public QMainWindow,
   void ErrorLine(const std::string& line) override;
   // DocumentCommandsView
   void Say(const std::string& text) override;
-  void Busy(bool busy) override;
+  void Busy(bool busy) override;  // and reports::PrintWindows
   void SettingsApplied() override;
   void AutoScalingOn() override;
   void ClearReceivedData() override;
+  // reports::PrintWindows
+  void HideMainWindow() override { hide(); }
+  void ShowMainWindow() override { show(); }
+  void ShowForm3(const platform::PageSize& page) override;
+  void HideForm3() override;
+  const reports::PageRecord& Draw() override;
   // data::DocumentListener
   void ReadingAppended(Row) override { AskForRefresh(); }
   void DocumentReplaced() override;
@@ -183,6 +203,8 @@ class MainWindow : public QMainWindow,
   GridView* Grid4 = nullptr;
   GraphPane* Picture1 = nullptr;
   TableAndGraph* halves_ = nullptr;
+  std::unique_ptr<reports::PrintForm> Form3;  // hidden between prints
+  QPointer<reports::StatisticsWindow> Form4;
   QPointer<link::ErrorWindow> Form5;
   QPointer<graph::ColorWindow> Form6;
 };

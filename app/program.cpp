@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "app/program.h"
 
-#include <QLocale>
-
+#include "app/decimal_point.h"
 #include "app/port_switch.h"
 #include "app/ports_file.h"
 #include "app/program_folder.h"
 #include "app/virtual_port.h"
+#include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_file_system.h"
+#include "platform/qt/qt_printer.h"
 #include "platform/qt/qt_serial_devices.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timer.h"
@@ -24,8 +25,6 @@ constexpr auto kNaming = link::PortDirectory::Naming::kCom;
 constexpr auto kNaming = link::PortDirectory::Naming::kFiles;
 #endif
 
-bool SystemWritesComma() { return QLocale::system().toString(3.0 / 2.0).contains(QLatin1Char(',')); }
-
 }  // namespace
 
 struct Program::Parts {
@@ -34,12 +33,15 @@ struct Program::Parts {
         ports(files, devices, folder, link::PortDirectory(kNaming, line.ports)),
         system_port([this](int port) { return ports.Device(port); }),
         MSComm1(system_port),
-        dialogs([this]() -> QWidget* { return window.get(); }) {
+        dialogs([this] { return FrontWindow(); }),
+        printer([this] { return FrontWindow(); }) {
     for (const int number : line.virtual_ports)
       MSComm1.Add(number, std::make_unique<VirtualPort>(viscometer));
     window = std::make_unique<MainWindow>(
         MainWindowPorts{.measurement = {MSComm1, clock, Timer1, Timer2, loop, files},
                         .dialogs = dialogs,
+                        .printer = printer,
+                        .clipboard = clipboard,
                         .program_folder = folder,
                         .system_writes_comma = SystemWritesComma(),
                         .look_for_devices = [this] { ports.LookForDevices(); },
@@ -49,6 +51,8 @@ struct Program::Parts {
                                                           : ports.Device(port);
                             }});
   }
+
+  QWidget* FrontWindow() const { return window ? window->FrontWindow() : nullptr; }
 
   platform::qt::QtFileSystem files;
   platform::qt::QtSerialDevices devices;
@@ -61,6 +65,8 @@ struct Program::Parts {
   platform::qt::QtTimer Timer2;
   platform::qt::QtEventLoop loop;
   platform::qt::QtDialogs dialogs;
+  platform::qt::QtPrinter printer;
+  platform::qt::QtClipboard clipboard;
   std::unique_ptr<MainWindow> window;
 };
 

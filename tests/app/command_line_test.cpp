@@ -16,7 +16,8 @@ CommandLine Parse(const std::vector<std::string>& arguments) { return ParseComma
 TEST(CommandLine, NothingMeansANewDocument) {
   const CommandLine line = Parse({});
   EXPECT_EQ(line.error, "");
-  EXPECT_EQ(line.file, "");
+  EXPECT_THAT(line.files, ElementsAre());
+  EXPECT_EQ(line.batch.task, Task::kWindow);
   EXPECT_EQ(line.folder, "");
 }
 
@@ -29,11 +30,11 @@ TEST(CommandLine, TakesEveryOptionInBothSpellings) {
   EXPECT_THAT(line.ports, ElementsAre(Pair(3, "/dev/ttyUSB0"), Pair(4, "/dev/x=y")));
   EXPECT_THAT(line.virtual_ports, ElementsAre(1, 2));
   EXPECT_THAT(line.instrument, ElementsAre("--interval", "0.5"));
-  EXPECT_EQ(line.file, "run.csv");
+  EXPECT_THAT(line.files, ElementsAre("run.csv"));
 }
 
 TEST(CommandLine, AFileMayBeginWithADashAfterTheDashes) {
-  EXPECT_EQ(Parse({"--", "-odd.csv"}).file, "-odd.csv");
+  EXPECT_THAT(Parse({"--", "-odd.csv"}).files, ElementsAre("-odd.csv"));
 }
 
 TEST(CommandLine, RefusesWrongUsageInWords) {
@@ -50,6 +51,7 @@ TEST(CommandLine, RefusesWrongUsageInWords) {
       {{"--virtual", "99999999999"}, "port number"},
       {{"a.csv", "b.csv"}, "more than one file"},
       {{""}, "empty"},
+      {{"-"}, "standard input"},
       {{"--help=now"}, "takes no value"}};
   for (const auto& [arguments, words] : wrong)
     EXPECT_THAT(Parse(arguments).error, HasSubstr(words)) << arguments[0];
@@ -57,8 +59,56 @@ TEST(CommandLine, RefusesWrongUsageInWords) {
 
 TEST(CommandLine, HelpNamesEveryOption) {
   for (const char* option :
-       {"--folder", "--port", "--virtual", "--instrument", "--help", "--version", "FILE"}) {
+       {"--folder", "--port", "--virtual", "--instrument", "--help", "--version", "FILE", "--report",
+        "--graph", "--statistics", "--paper", "--landscape", "--size", "--kind", "--format"}) {
     EXPECT_THAT(HelpText(), HasSubstr(option));
+  }
+}
+
+TEST(CommandLine, TakesTheBatchCommands) {
+  const CommandLine report =
+      Parse({"--report", "out.pdf", "--paper=Letter", "--landscape", "a.csv", "-", "b.csv"});
+  EXPECT_EQ(report.error, "");
+  EXPECT_EQ(report.batch.task, Task::kReport);
+  EXPECT_EQ(report.batch.output, "out.pdf");
+  EXPECT_TRUE(report.batch.letter);
+  EXPECT_TRUE(report.batch.landscape);
+  EXPECT_THAT(report.files, ElementsAre("a.csv", "-", "b.csv"));
+
+  const CommandLine graph = Parse({"a.csv", "--graph=out.SVG", "--size", "640x480", "--kind", "visco-temp"});
+  EXPECT_EQ(graph.error, "");
+  EXPECT_EQ(graph.batch.task, Task::kGraph);
+  EXPECT_EQ(graph.batch.picture, PictureFormat::kSvg);
+  EXPECT_EQ(graph.batch.width, 640);
+  EXPECT_EQ(graph.batch.height, 480);
+  EXPECT_EQ(graph.batch.kind, graph::GraphKind::ViscoTemp);
+
+  EXPECT_EQ(Parse({"--statistics", "a.csv"}).batch.format, StatisticsFormat::kText);
+  EXPECT_EQ(Parse({"--statistics", "--format", "json", "a.csv"}).batch.format, StatisticsFormat::kJson);
+}
+
+TEST(CommandLine, RefusesWrongUsageOfTheBatchCommands) {
+  const std::vector<std::pair<std::vector<std::string>, std::string>> wrong = {
+      {{"--report"}, "--report needs a value"},
+      {{"--report", "x.pdf"}, "--report needs a file"},
+      {{"--statistics"}, "--statistics needs a file"},
+      {{"--graph", "x.bmp", "a.csv"}, ".png, .svg and .pdf"},
+      {{"--graph", "png", "a.csv"}, ".png, .svg and .pdf"},
+      {{"--graph", "x.png", "a.csv", "b.csv"}, "one file"},
+      {{"--graph", "x.png", "--report", "x.pdf", "a.csv"}, "only one of"},
+      {{"--graph", "x.png", "--size", "640", "a.csv"}, "WIDTHxHEIGHT"},
+      {{"--graph", "x.png", "--size", "0x480", "a.csv"}, "WIDTHxHEIGHT"},
+      {{"--graph", "x.png", "--size", "640x99999", "a.csv"}, "WIDTHxHEIGHT"},
+      {{"--graph", "x.png", "--size", "640x480x2", "a.csv"}, "WIDTHxHEIGHT"},
+      {{"--graph", "x.png", "--kind", "round", "a.csv"}, "visco-time, visco-temp-time, visco-temp"},
+      {{"--report", "x.pdf", "--paper", "A3", "a.csv"}, "A4, Letter"},
+      {{"--statistics", "--format", "xml", "a.csv"}, "text, csv, json"},
+      {{"--statistics", "--size", "1x1", "a.csv"}, "--size belongs to --graph"},
+      {{"--landscape", "a.csv"}, "--landscape belongs to --report"},
+      {{"--statistics", "-", "-"}, "only once"},
+      {{"--statistics=all", "a.csv"}, "takes no value"}};
+  for (const auto& [arguments, words] : wrong) {
+    EXPECT_THAT(Parse(arguments).error, HasSubstr(words)) << testing::PrintToString(arguments);
   }
 }
 

@@ -111,11 +111,6 @@ TEST_F(MainWindowTest, NoiseInItsFilesDoesNotKeepItFromStarting) {
   EXPECT_TRUE(window->isVisible());
 }
 
-TEST_F(MainWindowTest, EntriesWhoseWorkIsMissingAreDisabled) {
-  Open();
-  for (const char* item : {"mPrint", "mStatistics"}) EXPECT_FALSE(Find<QAction>(item)->isEnabled()) << item;
-}
-
 TEST_F(MainWindowTest, EachMenuChoiceMovesTheCheckMarkAndIsSavedAtOnce) {
   Open();
   struct Choice {

@@ -11,8 +11,10 @@
 #include "platform/memory/memory_file_system.h"
 #include "platform/memory/memory_serial_port.h"
 #include "platform/memory/scripted_dialogs.h"
+#include "platform/memory/test_clipboard.h"
 #include "platform/memory/test_clock.h"
 #include "platform/memory/test_event_loop.h"
+#include "platform/memory/test_printer.h"
 
 namespace quenlor::app {
 
@@ -27,6 +29,8 @@ struct WindowBench {
   platform::memory::TestEventLoop loop{clock};
   platform::memory::MemoryFileSystem files{&clock};
   platform::memory::ScriptedDialogs dialogs;
+  platform::memory::TestPrinter printer;
+  platform::memory::TestClipboard clipboard;
   bool system_writes_comma = false;
   std::map<int, std::string> devices{{1, "/dev/ttyV1"}};
   int looks_for_devices = 0;
@@ -36,6 +40,8 @@ struct WindowBench {
     window = std::make_unique<MainWindow>(MainWindowPorts{
         .measurement = {MSComm1, clock, Timer1, Timer2, loop, files},
         .dialogs = dialogs,
+        .printer = printer,
+        .clipboard = clipboard,
         .program_folder = kFolder,
         .system_writes_comma = system_writes_comma,
         .look_for_devices = [this] { ++looks_for_devices; },

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "app/batch.h"
+
+#include <optional>
+#include <utility>
+
+#include "app/load_document.h"
+#include "app/read_only_files.h"
+#include "app/settings_file.h"
+#include "graph/color_settings.h"
+#include "graph/graph_picture.h"
+#include "graph/live_graph.h"
+#include "graph/plot.h"
+#include "graph/plot_look.h"
+#include "platform/qt/page_painter.h"
+#include "platform/qt/picture_file.h"
+#include "reports/page_record.h"
+#include "reports/report_page.h"
+#include "reports/statistics_text.h"
+
+namespace quenlor::app {
+namespace {
+
+using platform::DrawingSurface;
+
+// A document opened as the window opens one, without a window: nobody looks while it changes.
+class OpenedFile : private graph::GraphView {
+ public:
+  OpenedFile(const ReadOnlyFiles& files, const BatchPorts& ports, graph::GraphKind kind)
+      : files_(files), settings_(files_, ports.program_folder, ports.system_writes_comma) {
+    settings_.LoadSettings();
+    colors_ = graph::LoadColor(files_, ports.program_folder + "/Color.txt");
+    graph_.SetKind(kind);
+  }
+
+  void Load(const std::string& path, std::string bytes) {
+    LoadDocument(path, std::move(bytes), files_, settings_.List(), document_);
+  }
+
+  const data::Document& Document() const { return document_; }
+  const graph::LiveGraph& Graph() const { return graph_; }
+  graph::PlotSettings Look(int plot_width) const {
+    return graph::PlotLook(graph_, settings_.List(), colors_, plot_width);
+  }
+  graph::Captions Captions() const { return graph::CaptionsOf(document_, graph_); }
+
+ private:
+  void Fig() override {}
+  void PlotRow(data::Document::Row) override {}
+  void CaptionsChanged() override {}
+
+  ReadOnlyFiles files_;
+  SettingsFile settings_;
+  data::Document document_{settings_.List()};
+  graph::LiveGraph graph_{document_, settings_.List(), *this};
+  graph::ColorSettings colors_;
+};
+
+class Batch {
+ public:
+  Batch(const CommandLine& line, const BatchPorts& ports)
+      : line_(line), options_(line.batch), ports_(ports), files_(ports.files) {}
+
+  ExitStatus Run() {
+    switch (options_.task) {
+      case Task::kReport:
+        return Report();
+      case Task::kGraph:
+        return Graph();
+      case Task::kStatistics:
+        return Statistics();
+      case Task::kWindow:
+        break;
+    }
+    return ExitStatus::kWrongUsage;
+  }
+
+ private:
+  // Opens one file after the other and hands it to `use`; false when one could not be read. All of them are
+  // looked at, so that every one that fails is told.
+  template <class Use>
+  bool ForEachFile(const Use& use) {
+    bool all = true;
+    for (const std::string& path : line_.files) {
+      auto bytes = path == "-" ? ports_.read_standard_input() : ports_.files.Read(path);
+      if (!bytes.ok()) {
+        ports_.complain(bytes.failure().text);
+        all = false;
+        continue;
+      }
+      OpenedFile file(files_, ports_, options_.kind);
+      file.Load(path, std::move(bytes.value()));
+      use(file);
+    }
+    return all;
+  }
+
+  ExitStatus Report() {
+    const platform::qt::PageSetup setup{
+        options_.letter ? platform::qt::Paper::kLetter : platform::qt::Paper::kA4, options_.landscape};
+    const platform::PageSize size = platform::qt::PageSizeOf(setup);
+    std::vector<reports::PageRecord> pages;
+    const bool all = ForEachFile([&](const OpenedFile& file) {
+      reports::PageRecord& page = pages.emplace_back(size.width, size.height, platform::qt::MeasureText);
+      const graph::Captions captions = file.Captions();
+      reports::Draw(
+          page, {captions, file.Graph().Values(), file.Look(page.Whole().width), file.Document().Ranges()});
+    });
+    if (!all) return ExitStatus::kCannotRead;
+    return WriteFile(platform::qt::PdfOf(
+        setup, NameWithoutFolder(line_.files.front()), static_cast<int>(pages.size()),
+        [&](DrawingSurface& paper, int number) { pages[static_cast<std::size_t>(number)].Replay(paper); }));
+  }
+
+  ExitStatus Graph() {
+    std::string picture;
+    const bool all = ForEachFile([&](const OpenedFile& file) {
+      graph::Plot plot(file.Graph().Values());
+      plot.Set(file.Look(options_.width), file.Document().Ranges());
+      const auto draw = [&](DrawingSurface& surface) {
+        graph::DrawGraphPicture(surface, plot, file.Captions());
+      };
+      const QSize pixels(options_.width, options_.height);
+      if (options_.picture == PictureFormat::kPng) picture = platform::qt::PngOf(pixels, draw);
+      if (options_.picture == PictureFormat::kSvg) picture = platform::qt::SvgOf(pixels, draw);
+      if (options_.picture == PictureFormat::kPdf) picture = platform::qt::PdfOf(pixels, draw);
+    });
+    if (!all) return ExitStatus::kCannotRead;
+    return WriteFile(picture);
+  }
+
+  ExitStatus Statistics() {
+    struct Kept {
+      std::string name;
+      std::string date;
+      reports::StatisticsTable table;
+    };
+    const bool for_people = options_.format == StatisticsFormat::kText;
+    const char decimal_point = for_people && ports_.system_writes_comma ? ',' : '.';
+    std::vector<Kept> kept;
+    const bool all = ForEachFile([&](const OpenedFile& file) {
+      const data::Document& document = file.Document();
+      kept.push_back({document.FileName(),
+                      document.Date(),
+                      {document.Grid1(), document.ViscoColumn(), document.TempColumn(), decimal_point}});
+    });
+    if (!all) return ExitStatus::kCannotRead;
+
+    std::vector<reports::StatisticsSheet> sheets;
+    for (const Kept& each : kept) sheets.push_back({each.name, each.date, each.table});
+    return Written(ports_.write_standard_output(TextOf(sheets)));
+  }
+
+  std::string TextOf(const std::vector<reports::StatisticsSheet>& sheets) const {
+    if (options_.format == StatisticsFormat::kJson) return reports::JsonText(sheets);
+    std::string text;
+    for (const reports::StatisticsSheet& sheet : sheets) {
+      if (options_.format == StatisticsFormat::kCsv)
+        reports::AppendCsv(sheet, text);
+      else
+        text += reports::ClipboardText(sheet);
+    }
+    return text;
+  }
+
+  ExitStatus WriteFile(const std::string& bytes) {
+    const auto failed = bytes.empty()
+                            ? platform::Failure{"cannot make " + line_.batch.output + " of that size"}
+                            : ports_.files.Replace(options_.output, bytes);
+    return Written(failed);
+  }
+
+  ExitStatus Written(const platform::Done& failed) {
+    if (!failed) return ExitStatus::kDone;
+    ports_.complain(failed->text);
+    return ExitStatus::kCannotWrite;
+  }
+
+  const CommandLine& line_;
+  const BatchOptions& options_;
+  const BatchPorts& ports_;
+  ReadOnlyFiles files_;
+};
+
+}  // namespace
+
+ExitStatus RunBatch(const CommandLine& line, const BatchPorts& ports) { return Batch(line, ports).Run(); }
+
+}  // namespace quenlor::app

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "app/command_line.h"
+#include "platform/file_system.h"
+
+namespace quenlor::app {
+
+// What the batch commands stand on.
+struct BatchPorts {
+  platform::FileSystem& files;
+  std::string program_folder;  // settings and colours are read from there, and stay as they are
+  bool system_writes_comma = false;
+  std::function<platform::Result<std::string>()> read_standard_input;
+  std::function<platform::Done(std::string_view)> write_standard_output;
+  std::function<void(const std::string&)> complain;  // one line for each failure
+};
+
+enum class ExitStatus { kDone = 0, kWrongUsage = 2, kCannotRead = 3, kCannotWrite = 4 };
+
+// Makes what the command line asks for of its files, by the same code that the windows use. Nothing is
+// written unless all of the files could be read.
+ExitStatus RunBatch(const CommandLine& line, const BatchPorts& ports);
+
+}  // namespace quenlor::app

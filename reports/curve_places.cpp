@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "reports/curve_places.h"
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+#include <utility>
+
+namespace quenlor::reports {
+namespace {
+
+using graph::Index;
+using graph::ValueColumn;
+
+// Joins dots into few lines. A line goes on as long as some straight one from its first dot passes all its
+// dots within 1.5 dots, and none lies behind another. Less would not do: whole dots are off by up to 0.7 of
+// one, and so is the first.
+class LineJoiner {
+ public:
+  explicit LineJoiner(std::vector<DotLine>& lines) : lines_(lines) {}
+  ~LineJoiner() { End(); }
+  LineJoiner(const LineJoiner&) = delete;
+  LineJoiner& operator=(const LineJoiner&) = delete;
+
+  void Add(Dot dot) {
+    if (!begun_) {
+      first_ = last_ = dot;
+      begun_ = true;
+    } else if (dot != last_ && !GoOn(dot)) {
+      lines_.push_back({first_, last_});
+      first_ = last_;
+      Aim(dot);
+    }
+  }
+
+  // The next dot begins a new polyline.
+  void End() {
+    if (begun_ && first_ != last_) lines_.push_back({first_, last_});
+    begun_ = false;
+  }
+
+ private:
+  struct Direction {
+    double x;
+    double y;
+  };
+
+  static double Cross(Direction one, Direction other) { return one.x * other.y - one.y * other.x; }
+  static Direction From(Dot from, Dot to) { return {1.0 * to.x - from.x, 1.0 * to.y - from.y}; }
+
+  // The directions that pass a dot in that direction on its one and its other side.
+  static std::pair<Direction, Direction> Sides(Direction to) {
+    // A direction is known only where it is longer than what it may be off.
+    const double sine = std::min(1.5 / std::hypot(to.x, to.y), 0.9);
+    const double cosine = std::sqrt(1 - sine * sine);
+    return {{to.x * cosine + to.y * sine, to.y * cosine - to.x * sine},
+            {to.x * cosine - to.y * sine, to.y * cosine + to.x * sine}};
+  }
+
+  void Aim(Dot dot) {
+    std::tie(one_side_, other_side_) = Sides(From(first_, dot));
+    last_ = dot;
+  }
+
+  bool GoOn(Dot dot) {
+    if (first_ == last_) {
+      Aim(dot);
+      return true;
+    }
+    const Direction to = From(first_, dot);
+    const Direction so_far = From(first_, last_);
+    const Direction step = From(last_, dot);
+    if (so_far.x * step.x + so_far.y * step.y < 0) return false;
+    if (Cross(one_side_, to) < 0 || Cross(to, other_side_) < 0) return false;
+    const auto [one, other] = Sides(to);
+    if (Cross(one_side_, one) > 0) one_side_ = one;
+    if (Cross(other, other_side_) > 0) other_side_ = other;
+    last_ = dot;
+    return true;
+  }
+
+  std::vector<DotLine>& lines_;
+  bool begun_ = false;
+  Dot first_;
+  Dot last_;
+  Direction one_side_{};
+  Direction other_side_{};
+};
+
+}  // namespace
+
+CurvePlaces::CurvePlaces(int width, int height, const graph::ValueArrays& values,
+                         const graph::PlotSettings& settings, const data::AxisRanges& ranges)
+    : width_(width), height_(height), values_(values), settings_(settings), ranges_(ranges) {
+  const bool over_temp = settings.kind == graph::GraphKind::ViscoTemp;
+  x_min_ = over_temp ? ranges.TempMin : ranges.TimeMin;
+  x_max_ = over_temp ? ranges.TempMax : ranges.TimeMax;
+}
+
+bool CurvePlaces::Has(Quantity quantity) const {
+  if (x_min_ == x_max_) return false;
+  if (quantity == Quantity::kTemp)
+    return settings_.kind == graph::GraphKind::ViscoTempTime && ranges_.TempMin != ranges_.TempMax;
+  return settings_.visco_axis == graph::ViscoAxis::Log ? ranges_.ViscoLogMin < ranges_.ViscoLogMax
+                                                       : ranges_.ViscoMin < ranges_.ViscoMax;
+}
+
+int CurvePlaces::ViscoRow(double value) const {
+  if (settings_.visco_axis == graph::ViscoAxis::Log) return DecadeRow(graph::Log10(value));
+  return Place(value, ranges_.ViscoMin, ranges_.ViscoMax, height_, 0);
+}
+
+CurvePlaces::Rows CurvePlaces::RowsOf(Quantity quantity, Index begin, Index end) const {
+  const ValueColumn::Extremes all =
+      (quantity == Quantity::kVisco ? values_.Visco() : values_.Temp()).ExtremesOf(begin, end);
+  int one = 0;
+  int other = 0;
+  if (quantity == Quantity::kTemp) {
+    one = TempRow(all.min);
+    other = TempRow(all.max);
+  } else if (settings_.visco_axis == graph::ViscoAxis::Linear || all.min > 0 || all.max <= 0) {
+    one = ViscoRow(all.min);
+    other = ViscoRow(all.max);
+  } else {
+    // What is not positive stands at decade 0, between the values or beside them.
+    one = DecadeRow(std::min(graph::Log10(all.positive_min), 0.0F));
+    other = DecadeRow(std::max(graph::Log10(all.max), 0.0F));
+  }
+  return {std::max(one, other), std::min(one, other)};
+}
+
+void CurvePlaces::LinesOf(Quantity quantity, Index begin, Index end, bool joined,
+                          std::vector<DotLine>& lines) const {
+  const ValueColumn& xs = Xs();
+  // All that lies out of sight on one side is one column.
+  const auto column_of = [&](double x) { return std::clamp(Column(x), -1, width_ + 1); };
+  LineJoiner joiner(lines);
+  if (joined) joiner.Add(Of(quantity, begin - 1));
+  while (begin < end) {
+    const int column = column_of(xs[begin]);
+    const Index stop = xs.StretchEnd(begin + 1, end, [&](const ValueColumn::Extremes& block) {
+      return column_of(block.min) == column && column_of(block.max) == column;
+    });
+    const Dot first = Of(quantity, begin);
+    joiner.Add(first);
+    if (stop - begin > 1) {
+      const Dot last = Of(quantity, stop - 1);
+      const bool in_sight = column >= 0 && column <= width_;
+      const auto [high, low] = std::minmax(first.y, last.y);
+      const Rows rows = in_sight ? RowsOf(quantity, begin, stop) : Rows{low, high};
+      if (rows.highest < high || rows.lowest > low) {
+        joiner.End();
+        lines.push_back({{column, rows.highest}, {column, rows.lowest}});
+      }
+      joiner.Add(last);
+    }
+    begin = stop;
+  }
+}
+
+}  // namespace quenlor::reports

@@ -1,0 +1,343 @@
+// SPDX-License-Identifier: MIT
+#include "reports/page_layout.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "reports/map_to_position.h"
+#include "reports/page_text.h"
+
+namespace quenlor::reports {
+namespace {
+
+using graph::Box;
+using graph::GraphKind;
+using graph::TextSide;
+
+constexpr double kLineHeight = 1.25;  // of the letters'
+constexpr double kSmallest = 0.66;    // letters, as a part of the usual ones
+constexpr double kHeading = 1.2;      // those of the file name
+constexpr double kFoot = 13.4;        // where the captions end, in UnitY
+
+class Placing {
+ public:
+  Placing(const PageGrid& grid, const graph::Captions& captions, const graph::PlotSettings& settings,
+          const TextMeasure& measure)
+      : grid_(grid),
+        captions_(captions),
+        kind_(settings.kind),
+        measure_(measure),
+        text_height_(grid.TextHeight()),
+        line_(grid.Line()),
+        labels_(settings.colors) {}
+
+  PageLabels Place() {
+    CopyTexts();
+    PlaceHeader();
+    PlaceLeftScale();
+    const double below = std::max(Y(11.1), Y(11) + line_ / 2);
+    if (kind_ == GraphKind::ViscoTemp) {
+      PlaceScaleBelow(labels_.Label5, labels_.Label1[4], labels_.Label1[5], below);
+    } else {
+      PlaceScaleBelow(labels_.Label3, labels_.Label1[0], labels_.Label1[1], below);
+    }
+    if (kind_ == GraphKind::ViscoTempTime) PlaceRightScale();
+    PlaceTitleBelow(below + line_);
+    PlaceLegendAndRemarks(below + 2 * line_ + Y(0.08));
+    return std::move(labels_);
+  }
+
+ private:
+  double X(double units) const { return units * grid_.UnitX(); }
+  double Y(double units) const { return units * grid_.UnitY(); }
+  double Width(std::string_view text, double height) const { return measure_(text, height); }
+  double Smallest() const { return kSmallest * text_height_; }
+
+  void CopyTexts() {
+    const auto copy = [](const auto& from, auto& to) {
+      for (std::size_t i = 0; i < to.size(); ++i) {
+        if constexpr (requires { from[i].text; }) {
+          to[i].text = from[i].text;
+        } else {
+          to[i].text = from[i];
+        }
+      }
+    };
+    copy(captions_.Label5, labels_.Label1);
+    copy(captions_.Label6, labels_.Label2);
+    copy(captions_.Label7, labels_.Label3);
+    copy(captions_.Label8, labels_.Label4);
+    copy(captions_.Label9, labels_.Label5);
+    copy(captions_.Label10, labels_.Label6);
+  }
+
+  // Letters of at most that height in which the text is no wider, if they need not be too small for it.
+  double HeightToFit(std::string_view text, double width, double height) const {
+    const double wide = Width(text, height);
+    if (wide <= width) return height;
+    const double fits = std::max(height * width / wide, Smallest());
+    // Letters come in whole dots, so theirs may be a little wider than that.
+    return Width(text, fits) <= width ? fits : std::max(0.97 * fits, Smallest());
+  }
+
+  // A label of one line, in the middle of the box's height.
+  void Write(PageLabel& label, const Box& box, TextSide side, double height) const {
+    label.Move(box);
+    label.side = side;
+    const std::string line = PlainLine(label.text);
+    label.text_height = std::min(HeightToFit(line, box.width, height), height);
+    label.lines = {
+        Elided(line, box.width, [&](std::string_view part) { return Width(part, label.text_height); })};
+    label.visible = !label.lines.front().empty();
+  }
+  void Write(PageLabel& label, const Box& box, TextSide side) const { Write(label, box, side, text_height_); }
+
+  // The file name over the date, and the axis titles beside them.
+  void PlaceHeader() {
+    const double date_top = Y(0.08) + kHeading * line_;
+    Write(labels_.Label2[4], {X(0.1), Y(0.08), X(7.8), kHeading * line_}, TextSide::kCentre,
+          kHeading * text_height_);
+    Write(labels_.Label2[3], {X(3), date_top, X(2), line_}, TextSide::kCentre);
+    const double top = grid_.TitleRow() - line_ / 2;
+    // On a low page the date stands between the titles, else above them.
+    const double middle = date_top + line_ <= top ? X(4) : X(3);
+    const auto width_from = [&](double left) { return middle - X(0.1) - left; };
+    if (kind_ == GraphKind::ViscoTempTime) {
+      // The sample of each curve has its place at the outer end of the title.
+      const double width = width_from(X(1.3));
+      Write(labels_.Label2[1], {X(1.3), top, width, line_}, TextSide::kLeft);
+      Write(labels_.Label2[2], {X(6.7) - width, top, width, line_}, TextSide::kRight);
+    } else {
+      Write(labels_.Label2[1], {X(0.5), top, width_from(X(0.5)), line_}, TextSide::kLeft);
+    }
+  }
+
+  // One height for all numbers of a scale, so that none seems to say more than another.
+  template <class Ticks>
+  double ScaleHeight(const Ticks& ticks, const PageLabel& low, const PageLabel& high, double width) const {
+    double height =
+        std::min(HeightToFit(low.text, width, text_height_), HeightToFit(high.text, width, text_height_));
+    for (const PageLabel& tick : ticks) height = HeightToFit(tick.text, width, height);
+    return height;
+  }
+
+  // A number beside the plot at that place of the axis.
+  Box Beside(double left, double place) const {
+    const double middle = MapToPosition(place, 0, 1, grid_.Bottom(), grid_.Top());
+    return {left, middle - line_ / 2, X(0.85), line_};
+  }
+
+  void PlaceLeftScale() {
+    const double left = X(0.05);
+    const double height = ScaleHeight(labels_.Label4, labels_.Label1[2], labels_.Label1[3], X(0.85));
+    Write(labels_.Label1[2], Beside(left, 0), TextSide::kRight, height);
+    Write(labels_.Label1[3], Beside(left, 1), TextSide::kRight, height);
+    const double distance = line_ / (grid_.Bottom() - grid_.Top());
+    double last = 0;
+    for (std::size_t i = 1; i < labels_.Label4.size(); ++i) {
+      const double place = captions_.Label8[i].place;
+      if (!(place - last >= distance) || !(1 - place >= distance)) continue;
+      Write(labels_.Label4[i], Beside(left, place), TextSide::kRight, height);
+      if (labels_.Label4[i].visible) last = place;
+    }
+  }
+
+  void PlaceRightScale() {
+    const double left = X(7.1);
+    const double height = ScaleHeight(labels_.Label5, labels_.Label1[4], labels_.Label1[5], X(0.85));
+    Write(labels_.Label1[4], Beside(left, 0), TextSide::kLeft, height);
+    Write(labels_.Label1[5], Beside(left, 1), TextSide::kLeft, height);
+    for (std::size_t i = 1; i < labels_.Label5.size(); ++i) {
+      Write(labels_.Label5[i], Beside(left, captions_.Label9[i].place), TextSide::kLeft, height);
+    }
+  }
+
+  // Every how manyth number of a scale of so many divisions stands clear of the next one.
+  static int Stride(int divisions, double division, double widest) {
+    for (const int stride : {1, 2, 3, 5}) {
+      if (divisions % stride == 0 && widest <= stride * division) return stride;
+    }
+    return divisions;
+  }
+
+  template <class Ticks>
+  void PlaceScaleBelow(Ticks& ticks, PageLabel& low, PageLabel& high, double top) {
+    const int divisions = static_cast<int>(ticks.size());
+    const double division = (grid_.Right() - grid_.Left()) / divisions;
+    const double gap = Width("0", text_height_);
+    double widest = std::max(Width(low.text, text_height_), Width(high.text, text_height_));
+    for (const PageLabel& tick : ticks) widest = std::max(widest, Width(tick.text, text_height_));
+    const int stride = Stride(divisions, division, widest + gap);
+    // The ends stand over the edges of the plot, a unit away from those of the page.
+    const double room = std::min(stride * division, X(2)) - gap;
+    const double height = ScaleHeight(ticks, low, high, room);
+    const auto at = [&](double place) {
+      const double middle = MapToPosition(place, 0, 1, grid_.Left(), grid_.Right());
+      return Box{middle - room / 2, top, room, line_};
+    };
+    Write(low, at(0), TextSide::kCentre, height);
+    Write(high, at(1), TextSide::kCentre, height);
+    for (int i = stride; i < divisions; i += stride) {
+      Write(ticks[static_cast<std::size_t>(i)], at(1.0 * i / divisions), TextSide::kCentre, height);
+    }
+  }
+
+  void PlaceTitleBelow(double top) {
+    if (kind_ == GraphKind::ViscoTemp) {
+      return Write(labels_.Label2[2], {X(1), top, X(6), line_}, TextSide::kCentre);
+    }
+    // Title and unit side by side, together in the middle.
+    const double gap = Width("0", text_height_);
+    const double title = std::min(Width(labels_.Label2[0].text, text_height_), X(3));
+    const double unit = std::min(Width(labels_.Label2[5].text, text_height_), X(3));
+    const double left = X(4) - (title + gap + unit) / 2;
+    // A hundredth more, for what the sums may lose.
+    Write(labels_.Label2[0], {left - 0.01 * gap, top, title + 0.01 * gap, line_}, TextSide::kRight);
+    Write(labels_.Label2[5], {left + title + gap, top, unit + 0.01 * gap, line_}, TextSide::kLeft);
+  }
+
+  // How the legend is divided: beside its heading, so many runs to a row.
+  struct LegendPlan {
+    int rows = 1;
+    int columns = 1;
+    double cell = 0;
+    double text_height = 0;
+    bool complete = true;  // no name is cut
+    double RowHeight() const { return 2 * kLineHeight * text_height; }
+    double Height() const { return rows * RowHeight(); }
+  };
+
+  static std::vector<std::string> TwoLines(const std::string& text) {
+    const std::size_t end = std::min(text.rfind('\r'), text.size());
+    return {PlainLine(text.substr(0, end)), PlainLine(text.substr(std::min(end + 1, text.size())))};
+  }
+
+  // `room` is what there is for the legend from top to bottom.
+  LegendPlan PlanLegend(int runs, int rows, double room) const {
+    const double highest = (room - (rows - 1) * CellGap()) / (2 * kLineHeight * rows);
+    LegendPlan plan{rows, (runs + rows - 1) / rows, 0, std::clamp(highest, Smallest(), text_height_)};
+    double widest = 0;
+    for (const PageLabel& label : labels_.Label6) {
+      for (const std::string& line : TwoLines(label.text))
+        widest = std::max(widest, Width(line, text_height_));
+    }
+    plan.cell = std::min(widest + 2 * CellGap(), X(7.8) / (plan.columns + 1));
+    const double width = plan.cell - CellGap();
+    for (const PageLabel& label : labels_.Label6) {
+      for (const std::string& line : TwoLines(label.text)) {
+        plan.text_height = HeightToFit(line, width, plan.text_height);
+        plan.complete = plan.complete && Width(line, plan.text_height) <= width;
+      }
+    }
+    return plan;
+  }
+  double RemarksGap() const { return Y(0.08); }
+  double CellGap() const { return 0.5 * text_height_; }  // from one plate to the next
+
+  void PlaceLegendAndRemarks(double top) {
+    const int runs =
+        static_cast<int>(std::count_if(labels_.Label6.begin() + 1, labels_.Label6.end(),
+                                       [](const PageLabel& label) { return !label.text.empty(); }));
+    if (runs == 0) {
+      WriteRemarks(top);
+      return;
+    }
+    // A second row lets long names stand in letters that are easy to read. It is there if the remarks leave
+    // the room, and if names would be cut without it: runs that cannot be told apart are worse than remarks
+    // that end too early. Two lines of remarks have room in any case.
+    const double room = Y(kFoot) - RemarksGap() - 2 * kLineHeight * Smallest() - top;
+    const LegendPlan one = PlanLegend(runs, 1, room);
+    const LegendPlan two = PlanLegend(runs, 2, room);
+    const bool better = one.text_height < 0.95 * text_height_ && runs > 1;
+    const bool second_row = better && (WriteRemarks(RemarksTop(top, two)) || !one.complete);
+    const LegendPlan& plan = second_row ? two : one;
+    WriteRemarks(RemarksTop(top, plan));
+    WriteLegend(plan, top);
+  }
+
+  double RemarksTop(double legend_top, const LegendPlan& plan) const {
+    return legend_top + plan.Height() + (plan.rows - 1) * CellGap() + RemarksGap();
+  }
+
+  void WriteLegend(const LegendPlan& plan, double top) {
+    const double left = X(4) - (plan.columns + 1) * plan.cell / 2;
+    const auto write = [&](PageLabel& label, int column, int row) {
+      label.Move({left + column * plan.cell + CellGap() / 2, top + row * (plan.RowHeight() + CellGap()),
+                  plan.cell - CellGap(), plan.RowHeight()});
+      label.text_height = plan.text_height;
+      for (const std::string& line : TwoLines(label.text)) {
+        label.lines.push_back(Elided(line, label.box.width,
+                                     [&](std::string_view part) { return Width(part, label.text_height); }));
+      }
+      label.visible = true;
+    };
+    write(labels_.Label6[0], 0, 0);
+    int place = 0;
+    for (std::size_t run = 1; run < labels_.Label6.size(); ++run) {
+      if (labels_.Label6[run].text.empty()) continue;
+      write(labels_.Label6[run], 1 + place % plan.columns, place / plan.columns);
+      ++place;
+    }
+  }
+
+  // As many lines as the foot of the page has room for. True when nothing had to be cut.
+  bool WriteRemarks(double top) {
+    PageLabel& label = labels_.Label2[6];
+    const double width = X(7);
+    for (double part = 1;; part -= 0.085) {
+      const double height = std::max(part, kSmallest) * text_height_;
+      const double most = std::floor((Y(kFoot) - top) / (kLineHeight * height));
+      const auto [lines, complete] =
+          Wrapped(label.text, width, static_cast<std::size_t>(std::clamp(most, 0.0, 1000.0)),
+                  [&](std::string_view text) { return Width(text, height); });
+      if (!complete && part > kSmallest) continue;
+      label.Move({X(0.5), top, width, kLineHeight * height * static_cast<double>(lines.size())});
+      label.side = TextSide::kLeft;
+      label.text_height = height;
+      label.lines = lines;
+      label.visible = std::ranges::any_of(lines, [](const std::string& line) { return !line.empty(); });
+      return complete;
+    }
+  }
+
+  const PageGrid& grid_;
+  const graph::Captions& captions_;
+  const GraphKind kind_;
+  const TextMeasure& measure_;
+  const double text_height_;
+  const double line_;
+  PageLabels labels_;
+};
+
+}  // namespace
+
+double PageGrid::TextHeight() const {
+  return std::min(0.0148 * std::sqrt(std::max(width, 0.0) * std::max(height, 0.0)), 0.24 * UnitY());
+}
+
+double PageGrid::Line() const { return kLineHeight * TextHeight(); }
+
+double PageGrid::TitleRow() const { return Top() - 1.1 * Line(); }
+
+PageLabels::PageLabels(const graph::ColorTable& colors) {
+  for (std::size_t run = 1; run < Label6.size(); ++run) Label6[run].color = colors[run % colors.size()];
+}
+
+void PageLabels::ForEach(const std::function<void(const PageLabel&)>& visit) const {
+  const auto all = [&](const auto& labels) {
+    for (const PageLabel& label : labels) visit(label);
+  };
+  all(Label1);
+  all(Label2);
+  all(Label3);
+  all(Label4);
+  all(Label5);
+  all(Label6);
+}
+
+PageLabels PlaceLabels(const PageGrid& grid, const graph::Captions& captions,
+                       const graph::PlotSettings& settings, const TextMeasure& measure) {
+  return Placing(grid, captions, settings, measure).Place();
+}
+
+}  // namespace quenlor::reports

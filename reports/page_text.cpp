@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "reports/page_text.h"
+
+#include <algorithm>
+
+#include "data/utf8.h"
+
+namespace quenlor::reports {
+namespace {
+
+constexpr std::string_view kEllipsis = "…";
+
+// More bytes than any line of a page holds. A text is measured no farther, however long it is.
+constexpr std::size_t kMostBytes = 2000;
+
+// The longest beginning of the text for which `fits` is true, in whole characters; `fits` is true of shorter
+// ones, then.
+std::string_view LongestPrefix(std::string_view text, const std::function<bool(std::string_view)>& fits) {
+  std::size_t shortest = 0;
+  std::size_t too_long = std::min(text.size(), kMostBytes) + 1;
+  while (too_long - shortest > 1) {
+    const std::size_t middle = shortest + (too_long - shortest) / 2;
+    (fits(data::Utf8Prefix(text, middle)) ? shortest : too_long) = middle;
+  }
+  return data::Utf8Prefix(text, shortest);
+}
+
+std::string_view WithoutBlanksBefore(std::string_view text) {
+  return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+}
+
+std::string_view WithoutBlanksAfter(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+std::string_view FirstCharacter(std::string_view text) {
+  std::size_t end = 1;
+  while (end < text.size() && data::Utf8Prefix(text, end).size() < end) ++end;
+  return text.substr(0, end);
+}
+
+// What stands in the first line of a text that is too long for one.
+std::string_view FirstLine(std::string_view text, double width, const WidthOf& measure) {
+  const std::string_view prefix =
+      LongestPrefix(text, [&](std::string_view part) { return measure(WithoutBlanksAfter(part)) <= width; });
+  if (prefix.size() == text.size()) return text;
+  if (prefix.empty()) return FirstCharacter(text);  // or there would be no end
+  // Between two words, if there are any; a blank just behind the prefix has room there.
+  const std::size_t blank = text.substr(0, prefix.size() + 1).find_last_of(' ');
+  const bool only_blanks = WithoutBlanksBefore(text.substr(0, blank)).empty();
+  return blank == std::string_view::npos || only_blanks ? prefix : text.substr(0, blank);
+}
+
+}  // namespace
+
+std::string PlainLine(std::string_view text) {
+  std::string line(text);
+  std::ranges::replace_if(
+      line, [](unsigned char c) { return c < ' ' || c == 0x7F; }, ' ');
+  return line;
+}
+
+std::string Elided(std::string_view text, double width, const WidthOf& measure) {
+  if (text.size() <= kMostBytes && measure(text) <= width) return std::string(text);
+  if (measure(kEllipsis) > width) return {};
+  const auto elided = [](std::string_view part) { return std::string(part).append(kEllipsis); };
+  return elided(WithoutBlanksAfter(
+      LongestPrefix(text, [&](std::string_view part) { return measure(elided(part)) <= width; })));
+}
+
+Lines Wrapped(std::string_view text, double width, std::size_t most_lines, const WidthOf& measure) {
+  Lines result;
+  const std::string plain = PlainLine(text);
+  std::string_view rest = WithoutBlanksAfter(plain);
+  while (!rest.empty() && result.lines.size() < most_lines) {
+    const std::string_view line = FirstLine(rest, width, measure);
+    result.lines.push_back(Elided(WithoutBlanksAfter(line), width, measure));
+    rest = WithoutBlanksBefore(rest.substr(line.size()));
+  }
+  result.complete = rest.empty();
+  if (!result.complete && !result.lines.empty()) {
+    // The last line has room for what says that there is more.
+    std::string& last = result.lines.back();
+    last = Elided(last.append(kEllipsis), width, measure);
+  }
+  return result;
+}
+
+}  // namespace quenlor::reports

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "reports/report_page.h"
+
+#include <cmath>
+#include <vector>
+
+#include "graph/graph_math.h"
+#include "graph/plot_grid.h"
+#include "reports/page_colors.h"
+#include "reports/page_layout.h"
+#include "reports/report_curves.h"
+
+namespace quenlor::reports {
+namespace {
+
+using graph::GraphKind;
+using graph::ToRgb;
+using graph::ViscoAxis;
+using platform::DrawingSurface;
+using platform::LineStyle;
+using platform::PixelRectangle;
+using platform::Segment;
+
+// Pens of the grid and its frame; 0.5 is an eighth of a millimetre, three dots of a usual printer.
+constexpr double kDottedLine = 0.5;
+constexpr double kSolidLine = 0.75;
+constexpr double kFrameLine = 1;
+
+const platform::Rgb kInk = ToRgb(graph::kBlack);
+const platform::Rgb kPaper = ToRgb(graph::kWhite);
+
+// The page as it is being drawn. Whatever is no curve is black on white: paper has no other scheme.
+class Page {
+ public:
+  Page(DrawingSurface& surface, const ReportContent& content)
+      : surface_(surface),
+        content_(content),
+        whole_(surface.Whole()),
+        grid_{Twips(whole_.width), Twips(whole_.height)},
+        viewport_(whole_, {0, 0, grid_.width, grid_.height}) {}
+
+  void Draw() {
+    surface_.SetViewport(viewport_);
+    surface_.Clear(kPaper);
+    DrawGrid();
+    DrawCurves(surface_, PlotDots(), content_.values, content_.settings, content_.ranges);
+    surface_.SetViewport(viewport_);
+    DrawFrame();
+    DrawSamples();
+    DrawLabels();
+  }
+
+ private:
+  double Twips(int dots) const {
+    constexpr double kTwipsPerPen = 15;  // 1440 of them are an inch, and so are 96 pens
+    const double pen = surface_.PenScale();
+    return pen > 0 ? dots * kTwipsPerPen / pen : dots * kTwipsPerPen;
+  }
+
+  PixelRectangle PlotDots() const {
+    const auto dots = [](double place) { return static_cast<int>(std::lround(place)); };
+    const int left = dots(viewport_.DeviceX(grid_.Left()));
+    const int top = dots(viewport_.DeviceY(grid_.Top()));
+    return {left, top, dots(viewport_.DeviceX(grid_.Right())) - left,
+            dots(viewport_.DeviceY(grid_.Bottom())) - top};
+  }
+
+  Segment Vertical(double x) const { return {{x, grid_.Top()}, {x, grid_.Bottom()}}; }
+  Segment Horizontal(double y) const { return {{grid_.Left(), y}, {grid_.Right(), y}}; }
+
+  void DrawThin(const std::vector<Segment>& lines, double width, LineStyle style) {
+    if (lines.empty()) return;
+    surface_.SetPen({kInk, width, style, true});
+    surface_.DrawLines(lines);
+  }
+
+  void DrawGrid() {
+    std::vector<Segment> dotted;
+    std::vector<Segment> solid;
+    const int divisions = content_.settings.kind == GraphKind::ViscoTemp ? 10 : 6;
+    for (int i = 0; i <= divisions; ++i) {
+      const double x = grid_.UnitX() * (1 + 6.0 * i / divisions);
+      (i % (divisions / 2) == 0 ? solid : dotted).push_back(Vertical(x));
+    }
+    if (content_.settings.visco_axis == ViscoAxis::Log) {
+      const int decades = content_.ranges.ViscoLogMax - content_.ranges.ViscoLogMin;
+      const double decade = (grid_.Bottom() - grid_.Top()) / std::max(decades, 1);
+      for (int i = 1; i <= decades; ++i) {
+        const double lower_end = grid_.Top() + i * decade;
+        for (int multiple = 2; multiple <= 9; ++multiple) {
+          dotted.push_back(Horizontal(lower_end - static_cast<double>(graph::Log10(multiple)) * decade));
+        }
+      }
+      for (int i = 0; decades > 0 && i <= decades; ++i) {
+        solid.push_back(Horizontal(grid_.Top() + i * decade));
+      }
+    } else {
+      for (int i = 0; i <= 10; ++i) {
+        (i % 5 == 0 ? solid : dotted).push_back(Horizontal(grid_.UnitY() * (1 + i)));
+      }
+    }
+    DrawThin(dotted, kDottedLine, LineStyle::kDotted);
+    DrawThin(solid, kSolidLine, LineStyle::kSolid);
+  }
+
+  // Over the curves, so that they end at a clean edge.
+  void DrawFrame() {
+    std::vector<Segment> lines = {Vertical(grid_.Left()), Horizontal(grid_.Top()), Vertical(grid_.Right()),
+                                  Horizontal(grid_.Bottom())};
+    if (content_.settings.kind == GraphKind::ViscoTempTime) {
+      for (int i = 1; i <= 9; ++i) {
+        const double y = grid_.UnitY() * (1 + i);
+        lines.push_back({{grid_.Right() - 0.05 * grid_.UnitX(), y}, {grid_.Right(), y}});
+      }
+    }
+    DrawThin(lines, kFrameLine, LineStyle::kSolid);
+  }
+
+  // The sample of each of the two curves, beside the title of its axis.
+  void DrawSamples() {
+    if (content_.settings.kind != GraphKind::ViscoTempTime) return;
+    // From two series on, colours tell the series apart and say nothing about the quantity.
+    const bool neutral = content_.values.SeriesCount() >= 2;
+    const auto ink = [&](std::size_t entry) {
+      return neutral ? kInk : ToRgb(InkOf(content_.settings.colors[entry]));
+    };
+    const MarkerSizes markers =
+        MarkersOn(grid_.Right() - grid_.Left(), grid_.Bottom() - grid_.Top(), content_.settings.kind);
+    const double y = grid_.TitleRow();
+    const double unit = grid_.UnitX();
+    const auto draw_line = [&](platform::Rgb color, double left) {
+      surface_.SetPen({color, 1.0 * content_.settings.LineWidth, LineStyle::kSolid, true});
+      surface_.DrawLine({left, y}, {left + 0.4 * unit, y});
+    };
+    draw_line(ink(1), 0.8 * unit);
+    surface_.DrawCircle({unit, y}, markers.circle);
+    draw_line(ink(3), 6.8 * unit);
+    surface_.DrawCross({7 * unit, y}, markers.cross_across, markers.cross_down);
+  }
+
+  void DrawLabels() {
+    const TextMeasure measure = [this](std::string_view text, double height) {
+      return surface_.TextWidth(text, height);
+    };
+    const PageLabels labels = PlaceLabels(grid_, content_.captions, content_.settings, measure);
+    labels.ForEach([this](const PageLabel& label) {
+      if (label.visible) DrawLabel(label);
+    });
+  }
+
+  void DrawLabel(const PageLabel& label) {
+    if (NeedsPlate(label.color)) DrawPlate(label.box);
+    surface_.SetPen({ToRgb(label.color)});
+    const auto [x, across] = Anchor(label);
+    const double line = label.box.height / static_cast<double>(label.lines.size());
+    double middle = label.box.top + line / 2;
+    for (const std::string& text : label.lines) {
+      if (!text.empty()) {
+        surface_.DrawText({x, middle}, across, platform::Down::kCentre, text, label.text_height);
+      }
+      middle += line;
+    }
+  }
+
+  static std::pair<double, platform::Across> Anchor(const PageLabel& label) {
+    switch (label.side) {
+      case graph::TextSide::kLeft:
+        return {label.box.left, platform::Across::kLeft};
+      case graph::TextSide::kRight:
+        return {label.box.left + label.box.width, platform::Across::kRight};
+      case graph::TextSide::kCentre:
+        break;
+    }
+    return {label.box.left + label.box.width / 2, platform::Across::kCentre};
+  }
+
+  void DrawPlate(const graph::Box& box) {
+    const int left = viewport_.Column(box.left);
+    const int top = viewport_.Row(box.top);
+    const PixelRectangle area{left, top, viewport_.Column(box.left + box.width) - left,
+                              viewport_.Row(box.top + box.height) - top};
+    if (area.Empty()) return;
+    surface_.SetViewport({area, {box.left, box.top, box.width, box.height}});
+    surface_.Clear(kInk);
+    surface_.SetViewport(viewport_);
+  }
+
+  DrawingSurface& surface_;
+  const ReportContent& content_;
+  const PixelRectangle whole_;
+  const PageGrid grid_;
+  const platform::Viewport viewport_;
+};
+
+}  // namespace
+
+void Draw(DrawingSurface& surface, const ReportContent& content) {
+  if (!surface.Whole().Empty()) Page(surface, content).Draw();
+}
+
+}  // namespace quenlor::reports

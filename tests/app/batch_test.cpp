@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+#include "app/batch.h"
+
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/memory/memory_file_system.h"
+#include "tests/pdf_text.h"
+
+namespace quenlor::app {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr const char* kFile =
+    "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n"
+    "1,00:00:00,50,mPa.s,25.0,C\r\n"
+    "1,00:01:00,55,mPa.s,25.5,C\r\n"
+    "2,00:00:00,70,mPa.s,26.0,C\r\n"
+    "2,00:02:00,75,mPa.s,26.5,C\r\n"
+    "Date,2026/11/21 09:30:00\r\n"
+    "Memo,first batch\r\n";
+
+struct Bench {
+  platform::memory::MemoryFileSystem files;
+  std::string input;
+  std::string output;
+  bool output_fails = false;
+  bool writes_comma = false;
+  std::vector<std::string> complaints;
+
+  Bench() {
+    files.Put("/data/oil.csv", kFile);
+    files.Put("/data/empty.csv", "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n");
+  }
+  int Run(const std::vector<std::string>& arguments) {
+    const CommandLine line = ParseCommandLine(arguments);
+    EXPECT_EQ(line.error, "");
+    return static_cast<int>(
+        RunBatch(line, {.files = files,
+                        .program_folder = "/lab",
+                        .system_writes_comma = writes_comma,
+                        .read_standard_input = [this] { return platform::Result<std::string>(input); },
+                        .write_standard_output =
+                            [this](std::string_view text) {
+                              if (output_fails) return platform::Done(platform::Failure{"pipe is gone"});
+                              output += text;
+                              return platform::Done();
+                            },
+                        .complain = [this](const std::string& why) { complaints.push_back(why); }}));
+  }
+};
+
+TEST(Batch, StatisticsAreTheTextThatTheWindowCopies) {
+  Bench bench;
+  EXPECT_EQ(bench.Run({"--statistics", "/data/oil.csv"}), 0);
+  EXPECT_EQ(bench.output,
+            "oil.csv\r\n2026/11/21 09:30:00\r\n"
+            "\tNo.\tTime\tViscosity\tUnit1\tTemp\tUnit2\r\n"
+            "\t1\t00:01:00\t55\tmPa.s\t25.5\tC\r\n"
+            "\t2\t00:02:00\t75\tmPa.s\t26.5\tC\r\n"
+            "\tMaximum\t00:02:00\t75\t\t26.5\t\r\n"
+            "\tMinimum\t00:01:00\t55\t\t25.5\t\r\n"
+            "\tAverage\t00:01:30\t65.\t\t26.0\t\r\n"
+            "\tStd Dev\t00:00:42\t14.\t\t0.7\t\r\n");
+}
+
+TEST(Batch, StatisticsTextsHaveTheSystemsDecimalPointAndNumbersForProgramsAPoint) {
+  Bench bench;
+  bench.writes_comma = true;
+  bench.Run({"--statistics", "/data/oil.csv"});
+  EXPECT_THAT(bench.output, HasSubstr("26,0"));
+  bench.output.clear();
+  bench.Run({"--statistics", "--format", "csv", "/data/oil.csv"});
+  EXPECT_THAT(bench.output, HasSubstr("26"));
+  EXPECT_EQ(bench.output.find("26,0"), std::string::npos);
+}
+
+TEST(Batch, StatisticsOfSeveralFilesFollowEachOther) {
+  Bench bench;
+  EXPECT_EQ(bench.Run({"--statistics", "/data/oil.csv", "/data/empty.csv"}), 0);
+  const std::size_t oil = bench.output.find("oil.csv");
+  const std::size_t empty = bench.output.find("empty.csv");
+  EXPECT_LT(oil, empty);
+  EXPECT_NE(empty, std::string::npos);
+}
+
+TEST(Batch, ADashReadsStandardInput) {
+  Bench bench;
+  bench.input = kFile;
+  EXPECT_EQ(bench.Run({"--statistics", "-"}), 0);
+  EXPECT_THAT(bench.output, HasSubstr("75"));
+}
+
+TEST(Batch, AReportIsADocumentWithAPageForEachFile) {
+  Bench bench;
+  EXPECT_EQ(bench.Run({"--report", "/out/report.pdf", "/data/oil.csv", "/data/empty.csv"}), 0);
+  const std::string pdf = bench.files.Content("/out/report.pdf");
+  EXPECT_THAT(pdf, StartsWith("%PDF"));
+  EXPECT_THAT(pdf, HasSubstr("/Count 2"));
+}
+
+TEST(Batch, AGraphIsAPictureOfTheSizeAskedInTheFormatOfItsName) {
+  Bench bench;
+  EXPECT_EQ(bench.Run({"--graph", "/out/a.png", "--size", "640x480", "/data/oil.csv"}), 0);
+  const QImage image = QImage::fromData(QByteArray::fromStdString(bench.files.Content("/out/a.png")));
+  EXPECT_EQ(image.size(), QSize(640, 480));
+  EXPECT_EQ(bench.Run({"--graph", "/out/a.SVG", "/data/oil.csv"}), 0);
+  EXPECT_THAT(bench.files.Content("/out/a.SVG"), HasSubstr("viewBox=\"0 0 1200 800\""));
+  EXPECT_EQ(bench.Run({"--graph=/out/a.pdf", "/data/oil.csv"}), 0);
+  EXPECT_THAT(bench.files.Content("/out/a.pdf"), StartsWith("%PDF"));
+}
+
+TEST(Batch, TheKindOfGraphIsChosen) {
+  Bench bench;
+  for (const char* kind : {"visco-time", "visco-temp-time", "visco-temp"}) {
+    bench.Run({"--graph", std::string("/out/") + kind + ".svg", "--kind", kind, "/data/oil.csv"});
+  }
+  EXPECT_EQ(bench.files.Content("/out/visco-time.svg").find(">Temp<"), std::string::npos);
+  EXPECT_NE(bench.files.Content("/out/visco-temp-time.svg").find("Temp"), std::string::npos);
+  EXPECT_EQ(bench.files.Content("/out/visco-temp.svg").find("(min)"), std::string::npos);
+}
+
+TEST(Batch, AFileThatCannotBeReadIsToldAndNothingIsWritten) {
+  Bench bench;
+  for (const std::vector<std::string>& task :
+       {std::vector<std::string>{"--report", "/out/x.pdf"}, {"--statistics"}, {"--graph", "/out/x.png"}}) {
+    bench.complaints.clear();
+    std::vector<std::string> arguments = task;
+    if (task[0] != "--graph") arguments.push_back("/data/oil.csv");
+    arguments.push_back("/data/missing.csv");
+    EXPECT_EQ(bench.Run(arguments), 3) << task[0];
+    EXPECT_THAT(bench.complaints, ElementsAre(HasSubstr("missing.csv"))) << task[0];
+  }
+  EXPECT_EQ(bench.output, "");
+  EXPECT_EQ(bench.files.Paths().size(), 2U);
+}
+
+TEST(Batch, EveryUnreadableFileIsTold) {
+  Bench bench;
+  EXPECT_EQ(bench.Run({"--statistics", "/a.csv", "/data/oil.csv", "/b.csv"}), 3);
+  EXPECT_EQ(bench.complaints.size(), 2U);
+}
+
+TEST(Batch, AnOutputThatCannotBeWrittenIsTold) {
+  Bench bench;
+  bench.files.Refuse("/out", "Read-only file system");
+  EXPECT_EQ(bench.Run({"--report", "/out/x.pdf", "/data/oil.csv"}), 4);
+  EXPECT_THAT(bench.complaints, ElementsAre(HasSubstr("Read-only file system")));
+  bench.output_fails = true;
+  EXPECT_EQ(bench.Run({"--statistics", "/data/oil.csv"}), 4);
+}
+
+TEST(Batch, SettingsAndColoursAreReadAndNeverWritten) {
+  Bench bench;
+  bench.Run({"--report", "/out/x.pdf", "/data/oil.csv"});
+  EXPECT_THAT(bench.files.Paths(), ElementsAre("/data/empty.csv", "/data/oil.csv", "/out/x.pdf"));
+
+  bench.files.Put("/lab/Color.txt", "noise");
+  bench.Run({"--graph", "/out/white.png", "/data/oil.csv"});
+  EXPECT_EQ(bench.files.Content("/lab/Color.txt"), "noise");
+  std::string black;
+  for (int i = 0; i < 10; ++i) black += "&h0000FF\r\n";
+  bench.files.Put("/lab/Color.txt", black + "Black\r\n");
+  bench.Run({"--graph", "/out/black.png", "/data/oil.csv"});
+  const auto corner = [&](const char* path) {
+    return QImage::fromData(QByteArray::fromStdString(bench.files.Content(path))).pixelColor(2, 2);
+  };
+  EXPECT_EQ(corner("/out/white.png"), QColor(Qt::white));
+  EXPECT_EQ(corner("/out/black.png"), QColor(Qt::black));
+}
+
+TEST(Batch, TheSettingsOfOneFileDoNotReachTheNext) {
+  Bench bench;
+  // The axis line's 12th field asks for the logarithmic axis.
+  const std::string log = std::string(kFile).insert(std::string(kFile).find("Date"),
+                                                    "Axis,2,4,0,180,0,100,0,100,0,2,1,1,1,0\r\n");
+  bench.files.Put("/data/log.csv", log);
+  bench.Run({"--report", "/out/alone.pdf", "/data/oil.csv"});
+  bench.Run({"--report", "/out/both.pdf", "/data/log.csv", "/data/oil.csv"});
+  const std::string alone = PdfText(bench.files.Content("/out/alone.pdf"));
+  const std::string both = PdfText(bench.files.Content("/out/both.pdf"));
+  const std::size_t second_page = both.find('\f') + 1;
+  EXPECT_EQ(both.substr(second_page), alone);
+  EXPECT_NE(both.substr(0, second_page).substr(7), alone.substr(7)) << "the first has another axis";
+}
+
+// The program itself, without a display.
+class BatchProgram : public testing::Test {
+ protected:
+  void SetUp() override {
+    QFile file(Path(QStringLiteral("oil.csv")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(kFile);
+  }
+  QString Path(const QString& name) const { return folder_.filePath(name); }
+  int Run(const QStringList& arguments, const QByteArray& input = {}) {
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+      environment.remove(QString::fromLatin1(name));
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(QUENLOR_PROGRAM),
+                  QStringList{QStringLiteral("--folder"), folder_.path()} + arguments);
+    program.write(input);
+    program.closeWriteChannel();
+    EXPECT_TRUE(program.waitForFinished(60'000));
+    output_ = program.readAllStandardOutput();
+    errors_ = program.readAllStandardError();
+    return program.exitCode();
+  }
+  QByteArray Bytes(const QString& name) {
+    QFile file(Path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  QTemporaryDir folder_;
+  QByteArray output_;
+  QByteArray errors_;
+};
+
+TEST_F(BatchProgram, WritesTheSameBytesInEveryRun) {
+  for (const char* name : {"a.pdf", "a.png", "a.svg"}) {
+    const QString task = QString::fromLatin1(name).endsWith(QStringLiteral("pdf"))
+                             ? QStringLiteral("--report")
+                             : QStringLiteral("--graph");
+    const QString out = QString::fromLatin1(name);
+    ASSERT_EQ(Run({task, Path(out), Path(QStringLiteral("oil.csv"))}), 0) << errors_.toStdString();
+    const QByteArray first = Bytes(out);
+    QFile::remove(Path(out));
+    ASSERT_EQ(Run({task, Path(out), Path(QStringLiteral("oil.csv"))}), 0);
+    EXPECT_FALSE(first.isEmpty());
+    EXPECT_TRUE(Bytes(out) == first) << name;
+  }
+}
+
+TEST_F(BatchProgram, ReadsStandardInputAndLeavesTheFolderAsItWas) {
+  EXPECT_EQ(Run({QStringLiteral("--statistics"), QStringLiteral("-")}, kFile), 0);
+  EXPECT_TRUE(output_.contains("Std Dev"));
+  EXPECT_EQ(errors_, "");
+  EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), QStringList{QStringLiteral("oil.csv")});
+}
+
+TEST_F(BatchProgram, TellsItsFailuresInOneLineEach) {
+  EXPECT_EQ(Run({QStringLiteral("--statistics"), Path(QStringLiteral("missing.csv"))}), 3);
+  EXPECT_EQ(errors_.count('\n'), 1);
+  EXPECT_EQ(
+      Run({QStringLiteral("--report"), QStringLiteral("/proc/none/x.pdf"), Path(QStringLiteral("oil.csv"))}),
+      4);
+  EXPECT_EQ(errors_.count('\n'), 1);
+  EXPECT_EQ(Run({QStringLiteral("--report")}), 2);
+}
+
+}  // namespace
+}  // namespace quenlor::app

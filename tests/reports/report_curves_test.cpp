@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: MIT
+#include "reports/report_curves.h"
+
+#include <cmath>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "graph/plot_grid.h"
+#include "platform/memory/recording_surface.h"
+#include "tests/graph/random_readings.h"
+
+namespace quenlor::reports {
+namespace {
+
+using graph::Dice;
+using graph::GraphKind;
+using graph::TestReading;
+using platform::PixelRectangle;
+using platform::Point;
+using platform::memory::RecordingSurface;
+using testing::ElementsAre;
+using Call = RecordingSurface::Call;
+using Kind = Call::Kind;
+
+// The plot of a page of A4.
+constexpr PixelRectangle kPlot{1240, 1039, 7440, 10390};
+
+struct Drawn {
+  data::AxisRanges ranges;  // time to 180, viscosity and temperature to 100, two decades
+  graph::PlotSettings settings;
+  std::vector<Call> calls;
+
+  void Draw(const std::vector<TestReading>& readings) { Draw(graph::ValuesOf(readings)); }
+  void Draw(const graph::ValueArrays& values) {
+    RecordingSurface surface(9921, 14031, 12.5);
+    DrawCurves(surface, kPlot, values, settings, ranges);
+    calls = surface.Calls();
+  }
+  std::vector<Call> Of(Kind kind) const {
+    std::vector<Call> wanted;
+    for (const Call& call : calls) {
+      if (call.kind == kind) wanted.push_back(call);
+    }
+    return wanted;
+  }
+  std::size_t Count(Kind kind) const { return Of(kind).size(); }
+  std::vector<platform::Segment> Lines() const {
+    std::vector<platform::Segment> lines;
+    for (const Call& call : Of(Kind::kLine)) lines.push_back(call.line);
+    return lines;
+  }
+};
+
+platform::Rgb Series(std::size_t entry) { return graph::ToRgb(graph::kDefaultColors[entry]); }
+
+TEST(ReportCurves, ReadingsAreJoinedByLines) {
+  Drawn drawn;
+  drawn.Draw({{1, 0, 0, 20}, {1, 90, 50, 20}, {1, 180, 0, 20}});
+  EXPECT_THAT(drawn.Lines(), ElementsAre(platform::Segment{{0, 10390}, {3720, 5195}},
+                                         platform::Segment{{3720, 5195}, {7440, 10390}}));
+  for (const Call& call : drawn.calls) EXPECT_EQ(call.pen.color, Series(1));
+}
+
+TEST(ReportCurves, WhatRunsStraightIsOneLine) {
+  std::vector<TestReading> readings;
+  for (int i = 0; i <= 1000; ++i) readings.push_back({1, 0.18 * i, 0.07 * i, 20});
+  Drawn drawn;
+  drawn.Draw(readings);
+  EXPECT_EQ(drawn.Count(Kind::kLine), 1U);
+}
+
+TEST(ReportCurves, RunsAreNotJoinedAndHaveTheColourOfTheirNumber) {
+  Drawn drawn;
+  drawn.Draw({{1, 0, 10, 0}, {1, 90, 10, 0}, {12, 0, 60, 0}, {12, 90, 60, 0}});
+  const auto lines = drawn.Of(Kind::kLine);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0].pen.color, Series(1));
+  EXPECT_EQ(lines[1].pen.color, Series(2));
+}
+
+TEST(ReportCurves, RunTenHasColourZero) {
+  Drawn drawn;
+  drawn.Draw({{10, 0, 10, 0}, {10, 90, 10, 0}});
+  EXPECT_EQ(drawn.Of(Kind::kLine).at(0).pen.color, Series(0));
+}
+
+TEST(ReportCurves, TheTemperatureHasAColourOfItsOwnWithOneSeriesOnly) {
+  Drawn drawn;
+  drawn.settings.kind = GraphKind::ViscoTempTime;
+  drawn.Draw({{1, 0, 10, 60}, {1, 90, 10, 60}});
+  ASSERT_EQ(drawn.Count(Kind::kLine), 2U);
+  EXPECT_EQ(drawn.Of(Kind::kLine)[0].pen.color, Series(1));
+  EXPECT_EQ(drawn.Of(Kind::kLine)[1].pen.color, Series(3));
+  EXPECT_EQ(drawn.Of(Kind::kCross).at(0).pen.color, Series(3));
+
+  drawn.Draw({{1, 0, 10, 60}, {1, 90, 10, 60}, {2, 0, 20, 70}, {2, 90, 20, 70}});
+  for (const Call& call : drawn.calls) EXPECT_NE(call.pen.color, Series(3));
+}
+
+TEST(ReportCurves, ACurveThatWouldNotShowOnPaperIsBlack) {
+  Drawn drawn;
+  drawn.settings.colors[1] = graph::kWhite;
+  drawn.Draw({{1, 0, 10, 60}, {1, 90, 10, 60}});
+  EXPECT_EQ(drawn.Of(Kind::kLine).at(0).pen.color, graph::ToRgb(graph::kBlack));
+}
+
+TEST(ReportCurves, ThePenIsAsWideAsTheSettingSays) {
+  for (const int width : {1, 2}) {
+    Drawn drawn;
+    drawn.settings.LineWidth = width;
+    drawn.Draw({{1, 0, 10, 60}, {1, 90, 10, 60}});
+    EXPECT_EQ(drawn.Of(Kind::kLine).at(0).pen.width, width);
+  }
+}
+
+TEST(ReportCurves, MarkersStandWhereTheSettingSays) {
+  std::vector<TestReading> readings;
+  for (int run = 1; run <= 2; ++run) {
+    for (int i = 0; i < 12; ++i) readings.push_back({run, 10.0 * i, 10.0 * run, 50});
+  }
+  constexpr std::size_t kMarkers[] = {2, 24, 12, 6, 4};
+  for (int item = 0; item < 5; ++item) {
+    Drawn drawn;
+    drawn.settings.MarkerEvery = item;
+    drawn.Draw(readings);
+    EXPECT_EQ(drawn.Count(Kind::kCircle), kMarkers[item]) << item;
+    EXPECT_EQ(drawn.Count(Kind::kCross), 0U);
+    drawn.settings.kind = GraphKind::ViscoTempTime;
+    drawn.Draw(readings);
+    // The crosses of both runs stand at the same places, the later ones over the earlier ones.
+    EXPECT_EQ(drawn.Count(Kind::kCross), kMarkers[item] / 2) << item;
+  }
+}
+
+TEST(ReportCurves, MarkersAreThePartsOfThePlotThatTheyAreOnTheScreen) {
+  const MarkerSizes over_time = MarkersOn(6000, 10000, GraphKind::ViscoTime);
+  EXPECT_DOUBLE_EQ(over_time.circle, 50);
+  EXPECT_DOUBLE_EQ(over_time.cross_across, 40);
+  EXPECT_DOUBLE_EQ(over_time.cross_down, 80);
+  EXPECT_DOUBLE_EQ(MarkersOn(10000, 10000, GraphKind::ViscoTemp).circle, 50);
+}
+
+TEST(ReportCurves, NothingIsDrawnBeyondThePlotButTheEdgesOfMarkers) {
+  Dice dice(5);
+  for (int i = 0; i < 300; ++i) {
+    Drawn drawn;
+    drawn.ranges = graph::RandomRanges(dice);
+    drawn.settings.kind = std::array{GraphKind::ViscoTime, GraphKind::ViscoTempTime,
+                                     GraphKind::ViscoTemp}[static_cast<std::size_t>(i % 3)];
+    drawn.settings.visco_axis = dice.Once(3) ? graph::ViscoAxis::Log : graph::ViscoAxis::Linear;
+    drawn.settings.MarkerEvery = dice.Int(0, 4);
+    drawn.Draw(graph::RandomReadings(dice));
+    for (const Call& call : drawn.calls) {
+      for (const Point& point : {call.line.from, call.kind == Kind::kLine ? call.line.to : call.line.from}) {
+        EXPECT_TRUE(point.x >= 0 && point.x <= kPlot.width && point.y >= 0 && point.y <= kPlot.height)
+            << testing::PrintToString(call);
+      }
+    }
+  }
+}
+
+TEST(ReportCurves, ALineIntoTheDistanceEndsAtTheEdge) {
+  Drawn drawn;
+  drawn.Draw({{1, 0, 50, 0}, {1, 90, 150, 0}, {1, 180, 50, 0}});
+  EXPECT_THAT(drawn.Lines(), ElementsAre(platform::Segment{{0, 5195}, {1860, 0}},
+                                         platform::Segment{{5580, 0}, {7440, 5195}}));
+}
+
+TEST(ReportCurves, OnRangesThatSpanNothingThereIsNoCurve) {
+  const std::vector<TestReading> readings = {{1, 0, 10, 20}, {1, 90, 60, 40}};
+  const auto lines = [&](GraphKind kind, const std::function<void(Drawn&)>& change) {
+    Drawn drawn;
+    drawn.settings.kind = kind;
+    change(drawn);
+    drawn.Draw(readings);
+    return drawn.calls.size();
+  };
+  EXPECT_EQ(lines(GraphKind::ViscoTime, [](Drawn& drawn) { drawn.ranges.TimeMax = 0; }), 0U);
+  EXPECT_EQ(lines(GraphKind::ViscoTime, [](Drawn& drawn) { drawn.ranges.ViscoMax = 0; }), 0U);
+  EXPECT_EQ(lines(GraphKind::ViscoTime, [](Drawn& drawn) { drawn.ranges.ViscoMax = -5; }), 0U);
+  EXPECT_EQ(lines(GraphKind::ViscoTemp, [](Drawn& drawn) { drawn.ranges.TempMax = 0; }), 0U);
+  EXPECT_EQ(lines(GraphKind::ViscoTempTime, [](Drawn& drawn) { drawn.ranges.TempMax = 0; }), 2U);
+  EXPECT_EQ(lines(GraphKind::ViscoTime,
+                  [](Drawn& drawn) {
+                    drawn.settings.visco_axis = graph::ViscoAxis::Log;
+                    drawn.ranges.ViscoLogMax = 0;
+                  }),
+            0U);
+}
+
+TEST(ReportCurves, OnTheLogarithmicAxisWhatIsNotPositiveStandsAtDecadeZero) {
+  Drawn drawn;
+  drawn.settings.visco_axis = graph::ViscoAxis::Log;
+  drawn.ranges.ViscoLogMin = -1;
+  drawn.ranges.ViscoLogMax = 1;
+  drawn.Draw({{1, 0, 1, 0}, {1, 60, -5, 0}, {1, 120, 0, 0}, {1, 180, 10, 0}});
+  EXPECT_THAT(drawn.Lines(), ElementsAre(platform::Segment{{0, 5195}, {4960, 5195}},
+                                         platform::Segment{{4960, 5195}, {7440, 0}}));
+}
+
+TEST(ReportCurves, AMillionReadingsBecomeSomeThousandLines) {
+  Dice dice(11);
+  data::MeasurementTable table;
+  constexpr int kReadings = 1'000'000;
+  for (int i = 0; i < kReadings; ++i) {
+    const std::string cells[] = {"1", std::to_string(180.0 * i / kReadings),
+                                 std::to_string(dice.Int(0, 9999) / 100.0),
+                                 std::to_string(dice.Int(0, 9999) / 100.0)};
+    table.AppendRow(std::vector<std::string_view>(std::begin(cells), std::end(cells)));
+  }
+  graph::ValueArrays values;
+  graph::CopyAll(values, table);
+  Drawn drawn;
+  drawn.settings.MarkerEvery = 4;
+  drawn.Draw(values);
+  EXPECT_LE(drawn.Count(Kind::kLine), 2U * 7441);
+  EXPECT_LE(drawn.Count(Kind::kCircle), 20'000U);
+  drawn.settings.kind = GraphKind::ViscoTemp;
+  drawn.settings.MarkerEvery = 0;
+  drawn.Draw(values);
+  EXPECT_LE(drawn.Count(Kind::kLine), 60'000U);
+}
+
+TEST(ReportCurves, RunsThatLieUnderOthersCostNothing) {
+  Dice dice(12);
+  std::vector<TestReading> readings;
+  for (int run = 1; run <= 500; ++run) {
+    for (int i = 0; i < 200; ++i) readings.push_back({run, 0.9 * i, dice.Real(40, 45), dice.Real(20, 25)});
+  }
+  Drawn drawn;
+  drawn.Draw(readings);
+  EXPECT_LE(drawn.Count(Kind::kLine), 15'000U);
+  // The newest is whole, and on top.
+  const auto lines = drawn.Of(Kind::kLine);
+  EXPECT_GE(std::ranges::count_if(lines, [](const Call& call) { return call.pen.color == Series(0); }), 150);
+  EXPECT_EQ(lines.back().pen.color, Series(0));
+}
+
+TEST(ReportCurves, LinesAreHandedOverInBatches) {
+  std::vector<TestReading> readings;
+  for (int i = 0; i < 3000; ++i) readings.push_back({1, 0.06 * i, i % 2 * 80.0, 20});
+  RecordingSurface surface(9921, 14031, 12.5);
+  DrawCurves(surface, kPlot, graph::ValuesOf(readings), {}, {});
+  EXPECT_GT(surface.Calls(Kind::kLine).size(), 2000U);
+  EXPECT_LE(surface.LineBatches(), 2);
+}
+
+TEST(ReportCurves, WithoutReadingsOrRoomNothingIsDrawn) {
+  RecordingSurface surface(9921, 14031, 12.5);
+  DrawCurves(surface, kPlot, graph::ValueArrays(), {}, {});
+  const graph::ValueArrays values = graph::ValuesOf({{1, 0, 10, 20}, {1, 90, 60, 40}});
+  DrawCurves(surface, {0, 0, 0, 50}, values, {}, {});
+  EXPECT_TRUE(surface.Calls().empty());
+}
+
+}  // namespace
+}  // namespace quenlor::reports
