@@ -184,7 +184,7 @@ graph::PlotSettings GraphPane::Settings() const {
 }
 
 void GraphPane::LayoutLabels() {
-  if (held_) return;
+  if (held_ || !isVisible()) return;
   plot_.Set(Settings(), document_.Ranges());
   const graph::Captions texts = graph::CaptionsOf(document_, graph_);
   FillCaptions(texts);
@@ -254,22 +254,19 @@ void GraphPane::Place(Caption* caption, const graph::PlacedLabel& placed) {
   caption->setAlignment(AlignmentOf(placed.side));
 }
 
+void GraphPane::showEvent(QShowEvent* /*event*/) { LayoutLabels(); }
+
 void GraphPane::resizeEvent(QResizeEvent* /*event*/) { LayoutLabels(); }
 
 void GraphPane::paintEvent(QPaintEvent* /*event*/) {
   const QSize drawn = held_ ? held_size_ : size();
-  QImage image(drawn * devicePixelRatioF(), QImage::Format_RGB32);
-  if (!image.isNull()) {
-    QPainter painter(&image);
-    platform::qt::QtDrawingSurface surface(painter, image.size(), devicePixelRatioF());
-    plot_.DrawPicture1(surface, surface.Whole(),
-                       graph::PlotLayout(static_cast<float>(drawn.width() * kTwipsPerPixel),
-                                         static_cast<float>(drawn.height() * kTwipsPerPixel)));
-  }
-  image.setDevicePixelRatio(devicePixelRatioF());
   QPainter painter(this);
   painter.fillRect(rect(), ToQColor(colors_.BackColor()));
-  painter.drawImage(0, 0, image);
+  painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
+  platform::qt::QtDrawingSurface surface(painter, drawn * devicePixelRatioF(), devicePixelRatioF());
+  plot_.DrawPicture1(surface, surface.Whole(),
+                     graph::PlotLayout(static_cast<float>(drawn.width() * kTwipsPerPixel),
+                                       static_cast<float>(drawn.height() * kTwipsPerPixel)));
 }
 
 }  // namespace quenlor::app

@@ -45,7 +45,7 @@ class GraphPane : public QWidget {
 
   void Fig();            // everything is drawn at the next paint
   void ShowReadings();   // what has come is drawn at the next paint
-  void LayoutLabels();   // texts, colours and places of the captions
+  void LayoutLabels();   // texts, colours and places of the captions, as soon as they can be seen
   void Hold(bool hold);  // while held, what is shown stays as it is
 
   // How the graph looks, as options and colours have it.
@@ -57,6 +57,7 @@ class GraphPane : public QWidget {
   void Label10_DblClick(int Index);
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 

@@ -27,6 +27,9 @@ namespace setting = data::setting;
 constexpr int kRefreshMilliseconds = 50;
 constexpr int kRefreshShare = 8;
 
+// Looking for devices takes as long as half of the program's start; the window is shown first.
+constexpr int kDevicesMilliseconds = 200;
+
 QString Text(const std::string& text) { return QString::fromStdString(text); }
 
 }  // namespace
@@ -107,7 +110,7 @@ void MainWindow::Form_Load() {
   for (int port = 1; port <= link::PortCount(settings_.List()); ++port)
     menus_.Port.Add(QString::number(port));
   ShowSettings();
-  ShowDevices();
+  QTimer::singleShot(kDevicesMilliseconds, this, &MainWindow::ShowDevices);
   commands_.New();
 }
 

@@ -9,6 +9,7 @@ constexpr std::size_t kSensibleSize = std::size_t{1} << 20;
 }  // namespace
 
 void PortsFile::LookForDevices() {
+  looked_ = true;
   // Two programs that see a new device at once must not give its number twice; the later one finds it in the
   // file.
   const auto lock = files_.Lock(path_ + ".lock");

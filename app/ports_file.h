@@ -23,13 +23,18 @@ class PortsFile {
   // keeps that in the file.
   void LookForDevices();
 
-  std::string Device(int port) const { return directory_.Device(port); }
+  // Looks for devices first where nobody has yet.
+  std::string Device(int port) {
+    if (!looked_) LookForDevices();
+    return directory_.Device(port);
+  }
 
  private:
   platform::FileSystem& files_;
   platform::SerialDevices& devices_;
   std::string path_;
   link::PortDirectory directory_;
+  bool looked_ = false;
 };
 
 }  // namespace quenlor::app

@@ -700,8 +700,10 @@ TEST_F(MainWindowTest, PortMenuNamesTheDeviceBehindEachNumber) {
 TEST_F(MainWindowTest, ADeviceBeyondThePortMenuIsToldOf) {
   devices[17] = "/dev/serial/by-id/usb-seventeenth";
   Open();
-  EXPECT_THAT(Find<QLabel>("Status")->text().toStdString(),
-              HasSubstr("Port 17 (/dev/serial/by-id/usb-seventeenth)"));
+  EXPECT_TRUE(WaitFor([&] {
+    return Find<QLabel>("Status")->text().contains(
+        QStringLiteral("Port 17 (/dev/serial/by-id/usb-seventeenth)"));
+  }));
 }
 
 TEST_F(MainWindowTest, EveryControlTellsItsName) {

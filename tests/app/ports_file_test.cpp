@@ -32,6 +32,14 @@ TEST(PortsFile, GivesNewDevicesTheLowestFreeNumbersAndKeepsThem) {
   EXPECT_EQ(ports.file.Device(3), "/dev/c");
 }
 
+TEST(PortsFile, WhoeverAsksBeforeAnybodyHasLookedIsToldWhatThereIs) {
+  Ports ports;
+  ports.devices.Plug({"/dev/a"});
+  EXPECT_EQ(ports.file.Device(1), "/dev/a");
+  ports.devices.Plug({"/dev/a", "/dev/b"});
+  EXPECT_EQ(ports.file.Device(2), "") << "one look is enough until somebody asks for another";
+}
+
 TEST(PortsFile, TheCommandLineWins) {
   Ports ports;
   ports.files.Put("/lab/Ports.txt", "7=/dev/b\r\n");
