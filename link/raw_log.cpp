@@ -37,10 +37,9 @@ std::string RawLog::Path(int port_number) const {
   return folder_ + "/Com_" + std::to_string(port_number) + ".txt";
 }
 
-std::string RawLog::Line(Row row) const {
-  std::string line;
-  document_.Grid1().AppendLine(row, document_.FieldSeparator(), line);
-  return line += "\r\n";
+void RawLog::AddLine(Row row, std::string& lines) const {
+  document_.Grid1().AppendLine(row, document_.FieldSeparator(), lines);
+  lines += "\r\n";
 }
 
 platform::Done RawLog::RewriteRawLog(int port_number) {
@@ -55,15 +54,23 @@ platform::Done RawLog::RewriteRawLog(int port_number) {
       if (auto failed = SetAside(path, port_number)) return failed;
     }
   }
-  auto failed = files_.Replace(path, [this](platform::ByteSink& sink) {
-    for (Row row = 0; row < document_.Grid1().EntryRow(); ++row) sink.Write(Line(row));
-  });
-  if (failed) return failed;
+  if (auto failed = WriteTable(path)) return failed;
   path_ = path;
   lock_ = std::move(lock);
   separator_on_disk_ = document_.FieldSeparator();
   missing_from_.reset();
   return {};
+}
+
+platform::Done RawLog::WriteTable(const std::string& path) {
+  return files_.Replace(path, [this](platform::ByteSink& sink) {
+    std::string line;
+    for (Row row = 0; row < document_.Grid1().EntryRow(); ++row) {
+      line.clear();
+      AddLine(row, line);
+      sink.Write(line);
+    }
+  });
 }
 
 // Both hold their readings in the order of arrival, so one walk through the table finds every line or misses
@@ -112,13 +119,11 @@ void RawLog::AppendRawLog(Row row) {
 void RawLog::AppendRows(Row first, Row last) {
   const char separator = document_.FieldSeparator();
   std::string lines;
-  if (!files_.Exists(path_)) {
-    first = 0;  // somebody has removed it: it begins anew, with everything
-  } else if (separator != separator_on_disk_) {
-    lines += Line(0);
-  }
-  for (Row row = first; row <= last; ++row) lines += Line(row);
-  const auto failed = files_.Append(path_, lines);
+  if (separator != separator_on_disk_) AddLine(0, lines);
+  for (Row row = first; row <= last; ++row) AddLine(row, lines);
+  auto failed = files_.Append(path_, lines);
+  // Somebody has removed it: it begins anew, with everything.
+  if (failed && !files_.Exists(path_)) failed = WriteTable(path_);
   if (failed) {
     last_attempt_ = clock_.Now().seconds;
     if (!missing_from_) report_error_("Raw Log Not Written: " + failed->text);

@@ -45,9 +45,10 @@ class RawLog : private data::DocumentListener {
   void DocumentReplaced() override { missing_from_.reset(); }
 
   bool HoldsMoreThanTheTable(std::string_view bytes) const;
+  platform::Done WriteTable(const std::string& path);
   platform::Done SetAside(const std::string& path, int port_number);
   void AppendRows(Row first, Row last);
-  std::string Line(Row row) const;
+  void AddLine(Row row, std::string& lines) const;
 
   platform::FileSystem& files_;
   platform::Clock& clock_;

@@ -40,7 +40,7 @@ class FileSystem {
   // place, and so is what is no file: a pipe, a device.
   virtual Done Replace(const std::string& path, const std::function<void(ByteSink&)>& write) = 0;
 
-  // Opens, appends, closes. Either all bytes arrive or, on failure, none stay. Creates a missing file.
+  // Opens, appends, closes. Either all bytes arrive or, on failure, none stay. To a missing file it fails.
   virtual Done Append(const std::string& path, std::string_view bytes) = 0;
 
   virtual Done Sync(const std::string& path) = 0;  // to the device

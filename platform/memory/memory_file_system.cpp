@@ -87,11 +87,12 @@ Done MemoryFileSystem::Replace(const std::string& path, const std::function<void
 Done MemoryFileSystem::Append(const std::string& path, std::string_view bytes) {
   ++calls_.appends;
   if (const auto reason = WhyNotChanged(path)) return Failed("append to " + path, *reason);
+  const auto file = files_.find(path);
+  if (file == files_.end()) return Failed("append to " + path, kMissing);
   if (room_ && bytes.size() > *room_) return Failed("append to " + path, kFull);
   if (room_) *room_ -= bytes.size();
-  File& file = files_[path];
-  file.bytes.append(bytes);
-  file.modified_at = Now();
+  file->second.bytes.append(bytes);
+  file->second.modified_at = Now();
   return {};
 }
 

@@ -56,7 +56,7 @@ std::size_t WriteAll(int file, std::string_view bytes) {
 bool IsThere(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
 
 Reason AppendBytes(const std::string& path, std::string_view bytes) {
-  const int file = Open(path, O_WRONLY | O_APPEND | O_CREAT);
+  const int file = Open(path, O_WRONLY | O_APPEND);
   if (file < 0) return Text(errno);
   Reason reason;
   const std::size_t written = WriteAll(file, bytes);
@@ -130,7 +130,8 @@ bool IsThere(const std::string& path) { return QFile::exists(QString::fromStdStr
 
 Reason AppendBytes(const std::string& path, std::string_view bytes) {
   QFile file(QString::fromStdString(path));
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::ExistingOnly |
+                 QIODevice::Unbuffered)) {
     return file.errorString().toStdString();
   }
   const qint64 before = file.size();

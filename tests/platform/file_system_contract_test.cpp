@@ -133,17 +133,20 @@ TYPED_TEST(FileSystemContract, AMissingFileIsToldByName) {
   ASSERT_FALSE(time.ok());
   EXPECT_EQ(time.failure().text, "cannot read " + path + ": No such file or directory");
   EXPECT_EQ(Told(this->files().Sync(path)), "cannot sync " + path + ": No such file or directory");
+  EXPECT_EQ(Told(this->files().Append(path, "x")),
+            "cannot append to " + path + ": No such file or directory");
   EXPECT_FALSE(this->files().Exists(path)) << "asking makes none";
 }
 
-TYPED_TEST(FileSystemContract, AppendingMakesAFileAndAddsAtItsEnd) {
-  EXPECT_EQ(Told(this->files().Append(this->Path("log"), "one\r\n")), "done");
+TYPED_TEST(FileSystemContract, AppendingAddsAtTheEnd) {
+  ASSERT_EQ(Told(this->files().Replace(this->Path("log"), "one\r\n")), "done");
   EXPECT_EQ(Told(this->files().Append(this->Path("log"), "")), "done");
   EXPECT_EQ(Told(this->files().Append(this->Path("log"), std::string("\0two", 4))), "done");
   EXPECT_EQ(this->Content("log"), std::string("one\r\n\0two", 9));
 }
 
 TYPED_TEST(FileSystemContract, AppendingFollowsAReplacement) {
+  ASSERT_EQ(Told(this->files().Replace(this->Path("log"), "older")), "done");
   ASSERT_EQ(Told(this->files().Append(this->Path("log"), "old")), "done");
   ASSERT_EQ(Told(this->files().Replace(this->Path("log"), "new ")), "done");
   ASSERT_EQ(Told(this->files().Append(this->Path("log"), "line")), "done");
@@ -151,7 +154,7 @@ TYPED_TEST(FileSystemContract, AppendingFollowsAReplacement) {
 }
 
 TYPED_TEST(FileSystemContract, OfAnAppendThatDoesNotFitNothingStays) {
-  ASSERT_EQ(Told(this->files().Append(this->Path("log"), "kept\r\n")), "done");
+  ASSERT_EQ(Told(this->files().Replace(this->Path("log"), "kept\r\n")), "done");
   this->disk.LimitFilesTo(4096);
   const Done too_long = this->files().Append(this->Path("log"), std::string(5000, 'x'));
   const Done fits = this->files().Append(this->Path("log"), "this too\r\n");
@@ -162,7 +165,7 @@ TYPED_TEST(FileSystemContract, OfAnAppendThatDoesNotFitNothingStays) {
 }
 
 TYPED_TEST(FileSystemContract, SyncingChangesNothing) {
-  ASSERT_EQ(Told(this->files().Append(this->Path("log"), "line")), "done");
+  ASSERT_EQ(Told(this->files().Replace(this->Path("log"), "line")), "done");
   EXPECT_EQ(Told(this->files().Sync(this->Path("log"))), "done");
   EXPECT_EQ(this->Content("log"), "line");
 }

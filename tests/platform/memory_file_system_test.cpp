@@ -13,6 +13,7 @@ namespace {
 
 TEST(MemoryFileSystem, TheDiskTakesExactlyTheBytesThatAreLeft) {
   memory::MemoryFileSystem files;
+  files.Put("log", "");
   files.FailAfter(10);
   EXPECT_EQ(Told(files.Append("log", "12345678")), "done");
   EXPECT_EQ(Told(files.Append("log", "abc")), "cannot append to log: No space left on device");
@@ -82,6 +83,7 @@ TEST(MemoryFileSystem, FilesAreDatedByTheClock) {
 
 TEST(MemoryFileSystem, CountsWhatItIsAskedFor) {
   memory::MemoryFileSystem files;
+  files.Put("a", "");
   files.Append("a", "x");
   files.Append("a", "x");
   files.Append("a", "x");
