@@ -22,9 +22,10 @@ sys_seconds Showable(std::int64_t local_second) {
   return std::clamp(sys_seconds{seconds{local_second}}, kFirst, kLast);
 }
 
-void AppendPadded(std::string& text, std::int64_t number, int places) {
-  const std::string digits = std::to_string(number);
-  text.append(static_cast<std::size_t>(places) - digits.size(), '0').append(digits);
+// The digits of a number that has no more than so many.
+void AppendPadded(std::string& text, std::int64_t number, std::size_t places) {
+  text.append(places, '0');
+  for (auto place = text.rbegin(); number > 0; number /= 10) *place++ = static_cast<char>('0' + number % 10);
 }
 
 }  // namespace

@@ -50,8 +50,10 @@ bool Document::AppendReading(std::span<const std::string_view> fields, const Mom
   runs_.SetTextMatrix(RunCount_, 4, time_of_day);
 
   const std::string run = std::to_string(RunCount_);
-  std::vector<std::string_view> cells{run, time};
-  cells.insert(cells.end(), fields.begin(), fields.end());
+  std::vector<std::string_view> cells(2 + fields.size());
+  cells[0] = run;
+  cells[1] = time;
+  std::ranges::copy(fields, cells.begin() + 2);
   for (const std::string_view field : fields) NoteCommas(field);
   const int cols = table_.Cols();
   table_.AppendRow(cells);

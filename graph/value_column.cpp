@@ -17,7 +17,7 @@ void ValueColumn::Reserve(Index size) {
 
 // Each block that is full now is summed up from the blocks one level below.
 void ValueColumn::SumUp() {
-  for (int level = 0; level < kLevels && Size() % BlockSize(level) == 0; ++level) {
+  for (int level = 0; level < kLevels && IsAtBlock(level, Size()); ++level) {
     Extremes block;
     for (Index part = Size() - BlockSize(level); part < Size(); part += BlockSize(level - 1)) {
       block.Add(level == 0 ? Of(part) : Summary(level - 1, part));
@@ -34,11 +34,6 @@ ValueColumn::Extremes ValueColumn::ExtremesOf(Index begin, Index end) const {
     begin += BlockSize(level);
   }
   return all;
-}
-
-ValueColumn::Extremes ValueColumn::Of(Index index) const {
-  const double value = (*this)[index];
-  return {value, value, value > 0 ? value : std::numeric_limits<double>::infinity()};
 }
 
 }  // namespace quenlor::graph

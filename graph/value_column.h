@@ -23,7 +23,8 @@ class ValueColumn {
  public:
   static constexpr int kLevels = 4;
   // The largest blocks have the last level; level -1 are the numbers themselves.
-  static constexpr Index BlockSize(int level) { return level < 0 ? 1 : Index{32} << (3 * level); }
+  static constexpr Index BlockSize(int level) { return Index{1} << BlockBits(level); }
+  static constexpr bool IsAtBlock(int level, Index index) { return (index & (BlockSize(level) - 1)) == 0; }
 
   struct Extremes {
     double min = std::numeric_limits<double>::infinity();
@@ -44,7 +45,7 @@ class ValueColumn {
   void Reserve(Index size);
   void Append(double value) {  // infinities become the largest number of their sign, NaN becomes 0
     values_.push_back(std::isfinite(value) ? value : Bounded(value));
-    if (Size() % BlockSize(0) == 0) SumUp();
+    if (IsAtBlock(0, Size())) SumUp();
   }
 
   // Of the readings from `begin` up to, not including, `end`.
@@ -64,16 +65,19 @@ class ValueColumn {
   }
 
  private:
+  static constexpr int BlockBits(int level) { return level < 0 ? 0 : 5 + 3 * level; }
   void SumUp();
-  Extremes Of(Index index) const;
+  Extremes Of(Index index) const {
+    const double value = (*this)[index];
+    return {value, value, value > 0 ? value : std::numeric_limits<double>::infinity()};
+  }
   const Extremes& Summary(int level, Index begin) const {
-    return summaries_[static_cast<std::size_t>(level)][static_cast<std::size_t>(begin / BlockSize(level))];
+    return summaries_[static_cast<std::size_t>(level)][static_cast<std::size_t>(begin >> BlockBits(level))];
   }
   // The level of the largest block that begins at `begin` and ends no later than `end`.
   static int LargestBlock(Index begin, Index end) {
     int level = -1;
-    while (level + 1 < kLevels && begin % BlockSize(level + 1) == 0 && begin + BlockSize(level + 1) <= end)
-      ++level;
+    while (level + 1 < kLevels && IsAtBlock(level + 1, begin) && begin + BlockSize(level + 1) <= end) ++level;
     return level;
   }
 
@@ -87,8 +91,7 @@ template <class Visit>
 void VisitBackwards(Index begin, Index end, int level, const Visit& visit) {
   while (end > begin) {
     int here = level;
-    while (here >= 0 &&
-           (end % ValueColumn::BlockSize(here) != 0 || end - ValueColumn::BlockSize(here) < begin)) {
+    while (here >= 0 && (!ValueColumn::IsAtBlock(here, end) || end - ValueColumn::BlockSize(here) < begin)) {
       --here;
     }
     const Index block = end - ValueColumn::BlockSize(here);
