@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "data/utf8.h"
 #include "reports/map_to_position.h"
 #include "reports/page_text.h"
 
@@ -50,7 +51,11 @@ class Placing {
  private:
   double X(double units) const { return units * grid_.UnitX(); }
   double Y(double units) const { return units * grid_.UnitY(); }
-  double Width(std::string_view text, double height) const { return measure_(text, height); }
+  double Width(std::string_view text, double height) const {
+    // No line of a page has so many bytes; whoever asks about a longer text learns that it is too wide.
+    constexpr std::size_t kMostBytes = 2000;
+    return measure_(data::Utf8Prefix(text, kMostBytes), height);
+  }
   double Smallest() const { return kSmallest * text_height_; }
 
   void CopyTexts() {

@@ -2,11 +2,9 @@
 #include "reports/report_curves.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 #include <optional>
-#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -178,7 +176,7 @@ class CurveReader {
       const Index from = std::max(begin, to - kReadingsAtOnce);
       lines_.clear();
       places_.LinesOf(quantity, from, to, from > begin, lines_);
-      for (const DotLine& line : std::views::reverse(lines_)) chooser_.AddLine(line, color);
+      for (std::size_t i = lines_.size(); i-- > 0;) chooser_.AddLine(lines_[i], color);
       to = from;
     }
     const Index step = graph::MarkerStep(settings_.MarkerEvery);

@@ -6,7 +6,6 @@
 #include <QFontMetricsF>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLocale>
 #include <QPointer>
 #include <QScreen>
 #include <QScrollBar>
@@ -41,8 +40,6 @@ struct StatisticsWindow::Content {
 
   StatisticsSheet Sheet() const { return {file_name, date, table}; }
 };
-
-char DecimalPointOf(const QLocale& locale) { return locale.decimalPoint() == u"," ? ',' : '.'; }
 
 StatisticsWindow::StatisticsWindow(platform::Printer& printer, platform::Clipboard& clipboard,
                                    QWidget* parent)

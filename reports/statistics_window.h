@@ -11,14 +11,9 @@
 #include "platform/printer.h"
 #include "reports/statistics_page.h"
 
-class QLocale;
-
 namespace quenlor::reports {
 
 class StatisticsModel;
-
-// The decimal point that the summary rows are shown with: "," where the locale writes it, else ".".
-char DecimalPointOf(const QLocale& locale);
 
 // "Statistics": the table of the last readings and their statistics, to be looked at, printed and copied.
 //

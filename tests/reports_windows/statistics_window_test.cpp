@@ -6,7 +6,6 @@
 #include <QElapsedTimer>
 #include <QFontMetricsF>
 #include <QHeaderView>
-#include <QLocale>
 #include <QPointer>
 #include <QTest>
 #include <functional>
@@ -337,12 +336,6 @@ TEST_F(StatisticsWindowTest, BeforeItIsToldAnythingThereIsAnEmptyTable) {
   Button("Copy").click();
 
   EXPECT_THAT(*clipboard.Text(), testing::HasSubstr("\tMaximum\t\r\n"));
-}
-
-TEST(StatisticsDecimalPoint, IsThatOfTheLocale) {
-  EXPECT_EQ(DecimalPointOf(QLocale(QLocale::German)), ',');
-  EXPECT_EQ(DecimalPointOf(QLocale(QLocale::English)), '.');
-  EXPECT_EQ(DecimalPointOf(QLocale::c()), '.');
 }
 
 }  // namespace
