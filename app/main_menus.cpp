@@ -91,6 +91,7 @@ MainMenus::MainMenus(QMenuBar* bar, MenuHandlers handlers)
   mNew->setShortcut(QKeySequence::New);
   mOpen->setShortcut(QKeySequence::Open);
   mSave->setShortcut(QKeySequence::Save);
+  mPrint->setShortcut(QKeySequence::Print);
   mEnd->setShortcut(QKeySequence::Quit);
 
   AddItems(BPS, link::BPS);

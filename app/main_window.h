@@ -157,8 +157,8 @@ class MainWindow : public QMainWindow,
   void AutoScalingOn() override;
   void ClearReceivedData() override;
   // reports::PrintWindows
-  void HideMainWindow() override { hide(); }
-  void ShowMainWindow() override { show(); }
+  void HideMainWindow() override;
+  void ShowMainWindow() override;
   void ShowForm3(const platform::PageSize& page) override;
   void HideForm3() override;
   const reports::PageRecord& Draw() override;
@@ -183,6 +183,7 @@ class MainWindow : public QMainWindow,
   bool fig_waits_ = false;     // the graph is to be drawn anew
   bool busy_ = false;          // a command runs
   bool had_focus_ = false;     // the button, before Stop's wait took it away
+  QPoint place_;               // before the preview took this window's place
   bool close_wanted_ = false;  // the window was closed meanwhile; it closes when the command is over
 
   QPushButton* Command1 = nullptr;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <QWindow>
+
 #include "app/main_window.h"
-#include "data/text_number.h"
 #include "graph/captions.h"
 #include "reports/report_page.h"
 
@@ -29,6 +30,18 @@ void MainWindow::mStatistics_Click() {
 
 QWidget* MainWindow::FrontWindow() {
   return Form3 && Form3->isVisible() ? Form3.get() : static_cast<QWidget*>(this);
+}
+
+void MainWindow::HideMainWindow() {
+  place_ = pos();
+  hide();
+}
+
+// The desktop may place a window anew that is shown again, unless it asks for the place that it had.
+void MainWindow::ShowMainWindow() {
+  if (windowHandle() != nullptr && !isMaximized() && !isFullScreen())
+    windowHandle()->setFramePosition(place_);
+  show();
 }
 
 void MainWindow::ShowForm3(const platform::PageSize& page) {

@@ -39,6 +39,9 @@ bool QtPrinter::Choose() {
   const QPointer<QPrintDialog> dialog(new QPrintDialog(&Chosen(), parent_()));
   dialog->setObjectName(QStringLiteral("CommonDialog1"));
   dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+  // A report is not printed by page numbers; the dialog shows them for printers that could.
+  if (auto* ranges = dialog->findChild<QWidget*>(QStringLiteral("gbPrintRange")))
+    ranges->setMaximumSize(0, 0);
   const bool accepted = dialog->exec() == QDialog::Accepted;
   delete dialog.data();  // unless its parent took it along meanwhile
   return accepted;

@@ -65,6 +65,15 @@ TEST_F(ReportWindowTest, PrintShowsThePageInPlaceOfTheMainWindowAndPrintsIt) {
   EXPECT_TRUE(dialogs.AsScripted());
 }
 
+TEST_F(ReportWindowTest, TheMainWindowComesBackWhereItWas) {
+  window->move(37, 53);
+  const QPoint place = window->pos();
+  printer.Accept();
+  dialogs.Answer(Answer::kCancel);
+  Choose("mPrint");
+  EXPECT_EQ(window->pos(), place);
+}
+
 TEST_F(ReportWindowTest, CancelAtTheQuestionPrintsNothingAndWritesNoSettings) {
   files.Remove(std::string(kFolder) + "/quenlor.ini");
   printer.Accept();

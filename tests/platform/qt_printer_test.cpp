@@ -93,6 +93,16 @@ TEST_F(QtPrinterTest, ACancelledDialogLeavesWhatWasChosenBefore) {
   EXPECT_TRUE(QFile::exists(Path()));
 }
 
+TEST_F(QtPrinterTest, TheDialogAsksForNoPageNumbers) {
+  WhenOpen([](QPrintDialog& dialog) {
+    const auto* ranges = dialog.findChild<QWidget*>(QStringLiteral("gbPrintRange"));
+    EXPECT_TRUE(ranges == nullptr || ranges->maximumSize().isEmpty());
+    EXPECT_FALSE(dialog.testOption(QAbstractPrintDialog::PrintPageRange));
+    dialog.reject();
+  });
+  printer_.Choose();
+}
+
 TEST_F(QtPrinterTest, ThereIsAtLeastOneCopyAndAPageBeforeAnythingWasChosen) {
   EXPECT_GE(printer_.Copies(), 1);
   EXPECT_GT(printer_.Page().width, 5000);
