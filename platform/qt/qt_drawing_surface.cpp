@@ -196,6 +196,8 @@ QFont QtDrawingSurface::FontOf(double height) const {
   constexpr double kLargest = 1e4;
   QFont font = painter_.font();
   font.setPixelSize(AtLeastOne(std::min(viewport_.Down(height), kLargest)));
+  // Ligatures would be found as single characters by whoever searches a PDF for words.
+  font.setStyleStrategy(QFont::PreferNoShaping);
   return font;
 }
 
