@@ -16,6 +16,8 @@ namespace quenlor::platform::qt {
 namespace {
 
 constexpr double kPointsPerPixel = 72.0 / 96.0;
+// Compression of middling effort: on graphs, two thirds of the usual one's time for a twentieth more bytes.
+constexpr int kPngQuality = 50;
 constexpr double kMarginMillimetres = 10;
 // Lines of an SVG stand on whole parts of a pixel this fine.
 constexpr int kSvgPartsPerPixel = 10;
@@ -70,7 +72,7 @@ std::string PngOf(QSize pixels, const DrawPicture& draw) {
   }
   QBuffer buffer;
   buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, "PNG");
+  image.save(&buffer, "PNG", kPngQuality);
   return buffer.data().toStdString();
 }
 
