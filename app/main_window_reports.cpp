@@ -33,14 +33,13 @@ QWidget* MainWindow::FrontWindow() {
 }
 
 void MainWindow::HideMainWindow() {
-  place_ = pos();
+  place_ = geometry().topLeft();
   hide();
 }
 
 // The desktop may place a window anew that is shown again, unless it asks for the place that it had.
 void MainWindow::ShowMainWindow() {
-  if (windowHandle() != nullptr && !isMaximized() && !isFullScreen())
-    windowHandle()->setFramePosition(place_);
+  if (windowHandle() != nullptr && !isMaximized() && !isFullScreen()) windowHandle()->setPosition(place_);
   show();
 }
 

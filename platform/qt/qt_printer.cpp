@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QPrintDialog>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/page_painter.h"
 
@@ -73,9 +74,20 @@ Done QtPrinter::Print(const std::string& title, int pages,
     if (painter.isActive()) printed = painter.end() && printed;
   }
   printed = printed && printer.printerState() != QPrinter::Error;
-  printer.setCopyCount(copies);
+  if (!printed) BeginAnew();
+  Chosen().setCopyCount(copies);
   if (!printed) return Failure{"cannot print " + title};
   return std::nullopt;
+}
+
+// After a failure the old one stays busy for ever, and nothing about it can be changed any more.
+void QtPrinter::BeginAnew() {
+  const std::unique_ptr<QPrinter> old = std::exchange(printer_, nullptr);
+  QPrinter& printer = Chosen();
+  printer.setPrinterName(old->printerName());
+  printer.setOutputFormat(old->outputFormat());
+  printer.setOutputFileName(old->outputFileName());
+  printer.setPageLayout(old->pageLayout());
 }
 
 }  // namespace quenlor::platform::qt

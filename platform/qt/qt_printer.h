@@ -24,6 +24,7 @@ class QtPrinter final : public Printer {
 
  private:
   QPrinter& Chosen() const;
+  void BeginAnew();
 
   std::function<QWidget*()> parent_;
   mutable std::unique_ptr<QPrinter> printer_;

@@ -119,6 +119,23 @@ TEST_F(QtPrinterTest, AFileThatCannotBeMadeIsAFailure) {
   EXPECT_TRUE(printer_.Print("report", 1, DrawLine));
 }
 
+TEST_F(QtPrinterTest, PrintingGoesOnAfterAFailure) {
+  ChooseFile(2);
+  const PageSize page = printer_.Page();
+  WhenOpen([](QPrintDialog& dialog) {
+    dialog.printer()->setOutputFileName(QStringLiteral("/proc/nowhere/out.pdf"));
+    dialog.done(QDialog::Accepted);
+  });
+  EXPECT_TRUE(printer_.Choose());
+  EXPECT_TRUE(printer_.Print("report", 1, DrawLine));
+  EXPECT_EQ(printer_.Copies(), 2);
+  EXPECT_EQ(printer_.Page(), page);
+  ChooseFile(3);
+  EXPECT_EQ(printer_.Copies(), 3);
+  EXPECT_FALSE(printer_.Print("report", 1, DrawLine));
+  EXPECT_TRUE(QFile::exists(Path()));
+}
+
 TEST_F(QtPrinterTest, ADialogWhoseWindowGoesAwayIsACancelledOne) {
   auto parent = std::make_unique<QWidget>();
   QtPrinter printer([&] { return parent.get(); });
