@@ -83,25 +83,25 @@ std::string_view MeasurementTable::TextMatrix(Row row, int col) const {
   return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-void MeasurementTable::Cells(Row row, std::span<std::string_view> cells) const {
-  std::ranges::fill(cells, std::string_view());
+std::span<const std::string_view> MeasurementTable::Cells(Row row, std::span<std::string_view> room) const {
   const std::string_view block = BlockFrom(row);
   const char* begin = block.data();
   const char* at = begin;
-  auto cell = cells.begin();
+  std::size_t count = 0;
   // Ends the cell; true when there is no other to be told.
   const auto end_at = [&](const char* end) {
-    *cell++ = {begin, static_cast<std::size_t>(end - begin)};
+    room[count++] = {begin, static_cast<std::size_t>(end - begin)};
     begin = end + 1;
-    return cell == cells.end() || *end == kRowEnd;
+    return count == room.size() || *end == kRowEnd;
   };
   const char* const block_end = begin + block.size();
   for (; EightBytes::kFirstIsLowest && block_end - at >= EightBytes::kSize; at += EightBytes::kSize) {
     for (std::uint64_t ends = EightBytes(at).AtLeastFE(); ends != 0; ends = EightBytes::WithoutFirst(ends)) {
-      if (end_at(at + EightBytes::First(ends))) return;
+      if (end_at(at + EightBytes::First(ends))) return room.first(count);
     }
   }
   while (!end_at(at = CellEnd(at))) ++at;
+  return room.first(count);
 }
 
 void MeasurementTable::SetTextMatrix(Row row, int col, std::string_view text) {

@@ -39,9 +39,10 @@ class MeasurementTable {
   // The view holds until the table changes.
   std::string_view TextMatrix(Row row, int col) const;
 
-  // The first cells of a reading, as many as there is room for; missing ones are empty. All of them take one
-  // walk along the row, where each TextMatrix takes one.
-  void Cells(Row row, std::span<std::string_view> cells) const;
+  // The first cells of a reading, as many as the row has and there is room for, which is for one at least.
+  // All of them take one walk along the row, where each TextMatrix takes one; cells that are missing at its
+  // end cost nothing.
+  std::span<const std::string_view> Cells(Row row, std::span<std::string_view> room) const;
 
   // Replaces one title or one cell of a reading; the entry row and cells outside the table are left alone.
   void SetTextMatrix(Row row, int col, std::string_view text);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "data/text_number.h"
 
@@ -29,17 +30,17 @@ void ValueArrays::CopyAll(const Table& table, int visco_column, int temp_column)
   ClearTime(table);
   Clear(visco_, table);
   Clear(temp_, table);
-  std::vector<std::string_view> cells(
+  std::vector<std::string_view> room(
       static_cast<std::size_t>(std::max({kTimeColumn, visco_column, temp_column})) + 1);
-  const std::string_view& number = cells[kNumberColumn];
-  const std::string_view& time = cells[kTimeColumn];
-  const std::string_view& visco = cells[static_cast<std::size_t>(visco_column)];
-  const std::string_view& temp = cells[static_cast<std::size_t>(temp_column)];
   for (Table::Row row = 1; row < table.EntryRow(); ++row) {
-    table.Cells(row, cells);
-    AddTime(row, number, time);
-    visco_.Append(data::C_Val(visco));
-    temp_.Append(data::C_Val(temp));
+    const std::span<const std::string_view> cells = table.Cells(row, room);
+    const auto cell = [cells](int column) {
+      const auto at = static_cast<std::size_t>(column);
+      return at < cells.size() ? cells[at] : std::string_view();
+    };
+    AddTime(row, cell(kNumberColumn), cell(kTimeColumn));
+    visco_.Append(data::C_Val(cell(visco_column)));
+    temp_.Append(data::C_Val(cell(temp_column)));
   }
   NoteAllTimes();
   NoteAllVisco();

@@ -21,7 +21,7 @@ class QtClock : public Clock {
   int start_offset_;
   // Asking for the offset looks at files, so it is asked once a second.
   mutable std::chrono::sys_seconds asked_at_{};
-  mutable int offset_ = 0;
+  mutable int offset_ = start_offset_;
 };
 
 }  // namespace quenlor::platform::qt

@@ -205,6 +205,14 @@ TEST(MeasurementTable, RemovingAllReadingsLeavesTheTitleRowAndTheEntryRow) {
   EXPECT_THAT(RowTexts(table, 1), ElementsAre("2", "0", "a", "b"));
 }
 
+TEST(MeasurementTable, ALookAtTheCellsOfAReadingEndsWhereTheReadingEnds) {
+  const MeasurementTable table = WithReadings(2);
+  std::vector<std::string_view> room(MeasurementTable::kMaxCols, "left alone");
+  EXPECT_THAT(table.Cells(2, room), ElementsAre("1", "1", "11", "21"));
+  EXPECT_EQ(room[4], "left alone");
+  EXPECT_THAT(table.Cells(2, std::span(room).first(3)), ElementsAre("1", "1", "11"));
+}
+
 TEST(MeasurementTable, ALineIsTheCellsJoinedByTheSeparator) {
   const MeasurementTable table = WithReadings(1);
   EXPECT_EQ(Line(table, 0), "No.,Time,Viscosity,Temp");
