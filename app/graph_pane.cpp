@@ -185,11 +185,14 @@ graph::PlotSettings GraphPane::Settings() const {
 
 void GraphPane::LayoutLabels() {
   if (held_ || !isVisible()) return;
-  plot_.Set(Settings(), document_.Ranges());
-  const graph::Captions texts = graph::CaptionsOf(document_, graph_);
-  FillCaptions(texts);
   const double twips_wide = width() * kTwipsPerPixel;
   const double twips_high = height() * kTwipsPerPixel;
+  const graph::Frame plot =
+      graph::PlotLayout(static_cast<float>(twips_wide), static_cast<float>(twips_high)).Picture2();
+  Picture2->setGeometry(Pixels(plot.left), Pixels(plot.top), Pixels(plot.width), Pixels(plot.height));
+  plot_.Set(Settings(), document_.Ranges());  // how wide the plot is decides about smooth lines
+  const graph::Captions texts = graph::CaptionsOf(document_, graph_);
+  FillCaptions(texts);
   const auto text_width = [this](std::string_view text, double text_height) {
     const QFontMetricsF font(LabelFont(this, text_height));
     return font.horizontalAdvance(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))) *
@@ -211,10 +214,6 @@ void GraphPane::LayoutLabels() {
   place(Label8, layout.Label8, 1, axis_font);
   place(Label9, layout.Label9, 1, axis_font);
   place(Label10, layout.Label10, 0, legend_font);
-
-  const graph::Frame plot =
-      graph::PlotLayout(static_cast<float>(twips_wide), static_cast<float>(twips_high)).Picture2();
-  Picture2->setGeometry(Pixels(plot.left), Pixels(plot.top), Pixels(plot.width), Pixels(plot.height));
 }
 
 void GraphPane::FillCaptions(const graph::Captions& texts) {

@@ -110,7 +110,11 @@ void MainWindow::Form_Load() {
   for (int port = 1; port <= link::PortCount(settings_.List()); ++port)
     menus_.Port.Add(QString::number(port));
   ShowSettings();
-  QTimer::singleShot(kDevicesMilliseconds, this, &MainWindow::ShowDevices);
+  QTimer::singleShot(kDevicesMilliseconds, this, [this] {
+    const std::string told = status_->text().toStdString();  // of a file that cannot be read, or of a start
+    ShowDevices();
+    if (!told.empty()) Say(told);
+  });
   commands_.New();
 }
 

@@ -126,6 +126,13 @@ TEST_F(MainWindowTest, ADeviceBeyondThePortMenuIsToldOf) {
   }));
 }
 
+TEST_F(MainWindowTest, TheFirstLookForDevicesLeavesWhatTheStartHasTold) {
+  devices[17] = "/dev/serial/by-id/usb-seventeenth";
+  Open().OpenFile("/lab/missing.csv");
+  ASSERT_TRUE(WaitFor([&] { return looks_for_devices > 0; }));
+  EXPECT_TRUE(Find<QLabel>("Status")->text().contains(QStringLiteral("missing.csv")));
+}
+
 TEST_F(MainWindowTest, EveryControlTellsItsName) {
   Open();
   for (const QWidget* widget : window->findChildren<QWidget*>()) {
