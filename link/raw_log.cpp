@@ -139,7 +139,8 @@ void RawLog::AppendRows(Row first, Row last) {
 void RawLog::Close() {
   if (path_.empty()) return;
   if (missing_from_) AppendRows(*missing_from_, document_.Grid1().EntryRow() - 1);
-  const auto failed = files_.Sync(path_);
+  // Removed since the last reading: what was in it is in the table still.
+  const auto failed = missing_from_ || files_.Exists(path_) ? files_.Sync(path_) : WriteTable(path_);
   if (failed && !missing_from_) report_error_("Raw Log Not Written: " + failed->text);
   path_.clear();
   lock_.reset();

@@ -56,7 +56,7 @@ std::size_t WriteAll(int file, std::string_view bytes) {
 bool IsThere(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
 
 Reason AppendBytes(const std::string& path, std::string_view bytes) {
-  const int file = Open(path, O_WRONLY | O_APPEND);
+  const int file = Open(path, O_WRONLY | O_APPEND | O_NONBLOCK);  // a pipe must not stop us
   if (file < 0) return Text(errno);
   Reason reason;
   const std::size_t written = WriteAll(file, bytes);

@@ -189,6 +189,16 @@ TEST_F(RawLogFailures, AFileThatDisappearsBeginsAnewWithEverything) {
   EXPECT_EQ(OnDisk(), InTable());
 }
 
+TEST_F(RawLogFailures, AFileThatDisappearsAfterTheLastReadingIsThereAgainAfterStop) {
+  bench.files.MakeRoom();
+  bench.Line("2");
+  bench.files.Remove("/lab/Com_1.txt");
+
+  bench.measurement.Stop();
+
+  EXPECT_EQ(OnDisk(), InTable());
+}
+
 TEST_F(RawLogFailures, AFolderThatIsGoneIsLikeAFullDisk) {
   bench.files.MakeRoom();
   bench.files.Refuse("/lab", "No such file or directory");

@@ -257,5 +257,12 @@ TEST_F(QtFileSystemTest, WhereNoLockFileCanBeMadeTheLockIsGranted) {
   EXPECT_TRUE(files_.Lock(Path("no folder/a.lock")));
 }
 
+TEST(QtFileSystemPipes, AppendingToAPipeThatNobodyReadsFailsAtOnce) {
+  const QTemporaryDir folder;
+  const std::string pipe = folder.filePath(QStringLiteral("pipe")).toStdString();
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_TRUE(qt::QtFileSystem().Append(pipe, "line"));
+}
+
 }  // namespace
 }  // namespace quenlor::platform
