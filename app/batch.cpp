@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/batch.h"
 
+#include <new>
 #include <optional>
+#include <stdexcept>
 #include <utility>
 
 #include "app/load_document.h"
@@ -23,6 +25,8 @@ namespace {
 
 using platform::DrawingSurface;
 
+constexpr std::string_view kStandardInput = "-";
+
 // A document opened as the window opens one, without a window: nobody looks while it changes.
 class OpenedFile : private graph::GraphView {
  public:
@@ -34,7 +38,8 @@ class OpenedFile : private graph::GraphView {
   }
 
   void Load(const std::string& path, std::string bytes) {
-    LoadDocument(path, std::move(bytes), files_, settings_.List(), document_);
+    const std::string date = path == kStandardInput ? std::string() : FileDate(files_, path);
+    LoadDocument(path, std::move(bytes), date, settings_.List(), document_);
   }
 
   const data::Document& Document() const { return document_; }
@@ -82,17 +87,31 @@ class Batch {
   bool ForEachFile(const Use& use) {
     bool all = true;
     for (const std::string& path : line_.files) {
-      auto bytes = path == "-" ? ports_.read_standard_input() : ports_.files.Read(path);
-      if (!bytes.ok()) {
-        ports_.complain(bytes.failure().text);
-        all = false;
-        continue;
-      }
-      OpenedFile file(files_, ports_, options_.kind);
-      file.Load(path, std::move(bytes.value()));
-      use(file);
+      const platform::Done failed = UseFile(path, use);
+      if (!failed) continue;
+      ports_.complain(failed->text);
+      all = false;
     }
     return all;
+  }
+
+  template <class Use>
+  platform::Done UseFile(const std::string& path, const Use& use) try {
+    auto bytes = path == kStandardInput ? ports_.read_standard_input() : ports_.files.Read(path);
+    if (!bytes.ok()) return bytes.failure();
+    OpenedFile file(files_, ports_, options_.kind);
+    file.Load(path, std::move(bytes.value()));
+    use(file);
+    return {};
+  } catch (const std::bad_alloc&) {
+    return TooLarge(path);
+  } catch (const std::length_error&) {
+    return TooLarge(path);
+  }
+
+  static platform::Failure TooLarge(const std::string& path) {
+    return {"cannot read " + (path == kStandardInput ? "standard input" : path) +
+            ": it does not fit into memory"};
   }
 
   ExitStatus Report() {

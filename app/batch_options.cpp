@@ -83,7 +83,11 @@ bool BatchOptionsReader::Knows(std::string_view option) { return Find(option) !=
 bool BatchOptionsReader::TakesValue(std::string_view option) { return Find(option)->takes_value; }
 
 std::string BatchOptionsReader::Take(const std::string& option, const std::string& value) {
-  if (option == "--report") return TakeTask(Task::kReport, value);
+  if (option == "--report") {
+    // Whoever forgets the output means the first of the data files to be read, not to be replaced.
+    if (Suffix(value) != "pdf") return "--report makes a .pdf file, not " + value;
+    return TakeTask(Task::kReport, value);
+  }
   if (option == "--statistics") return TakeTask(Task::kStatistics, {});
   if (option == "--graph") {
     if (!Choose(option, Suffix(value), kSuffixes, options_.picture).empty())

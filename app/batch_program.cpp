@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QHashSeed>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -32,7 +33,12 @@ platform::Done WriteStandardOutput(std::string_view text) {
   return platform::Failure{std::string("cannot write to standard output: ") + std::strerror(errno)};
 }
 
-void Complain(const std::string& failure) { std::fprintf(stderr, "quenlor: %s\n", failure.c_str()); }
+// Always one line, whatever a file is called.
+void Complain(std::string failure) {
+  std::ranges::replace_if(
+      failure, [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
+  std::fprintf(stderr, "quenlor: %s\n", failure.c_str());
+}
 
 // What the toolkit remarks about a machine without a desktop is no failure of the command's.
 void OnlyWhatIsFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
@@ -49,7 +55,7 @@ ExitStatus RunBatchProgram(const CommandLine& line, int& argc, char** argv) {
   QGuiApplication::setApplicationName(QStringLiteral("Quenlor"));
   platform::qt::QtFileSystem files;
   return RunBatch(line, {.files = files,
-                         .program_folder = ProgramFolder(QString::fromStdString(line.folder)).toStdString(),
+                         .program_folder = FolderToRead(QString::fromStdString(line.folder)).toStdString(),
                          .system_writes_comma = SystemWritesComma(),
                          .read_standard_input = ReadStandardInput,
                          .write_standard_output = WriteStandardOutput,

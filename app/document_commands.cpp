@@ -83,7 +83,7 @@ void DocumentCommands::ReadDataFile(const std::string& path) {
 }
 
 void DocumentCommands::Load(const std::string& path, std::string bytes) {
-  LoadDocument(path, std::move(bytes), files_, settings_.List(), document_);
+  LoadDocument(path, std::move(bytes), FileDate(files_, path), settings_.List(), document_);
   view_.SettingsApplied();
 }
 

@@ -6,13 +6,16 @@
 
 namespace quenlor::app {
 
-void LoadDocument(const std::string& path, std::string bytes, const platform::FileSystem& files,
+void LoadDocument(const std::string& path, std::string bytes, const std::string& file_date,
                   data::SettingsList& settings, data::Document& document) {
-  const auto modified = files.ModifiedAt(path);
   data::DataFileContents contents = data::ParseDataFile(std::move(bytes));
   data::ApplyAxisSettings(contents.axis, settings);
-  document.Load(std::move(contents), NameWithoutFolder(path),
-                modified.ok() ? data::DateTimeText(modified.value()) : "");
+  document.Load(std::move(contents), NameWithoutFolder(path), file_date);
+}
+
+std::string FileDate(const platform::FileSystem& files, const std::string& path) {
+  const auto modified = files.ModifiedAt(path);
+  return modified.ok() ? data::DateTimeText(modified.value()) : std::string();
 }
 
 std::string NameWithoutFolder(const std::string& path) {

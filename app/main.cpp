@@ -14,7 +14,7 @@ namespace {
 constexpr int kWrongUsage = 2;
 
 int RefuseUsage(const std::string& why) {
-  std::fprintf(stderr, "quenlor: %s\nTry quenlor --help.\n", why.c_str());
+  std::fprintf(stderr, "quenlor: %s (see quenlor --help)\n", why.c_str());
   return kWrongUsage;
 }
 

@@ -36,4 +36,14 @@ QString ProgramFolder(const QString& chosen) {
                        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
 }
 
+QString FolderToRead(const QString& chosen, const QString& executable_folder, const QString& user_folder) {
+  if (!chosen.isEmpty()) return QDir(chosen).absolutePath();
+  return QDir(executable_folder).exists(QStringLiteral("quenlor.ini")) ? executable_folder : user_folder;
+}
+
+QString FolderToRead(const QString& chosen) {
+  return FolderToRead(chosen, QCoreApplication::applicationDirPath(),
+                      QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+}
+
 }  // namespace quenlor::app

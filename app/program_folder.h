@@ -14,4 +14,11 @@ QString ProgramFolder(const QString& chosen, const QString& executable_folder,
 // The same for this running program.
 QString ProgramFolder(const QString& chosen);
 
+// Where a program that only reads its files finds them: `chosen` when it is given; else the folder of the
+// executable when settings have been kept there, else the user's. Nothing is made or tried.
+QString FolderToRead(const QString& chosen, const QString& executable_folder, const QString& user_folder);
+
+// The same for this running program.
+QString FolderToRead(const QString& chosen);
+
 }  // namespace quenlor::app

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <new>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,6 +33,7 @@ struct Bench {
   platform::memory::MemoryFileSystem files;
   std::string input;
   std::string output;
+  bool fits_into_memory = true;
   bool output_fails = false;
   bool writes_comma = false;
   std::vector<std::string> complaints;
@@ -47,7 +49,11 @@ struct Bench {
         RunBatch(line, {.files = files,
                         .program_folder = "/lab",
                         .system_writes_comma = writes_comma,
-                        .read_standard_input = [this] { return platform::Result<std::string>(input); },
+                        .read_standard_input =
+                            [this] {
+                              if (!fits_into_memory) throw std::bad_alloc();
+                              return platform::Result<std::string>(input);
+                            },
                         .write_standard_output =
                             [this](std::string_view text) {
                               if (output_fails) return platform::Done(platform::Failure{"pipe is gone"});
@@ -99,6 +105,14 @@ TEST(Batch, ADashReadsStandardInput) {
   EXPECT_THAT(bench.output, HasSubstr("75"));
 }
 
+TEST(Batch, StandardInputHasNoDateOfAFileThatIsCalledLikeIt) {
+  Bench bench;
+  bench.files.Put("-", "another file");
+  bench.input = "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n1,0,5,x,6,y\r\n";
+  EXPECT_EQ(bench.Run({"--statistics", "-"}), 0);
+  EXPECT_THAT(bench.output, StartsWith("-\r\n\r\n\tNo."));
+}
+
 TEST(Batch, AReportIsADocumentWithAPageForEachFile) {
   Bench bench;
   EXPECT_EQ(bench.Run({"--report", "/out/report.pdf", "/data/oil.csv", "/data/empty.csv"}), 0);
@@ -147,6 +161,14 @@ TEST(Batch, EveryUnreadableFileIsTold) {
   Bench bench;
   EXPECT_EQ(bench.Run({"--statistics", "/a.csv", "/data/oil.csv", "/b.csv"}), 3);
   EXPECT_EQ(bench.complaints.size(), 2U);
+}
+
+TEST(Batch, AFileTooLargeForTheMemoryIsToldAsOneThatCannotBeRead) {
+  Bench bench;
+  bench.fits_into_memory = false;
+  EXPECT_EQ(bench.Run({"--statistics", "/data/oil.csv", "-"}), 3);
+  EXPECT_THAT(bench.complaints, ElementsAre("cannot read standard input: it does not fit into memory"));
+  EXPECT_EQ(bench.output, "");
 }
 
 TEST(Batch, AnOutputThatCannotBeWrittenIsTold) {
@@ -255,7 +277,11 @@ TEST_F(BatchProgram, TellsItsFailuresInOneLineEach) {
       Run({QStringLiteral("--report"), QStringLiteral("/proc/none/x.pdf"), Path(QStringLiteral("oil.csv"))}),
       4);
   EXPECT_EQ(errors_.count('\n'), 1);
+  EXPECT_EQ(Run({QStringLiteral("--statistics"), QStringLiteral("mis\nsing\r.csv")}), 3);
+  EXPECT_EQ(errors_.count('\n'), 1);
+  EXPECT_TRUE(errors_.contains("mis?sing?.csv"));
   EXPECT_EQ(Run({QStringLiteral("--report")}), 2);
+  EXPECT_EQ(errors_.count('\n'), 1);
 }
 
 }  // namespace

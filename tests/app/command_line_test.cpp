@@ -91,6 +91,7 @@ TEST(CommandLine, RefusesWrongUsageOfTheBatchCommands) {
   const std::vector<std::pair<std::vector<std::string>, std::string>> wrong = {
       {{"--report"}, "--report needs a value"},
       {{"--report", "x.pdf"}, "--report needs a file"},
+      {{"--report", "a.csv", "b.csv"}, ".pdf"},
       {{"--statistics"}, "--statistics needs a file"},
       {{"--graph", "x.bmp", "a.csv"}, ".png, .svg and .pdf"},
       {{"--graph", "png", "a.csv"}, ".png, .svg and .pdf"},

@@ -50,5 +50,19 @@ TEST(ProgramFolder, AFolderThatCannotBeWrittenGivesWayToTheUsersFolder) {
   EXPECT_EQ(ProgramFolder({}, folders.root.filePath(QStringLiteral("gone")), {}, user), user);
 }
 
+TEST(FolderToRead, IsWhereSettingsHaveBeenKeptAndNothingIsMade) {
+  Folders folders;
+  const QString executable = folders.Make("exe");
+  const QString user = folders.root.filePath(QStringLiteral("user"));
+  const QString chosen = folders.root.filePath(QStringLiteral("chosen"));
+  EXPECT_EQ(FolderToRead({}, executable, user), user);
+  EXPECT_EQ(FolderToRead(chosen, executable, user), chosen);
+  EXPECT_FALSE(QDir(user).exists());
+  EXPECT_FALSE(QDir(chosen).exists());
+  QFile settings(executable + QStringLiteral("/quenlor.ini"));
+  ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+  EXPECT_EQ(FolderToRead({}, executable, user), executable);
+}
+
 }  // namespace
 }  // namespace quenlor::app

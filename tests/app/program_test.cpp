@@ -53,7 +53,7 @@ TEST(TheProgram, EndsWith2OnWrongUsageAndSaysWhy) {
     const Ended ended = Call(wrong);
     EXPECT_EQ(ended.code, 2) << wrong.join(' ').toStdString();
     EXPECT_THAT(ended.errors, StartsWith("quenlor: "));
-    EXPECT_THAT(ended.errors, HasSubstr("Try quenlor --help."));
+    EXPECT_THAT(ended.errors, HasSubstr("(see quenlor --help)"));
     EXPECT_THAT(ended.output, IsEmpty());
   }
 }

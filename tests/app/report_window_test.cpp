@@ -3,6 +3,7 @@
 // Printing and statistics from the main window's menus.
 
 #include <QMenu>
+#include <QPushButton>
 #include <QTableView>
 
 #include <gmock/gmock.h>
@@ -174,6 +175,21 @@ TEST_F(ReportWindowTest, TheEndOfTheProgramClosesTheStatistics) {
   dialogs.Answer(Answer::kNo);
   window->close();
   EXPECT_TRUE(!Form4 || !Form4->isVisible());
+}
+
+TEST_F(ReportWindowTest, TheEndOfTheProgramWhileThePrinterOfTheStatisticsIsChosenPrintsNothing) {
+  Choose("mStatistics");
+  auto* const Print =
+      window->findChild<reports::StatisticsWindow*>()->findChild<QPushButton*>(QStringLiteral("Print"));
+  printer.Accept(1, [&] {
+    dialogs.Answer(Answer::kNo);
+    window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  });
+  Print->click();
+  EXPECT_EQ(printer.DialogsShown(), 1);
+  EXPECT_TRUE(printer.Documents().empty());
+  EXPECT_FALSE(window->isVisible());
 }
 
 }  // namespace

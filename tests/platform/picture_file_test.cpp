@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QImage>
 #include <QTest>
+#include <QXmlStreamReader>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -50,6 +51,22 @@ TEST(PictureFile, AnSvgIsAsLargeAsAskedAndHoldsLinesAndLetters) {
   EXPECT_THAT(svg, HasSubstr("Viscosität 12.5"));
   EXPECT_THAT(svg, HasSubstr("#ff0000"));
   EXPECT_THAT(svg, Not(HasSubstr("<image")));
+}
+
+TEST(PictureFile, AnSvgIsReadWhateverItsTextsHold) {
+  const std::string text = std::string("a\0b\x1F", 4) + "<&>\xEF\xBF\xBE\xEF\xBF\xBF";
+  const std::string svg = SvgOf({300, 200}, [&](DrawingSurface& surface) {
+    surface.SetViewport({surface.Whole(), {0, 0, 100, 100}});
+    surface.DrawText({10, 20}, Across::kLeft, Down::kCentre, text, 10);
+  });
+  QXmlStreamReader reader(Bytes(svg));
+  QString read;
+  while (!reader.atEnd()) {
+    if (reader.readNext() == QXmlStreamReader::Characters) read += reader.text();
+  }
+  EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+  EXPECT_TRUE(read.contains(QStringLiteral("a b"))) << read.toStdString();
+  EXPECT_TRUE(read.contains(QStringLiteral("<&>"))) << read.toStdString();
 }
 
 TEST(PictureFile, APdfHoldsItsTextAsText) {
