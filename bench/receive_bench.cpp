@@ -24,7 +24,7 @@ namespace {
 constexpr int kPort = 1;
 constexpr const char* kPlainLog = "quenlor-bench-plain.txt";
 
-// What arrives at a time is what a line at full speed delivers between two looks at it.
+// What arrives at a time: a third of a second of the fastest line.
 constexpr std::size_t kPiece = 4096;
 
 std::string Lines(std::int64_t readings) {
@@ -102,7 +102,7 @@ double AppendPlainly(std::int64_t readings) {
 void AddReceiveRows() {
   constexpr std::int64_t kLines = 200'000;
   constexpr std::int64_t kLoggedLines = 50'000;
-  AddRow({.work = "receive: lines without raw log, to parsing such lines only",
+  AddRow({.work = "receive: lines without raw log, to a parser of such readings in a file",
           .goal = "1,000,000 lines/s",
           .shown = Shown::Rate,
           .things = kLines},
