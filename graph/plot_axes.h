@@ -38,6 +38,8 @@ class PlotAxes {
     const double position = (value - XOrigin_) * XScale_;
     return position > 0 && position < kHeight ? static_cast<float>(position) : C_XY(position);
   }
+  // The value that stands about there, X's way back.
+  double XValue(double position) const { return XOrigin_ + position / XScale_; }
   double ViscoY(double value) const;
   double TempY(double value) const;
 

@@ -105,8 +105,19 @@ void CurvePainter::PaintColumns(Index begin, Index end) {
 
   while (begin < end) {
     const int column = column_of(xs[begin]);
+    // Whatever lies between two values of a column lies in it, too: its edges are guessed and tried, so that
+    // most readings are told by a comparison.
+    double low = xs[begin];
+    double high = low;
+    for (const double inset : {0.001, 0.999}) {
+      const double edge = axes_.XValue(viewport_.XAt(column + inset));
+      if (column_of(edge) != column) continue;
+      if (edge < low) low = edge;
+      if (edge > high) high = edge;
+    }
     const Index stop = xs.StretchEnd(begin + 1, end, [&](const ValueColumn::Extremes& block) {
-      return column_of(block.min) == column && column_of(block.max) == column;
+      return (block.min >= low && block.max <= high) ||
+             (column_of(block.min) == column && column_of(block.max) == column);
     });
     PaintReading(begin);
     if (stop - begin > 1 && column > leftmost && column < rightmost) PaintInColumn(begin, stop);

@@ -56,6 +56,7 @@ class Viewport {
 
   double DeviceX(double x) const { return area_.left + (x - units_.left) * x_factor_; }
   double DeviceY(double y) const { return area_.top + (y - units_.top) * y_factor_; }
+  double XAt(double device_x) const { return units_.left + (device_x - area_.left) / x_factor_; }
   int Column(double x) const { return PixelOf(DeviceX(x)); }
   int Row(double y) const { return PixelOf(DeviceY(y)); }
 

@@ -30,6 +30,17 @@ TEST(PlotAxes, ScalesAreTheExtentsOverTheRanges) {
   EXPECT_EQ(axes.XScale(), 500);
 }
 
+TEST(PlotAxes, TheValueOfAPositionStandsThere) {
+  PlotAxes axes;
+  data::AxisRanges ranges;
+  ranges.TimeMin = 60;
+  ranges.TimeMax = 360;
+  axes.SetScales(ranges, GraphKind::ViscoTime, ViscoAxis::Linear);
+  EXPECT_EQ(axes.XValue(0), 60);
+  EXPECT_EQ(axes.XValue(6000), 360);
+  EXPECT_NEAR(axes.X(axes.XValue(1234.5)), 1234.5, 1e-3);
+}
+
 TEST(PlotAxes, ARangeThatSpansNothingLeavesItsScaleAsItWas) {
   PlotAxes axes;
   data::AxisRanges ranges;

@@ -43,6 +43,11 @@ TEST(Viewport, EveryPositionBelongsToThePixelThatHoldsIt) {
   EXPECT_EQ(viewport.Row(10099), 69);
 }
 
+TEST(Viewport, TheWayBackFromADevicePositionEndsWhereItBegan) {
+  const Viewport viewport({10, 20, 300, 200}, {-60, -100, 6120, 10200});
+  for (const double x : {-60.0, 0.0, 1234.5, 6060.0}) EXPECT_NEAR(viewport.XAt(viewport.DeviceX(x)), x, 1e-9);
+}
+
 TEST(Viewport, FarAwayPositionsAndThoseThatAreNoNumberHaveAPixelToo) {
   const Viewport viewport({0, 0, 40000, 50}, {0, 0, 1, 1});
   const double nan = std::numeric_limits<double>::quiet_NaN();
