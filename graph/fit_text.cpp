@@ -17,9 +17,11 @@ std::string FitText(std::string_view text, double width,
   const std::string_view whole = text;
   text = data::Utf8Prefix(text, kMostBytes);
   if (text.size() == whole.size() && text_width(text) <= width) return std::string(text);
-  const auto fits = [&](std::size_t bytes) {
-    return text_width(std::string(data::Utf8Prefix(text, bytes)).append(kEllipsis)) <= width;
+  const auto cut = [&](std::size_t bytes) {
+    const std::string_view beginning = data::Utf8Prefix(text, bytes);
+    return std::string(beginning.substr(0, beginning.find_last_not_of(' ') + 1)).append(kEllipsis);
   };
+  const auto fits = [&](std::size_t bytes) { return text_width(cut(bytes)) <= width; };
   if (!fits(0)) return {};
   std::size_t fitting = 0;
   std::size_t too_long = text.size() + 1;
@@ -27,7 +29,7 @@ std::string FitText(std::string_view text, double width,
     const std::size_t middle = fitting + (too_long - fitting) / 2;
     (fits(middle) ? fitting : too_long) = middle;
   }
-  return std::string(data::Utf8Prefix(text, fitting)).append(kEllipsis);
+  return cut(fitting);
 }
 
 }  // namespace quenlor::graph

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "data/utf8.h"
+#include "graph/fit_text.h"
 #include "reports/map_to_position.h"
 #include "reports/page_text.h"
 
@@ -91,8 +92,8 @@ class Placing {
     label.side = side;
     const std::string line = PlainLine(label.text);
     label.text_height = std::min(HeightToFit(line, box.width, height), height);
-    label.lines = {
-        Elided(line, box.width, [&](std::string_view part) { return Width(part, label.text_height); })};
+    label.lines = {graph::FitText(line, box.width,
+                                  [&](std::string_view part) { return Width(part, label.text_height); })};
     label.visible = !label.lines.front().empty();
   }
   void Write(PageLabel& label, const Box& box, TextSide side) const { Write(label, box, side, text_height_); }
@@ -271,8 +272,8 @@ class Placing {
                   plan.cell - CellGap(), plan.RowHeight()});
       label.text_height = plan.text_height;
       for (const std::string& line : TwoLines(label.text)) {
-        label.lines.push_back(Elided(line, label.box.width,
-                                     [&](std::string_view part) { return Width(part, label.text_height); }));
+        label.lines.push_back(graph::FitText(
+            line, label.box.width, [&](std::string_view part) { return Width(part, label.text_height); }));
       }
       label.visible = true;
     };

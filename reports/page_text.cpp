@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "data/utf8.h"
+#include "graph/fit_text.h"
 
 namespace quenlor::reports {
 namespace {
@@ -60,28 +61,20 @@ std::string PlainLine(std::string_view text) {
   return line;
 }
 
-std::string Elided(std::string_view text, double width, const WidthOf& measure) {
-  if (text.size() <= kMostBytes && measure(text) <= width) return std::string(text);
-  if (measure(kEllipsis) > width) return {};
-  const auto elided = [](std::string_view part) { return std::string(part).append(kEllipsis); };
-  return elided(WithoutBlanksAfter(
-      LongestPrefix(text, [&](std::string_view part) { return measure(elided(part)) <= width; })));
-}
-
 Lines Wrapped(std::string_view text, double width, std::size_t most_lines, const WidthOf& measure) {
   Lines result;
   const std::string plain = PlainLine(text);
   std::string_view rest = WithoutBlanksAfter(plain);
   while (!rest.empty() && result.lines.size() < most_lines) {
     const std::string_view line = FirstLine(rest, width, measure);
-    result.lines.push_back(Elided(WithoutBlanksAfter(line), width, measure));
+    result.lines.push_back(graph::FitText(WithoutBlanksAfter(line), width, measure));
     rest = WithoutBlanksBefore(rest.substr(line.size()));
   }
   result.complete = rest.empty();
   if (!result.complete && !result.lines.empty()) {
     // The last line has room for what says that there is more.
     std::string& last = result.lines.back();
-    last = Elided(last.append(kEllipsis), width, measure);
+    last = graph::FitText(last.append(kEllipsis), width, measure);
   }
   return result;
 }

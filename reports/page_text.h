@@ -16,10 +16,6 @@ using WidthOf = std::function<double(std::string_view text)>;
 // The text as one line without control characters, which printers set as boxes.
 std::string PlainLine(std::string_view text);
 
-// The whole text if it is no wider, else as much of its beginning as is, with "…" after it; nothing where
-// not even that has room.
-std::string Elided(std::string_view text, double width, const WidthOf& measure);
-
 // The text in lines that are no wider, at most `most_lines` of them. It is divided at blanks, a longer word
 // wherever the line is full.
 struct Lines {

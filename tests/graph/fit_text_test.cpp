@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "data/utf8.h"
+
 namespace quenlor::graph {
 namespace {
 
@@ -27,6 +29,27 @@ TEST(FitText, ALongerTextEndsInAnEllipsisWithinTheWidth) {
 TEST(FitText, NothingIsShownWhereNotEvenTheEllipsisFits) { EXPECT_EQ(FitText("sample", 9, Width), ""); }
 
 TEST(FitText, CharactersAreNeverCut) { EXPECT_EQ(FitText("測定試料名", 30, Width), "測定…"); }
+
+TEST(FitText, WhereverATextIsCutItFitsAndIsWhole) {
+  for (int width = 0; width < 120; width += 10) {
+    const std::string text = FitText("粘度ß𝜂測定 🧪 Öl", width, Width);
+    EXPECT_TRUE(data::IsUtf8(text)) << width;
+    EXPECT_LE(Width(text), width);
+  }
+}
+
+TEST(FitText, NoBlankStandsBeforeTheEllipsis) { EXPECT_EQ(FitText("Polymer 12", 90, Width), "Polymer…"); }
+
+TEST(FitText, AHugeTextCostsLittle) {
+  const std::string huge(50'000'000, 'x');
+  std::size_t measured = 0;
+  const auto measure = [&](std::string_view text) {
+    measured += text.size();
+    return Width(text);
+  };
+  EXPECT_EQ(Width(FitText(huge, 400, measure)), 400);
+  EXPECT_LT(measured, 1'000'000U);
+}
 
 TEST(FitText, AnEndlessTextIsCutEvenWhereThereIsRoom) {
   const std::string text = FitText(std::string(100'000, 'x'), 1e12, Width);

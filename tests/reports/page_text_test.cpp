@@ -4,8 +4,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "data/utf8.h"
-
 namespace quenlor::reports {
 namespace {
 
@@ -23,27 +21,6 @@ Lines Wrap(std::string_view text, double width, std::size_t most_lines = 100) {
   return Wrapped(text, width, most_lines, Characters);
 }
 
-TEST(PageText, AShortTextStaysWhole) {
-  EXPECT_EQ(Elided("Polymer", 7, Characters), "Polymer");
-  EXPECT_EQ(Elided("", 7, Characters), "");
-}
-
-TEST(PageText, ALongTextEndsWithAnEllipsisThatFits) {
-  EXPECT_EQ(Elided("Polymer 12", 6, Characters), "Polym…");
-  EXPECT_EQ(Elided("Polymer 12", 9, Characters), "Polymer…");  // not "Polymer …"
-}
-
-TEST(PageText, ATextIsCutBetweenCharacters) {
-  for (int width = 0; width < 12; ++width) {
-    const std::string text = Elided("粘度ß𝜂測定 🧪 Öl", width, Characters);
-    EXPECT_TRUE(data::IsUtf8(text)) << width;
-    EXPECT_LE(Characters(text), width);
-  }
-  EXPECT_EQ(Elided("粘度ß𝜂測定", 4, Characters), "粘度ß…");
-}
-
-TEST(PageText, WithoutRoomForAnEllipsisNothingIsLeft) { EXPECT_EQ(Elided("Polymer", 0.5, Characters), ""); }
-
 TEST(PageText, AHugeTextCostsLittle) {
   const std::string huge(50'000'000, 'x');
   std::size_t measured = 0;
@@ -51,7 +28,6 @@ TEST(PageText, AHugeTextCostsLittle) {
     measured += text.size();
     return Characters(text);
   };
-  EXPECT_EQ(Characters(Elided(huge, 40, measure)), 40);
   EXPECT_EQ(Wrapped(huge, 40, 20, measure).lines.size(), 20U);
   EXPECT_LT(measured, 1'000'000U);
 }
