@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <functional>
 #include <string>
 
@@ -20,6 +22,15 @@ struct PageSize {
   double height = 0;
   bool operator==(const PageSize&) const = default;
 };
+
+// That page in dots.
+inline PixelRectangle DotsOf(const PageSize& page) {
+  constexpr double kLargest = 1e6;
+  const auto dots = [&](double twips) {
+    return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerInch * kPageDotsPerInch, 0.0, kLargest)));
+  };
+  return {0, 0, dots(page.width), dots(page.height)};
+}
 
 // The printer that the operator has chosen last, and the box to choose it with (CommonDialog1).
 //

@@ -2,18 +2,11 @@
 #include "reports/page_record.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace quenlor::reports {
 namespace {
 
 using platform::DrawingSurface;
-
-int Dots(double twips) {
-  constexpr double kLargest = 1e6;
-  return static_cast<int>(
-      std::lround(std::clamp(twips / platform::kTwipsPerInch * platform::kPageDotsPerInch, 0.0, kLargest)));
-}
 
 template <class... Replays>
 struct Overloaded : Replays... {
@@ -23,7 +16,7 @@ struct Overloaded : Replays... {
 }  // namespace
 
 PageRecord::PageRecord(double width_twips, double height_twips, Measure measure)
-    : whole_{0, 0, Dots(width_twips), Dots(height_twips)},
+    : whole_(platform::DotsOf({width_twips, height_twips})),
       viewport_(whole_, {0, 0, std::max(1.0, 1.0 * whole_.width), std::max(1.0, 1.0 * whole_.height)}),
       measure_(std::move(measure)) {}
 

@@ -6,7 +6,7 @@
 #include <limits>
 #include <numeric>
 
-#include "data/utf8.h"
+#include "graph/fit_text.h"
 #include "reports/statistics_widths.h"
 
 namespace quenlor::reports {
@@ -139,16 +139,8 @@ void StatisticsPages::DrawFitted(DrawingSurface& surface, Point left_middle, std
   if (width <= room) return draw(text, sizes_.letter_height);
   const double height = sizes_.letter_height * std::max(room / width, kSmallest);
   if (room / width >= kSmallest) return draw(text, height);
-
-  std::string shortened;
-  std::size_t fits = 0;
-  std::size_t too_long = text.size();
-  while (fits + 1 < too_long) {
-    const std::size_t middle = fits + (too_long - fits) / 2;
-    shortened = std::string(data::Utf8Prefix(text, middle)) + "…";
-    (surface.TextWidth(shortened, height) <= room ? fits : too_long) = middle;
-  }
-  draw(std::string(data::Utf8Prefix(text, fits)) + "…", height);
+  draw(graph::FitText(text, room, [&](std::string_view part) { return surface.TextWidth(part, height); }),
+       height);
 }
 
 void PrintStatistics(platform::Printer& printer, const StatisticsSheet& sheet, const GridSizes& sizes,

@@ -1,15 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/memory/test_printer.h"
 
-#include <cmath>
 #include <utility>
 
 namespace quenlor::platform::memory {
-namespace {
-
-int Dots(double twips) { return static_cast<int>(std::lround(twips * TestPrinter::kDotsPerInch / 1440)); }
-
-}  // namespace
 
 void TestPrinter::Accept(int copies, PageSize page, Callback while_open) {
   dialogs_.push_back({true, copies, page, std::move(while_open)});
@@ -42,8 +36,8 @@ Done TestPrinter::Print(const std::string& title, int pages,
   Document document{title, {}};
   for (int number = 0; number < pages; ++number) {
     if (failure_ && number >= pages_before_failure_) break;
-    RecordingSurface& page =
-        document.pages.emplace_back(Dots(page_.width), Dots(page_.height), kDotsPerInch / 96.0);
+    const PixelRectangle dots = DotsOf(page_);
+    RecordingSurface& page = document.pages.emplace_back(dots.width, dots.height, kPageDotsPerPen);
     draw(page, number);
   }
   if (failure_) {

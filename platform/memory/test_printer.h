@@ -14,7 +14,7 @@ namespace quenlor::platform::memory {
 // A printer that keeps what it prints, and whose dialog answers what a test told beforehand, in that order.
 //
 // A dialog that nobody told an answer for is cancelled, and AsScripted() is false from then on. Pages are
-// surfaces of 1200 dots an inch.
+// surfaces of the dots that every printer's pages have.
 class TestPrinter : public Printer {
  public:
   using Callback = std::function<void()>;  // what happens while the dialog is open
@@ -24,7 +24,6 @@ class TestPrinter : public Printer {
     std::vector<RecordingSurface> pages;
   };
 
-  static constexpr int kDotsPerInch = 1200;
   static constexpr PageSize kA4{11906, 16838};
 
   // The next dialog: print that many copies on such paper, or keep what was chosen before.

@@ -16,11 +16,6 @@ namespace {
 
 constexpr double kTwipsPerPoint = 20;
 
-PixelRectangle DotsOf(const PageSize& page) {
-  const auto dots = [](double twips) { return static_cast<int>(twips / kTwipsPerInch * kPageDotsPerInch); };
-  return {0, 0, dots(page.width), dots(page.height)};
-}
-
 }  // namespace
 
 QPrinter& QtPrinter::Chosen() const {

@@ -154,7 +154,7 @@ TEST_F(StatisticsPaper, FrameIsTheTopAndTheLeftEdgeOnlyFivePrinterDotsWide) {
   ASSERT_EQ(frame.size(), 2U);
   EXPECT_EQ(frame[0].line, (platform::Segment{{500, kTop}, {500 + GridWidth(), kTop}}));
   EXPECT_EQ(frame[1].line, (platform::Segment{{500, kTop}, {500, kTop + 8 * 300}}));
-  EXPECT_DOUBLE_EQ(frame[0].pen.width * page.PenScale() / TestPrinter::kDotsPerInch, 5.0 / 600);
+  EXPECT_DOUBLE_EQ(frame[0].pen.width * page.PenScale() / platform::kPageDotsPerInch, 5.0 / 600);
   EXPECT_EQ(frame[0].pen.style, platform::LineStyle::kSolid);
 }
 
