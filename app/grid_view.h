@@ -17,17 +17,17 @@ struct GridSelection {
   int ColSel = 0;
 };
 
-// A grid on the screen. Its vertical header is column 0 of the table: a click there selects the rest of the
-// row.
+// A grid on the screen. Its vertical header is column 0 of the table: a click there selects the rest
+// of the row.
 class GridView : public QTableView {
   Q_OBJECT
 
  public:
   GridView(GridModel* model, const QString& name, const QString& title, QWidget* parent);
 
-  // Shows what has arrived, with the newest row in view; selection and current cell stay. Columns are widened
-  // to new texts and never narrowed. Returns how long the work took, in milliseconds, to keep the next one
-  // apart.
+  // Shows what has arrived, with the newest row in view; selection and current cell stay. Columns are
+  // widened to new texts and never narrowed. Returns how long the work took, in milliseconds, to keep the
+  // next one apart.
   int Sync();
 
   GridSelection Selection() const;

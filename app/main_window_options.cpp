@@ -67,8 +67,8 @@ void MainWindow::Option2_Click() {
   settings_.SaveSettings();
 }
 
-// The boxes as the graph has them; "Standard" and "Fine" count only for a viscosity axis that scales by
-// itself.
+// The boxes as the graph has them; "Standard" and "Fine" count only for a viscosity axis that
+// scales by itself.
 void MainWindow::ShowScaling() {
   const graph::AutoScaling& scaling = graph_.Scaling();
   auto_scaling_[0]->setChecked(scaling.Check2);

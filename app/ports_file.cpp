@@ -10,8 +10,8 @@ constexpr std::size_t kSensibleSize = std::size_t{1} << 20;
 
 void PortsFile::LookForDevices() {
   looked_ = true;
-  // Two programs that see a new device at once must not give its number twice; the later one finds it in the
-  // file.
+  // Two programs that see a new device at once must not give its number twice; the later one finds it
+  // in the file.
   const auto lock = files_.Lock(path_ + ".lock");
   const bool exists = files_.Exists(path_);
   const auto text = exists ? files_.Read(path_) : platform::Result<std::string>(std::string());

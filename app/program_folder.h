@@ -5,9 +5,9 @@
 
 namespace quenlor::app {
 
-// Where the program keeps its files: `chosen` when it is given; else the folder of the executable; but the
-// user's own data folder when that is the place where programs are installed, or cannot be written. Made when
-// missing.
+// Where the program keeps its files: `chosen` when it is given; else the folder of the executable; but
+// the user's own data folder when that is the place where programs are installed, or cannot be written.
+// Made when missing.
 QString ProgramFolder(const QString& chosen, const QString& executable_folder,
                       const QString& installed_folder, const QString& user_folder);
 

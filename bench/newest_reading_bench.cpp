@@ -36,8 +36,8 @@ class NewestReading {
     plot_.Set({}, ranges);
   }
 
-  // Each is copied from the table and drawn, as the window does it with readings that are not faster than the
-  // screen.
+  // Each is copied from the table and drawn, as the window does it with readings that are not faster
+  // than the screen.
   double ShowEach() {
     ShowTheFirst();
     return Seconds([&] {

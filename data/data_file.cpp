@@ -164,8 +164,8 @@ class Reader {
     if (semicolon || text.find(',') != text.npos) SetSeparator(semicolon ? ';' : ',');
   }
 
-  // The key and one character behind it are no content; in noise that character may be longer than a
-  // separator.
+  // The key and one character behind it are no content; in noise that character may be longer
+  // than a separator.
   static std::string_view WithoutKey(std::string_view line) {
     line.remove_prefix(std::min(kKeyLength + 1, line.size()));
     while (!line.empty() && (line.front() & 0xC0) == 0x80) line.remove_prefix(1);
@@ -214,8 +214,8 @@ class Reader {
 DataFileContents ParseDataFile(std::string bytes) {
   bytes = ToUtf8(std::move(bytes));
   Reader reader;
-  // A last line without an end gets one in a block of its own, so that the large one is not copied for a
-  // byte.
+  // A last line without an end gets one in a block of its own, so that the large one is not copied
+  // for a byte.
   const std::size_t last_end = bytes.find_last_of("\r\n");
   const std::size_t whole = last_end == std::string::npos ? 0 : last_end + 1;
   std::string last_line = bytes.substr(whole);

@@ -31,7 +31,7 @@ struct AxisRanges {
 // one "Date" line, one "Memo" line, and free memo lines to the end. Nothing is quoted.
 struct DataFileContents {
   char separator = ',';
-  bool holds_commas = false;               // some field has a "," in it
+  bool holds_commas = false;  // some field has a "," in it
   MeasurementTable table;
   RunTable runs;
   int run_count = 0;                   // the highest run number seen, up to 32767
@@ -41,9 +41,9 @@ struct DataFileContents {
   std::vector<std::string> List2;      // the memo lines
 };
 
-// Reads the bytes of a data file. Whatever they are, something is read and nothing fails; bytes that are not
-// UTF-8 count as Latin-1. The bytes become the table's store, so reading costs little more than one pass over
-// them.
+// Reads the bytes of a data file. Whatever they are, something is read and nothing fails; bytes that are
+// not UTF-8 count as Latin-1. The bytes become the table's store, so reading costs little more than one
+// pass over them.
 DataFileContents ParseDataFile(std::string bytes);
 
 // The fields of one line of text. `List1` of a document is what this gives.

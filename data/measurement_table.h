@@ -47,8 +47,8 @@ class MeasurementTable {
   // Replaces one title or one cell of a reading; the entry row and cells outside the table are left alone.
   void SetTextMatrix(Row row, int col, std::string_view text);
 
-  // One more data column, titled "Data" and its number ("Data5" is column 6). False at the last possible
-  // column.
+  // One more data column, titled "Data" and its number ("Data5" is column 6). False at the
+  // last possible column.
   bool AddDataColumn();
 
   // Makes the entry row a reading. Cells beyond the columns add columns.

@@ -50,8 +50,8 @@ class SettingsList {
   void Set(int element, std::string text) { elements_[static_cast<std::size_t>(element)] = std::move(text); }
   void Set(int element, int number) { Set(element, std::to_string(number)); }
 
-  // The element as an item index or a check box value; -1 for a text that is no whole number of at most five
-  // digits.
+  // The element as an item index or a check box value; -1 for a text that is no whole number of at
+  // most five digits.
   int Index(int element) const;
   // A non-zero number or the word "True".
   bool IsOn(int element) const;

@@ -12,8 +12,8 @@ namespace quenlor::data {
 // number. Numbers too large for a double become the largest one. Never looks at the locale.
 std::optional<double> LeadingNumber(std::string_view text);
 
-// Text to number, the way every cell and every file of a document is read: LeadingNumber, else 0. Never
-// fails.
+// Text to number, the way every cell and every file of a document is read: LeadingNumber, else
+// 0. Never fails.
 double C_Val(std::string_view text);
 
 // Number to text in general form: up to 15 significant digits, as few as needed, "." as the decimal point, no

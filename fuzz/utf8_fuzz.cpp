@@ -16,8 +16,8 @@ std::string Ascii(std::string_view text) {
   return ascii;
 }
 
-// Whether the bytes are characters, by taking them apart and asking of each one whether it is written
-// shortest.
+// Whether the bytes are characters, by taking them apart and asking of each one whether it
+// is written shortest.
 bool IsText(std::string_view bytes) {
   while (!bytes.empty()) {
     const auto lead = static_cast<unsigned char>(bytes[0]);

@@ -21,9 +21,9 @@ struct Color {
 inline constexpr Color kBlack{0x000000};
 inline constexpr Color kWhite{0xFFFFFF};
 
-// Black or white, whichever has the higher contrast on that background. The eye takes green as brightest and
-// blue as darkest (Rec. 709 weights); squares stand in for the screen's gamma; at 0.18 the contrasts are
-// equal.
+// Black or white, whichever has the higher contrast on that background. The eye takes green as
+// brightest and blue as darkest (Rec. 709 weights); squares stand in for the screen's gamma; at 0.18
+// the contrasts are equal.
 constexpr Color ReadableOn(Color background) {
   const auto square = [](int level) { return level * level; };
   const int light =

@@ -40,8 +40,8 @@ class LiveGraph : private data::DocumentListener {
   AxisView View() const;
   AxisLabels Labels() const { return LabelsOf(document_.Ranges(), View()); }
 
-  // The legend's text of run 1 to 10: sample name, carriage return, newest viscosity. Nothing without a
-  // reading.
+  // The legend's text of run 1 to 10: sample name, carriage return, newest viscosity. Nothing
+  // without a reading.
   std::optional<std::string> LegendText(int run) const;
   static constexpr std::string_view kLegendHeading = "Final\rValue";
 

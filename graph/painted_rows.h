@@ -38,8 +38,8 @@ class PaintedRows {
     return row <= first_ ? 0 : std::min(bottom, static_cast<std::size_t>(row - first_));
   }
 
-  // next_ leads from a painted pixel towards the next one that is not; every walk shortens the way for later
-  // ones.
+  // next_ leads from a painted pixel towards the next one that is not; every walk shortens the way
+  // for later ones.
   std::size_t NextUnpainted(std::size_t at) {
     while (next_[at] != at) {
       next_[at] = next_[next_[at]];

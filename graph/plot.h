@@ -16,8 +16,8 @@ namespace quenlor::graph {
 // The measurement graph, drawn onto whatever surface: the graph area (Picture1) with its legend and, in it,
 // the plot (Picture2) with grid and curves. The texts around the plot are not drawn here.
 //
-// The parts may be drawn onto pictures of their own, or by Fig onto one. A picture without a pixel gets
-// nothing.
+// The parts may be drawn onto pictures of their own, or by Fig onto one. A picture without a
+// pixel gets nothing.
 class Plot {
  public:
   using Row = ValueArrays::Table::Row;

@@ -32,8 +32,8 @@ class PlotAxes {
   ViscoAxis Visco() const { return visco_axis_; }
   int Decades() const { return ranges_.ViscoLogMax - ranges_.ViscoLogMin; }
 
-  // Of a time or a temperature, as the kind has it. Asked for most often, so the common case is told right
-  // here.
+  // Of a time or a temperature, as the kind has it. Asked for most often, so the common case is
+  // told right here.
   double X(double value) const {
     const double position = (value - XOrigin_) * XScale_;
     return position > 0 && position < kHeight ? static_cast<float>(position) : C_XY(position);

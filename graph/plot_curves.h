@@ -32,8 +32,8 @@ class CurvePainter {
   void PaintRow(Index index);
   void PaintRows(Index begin, Index end);
 
-  // A run with fewer readings than pixel columns may be drawn with a smooth pen; nothing of it can be left
-  // out.
+  // A run with fewer readings than pixel columns may be drawn with a smooth pen; nothing of it can
+  // be left out.
   static bool IsSparse(Index readings, const platform::PixelRectangle& area) { return readings < area.width; }
 
  private:

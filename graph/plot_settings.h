@@ -30,8 +30,8 @@ inline Index MarkerStep(int marker_every) {
   return marker_every >= 0 && marker_every < 5 ? kSteps[static_cast<std::size_t>(marker_every)] : 0;
 }
 
-// Whether the point so far from its series' first one, which is 0, has a marker. The place stands for MarkerCounter,
-// which counts from marker to marker: it is known without walking there.
+// Whether the point so far from its series' first one, which is 0, has a marker. The place stands for
+// MarkerCounter, which counts from marker to marker: it is known without walking there.
 inline bool HasMarker(int marker_every, Index place) {
   const Index step = MarkerStep(marker_every);
   return step == 0 ? place == 0 : place % step == 0;

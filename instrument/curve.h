@@ -7,8 +7,8 @@
 
 namespace quenlor::instrument {
 
-// How a measured quantity goes over the time of a run, without its noise. Times are in seconds since the run
-// began.
+// How a measured quantity goes over the time of a run, without its noise. Times are in seconds since
+// the run began.
 struct Constant {
   double value = 0;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// quenlor-instrument: the virtual viscometer behind a pseudo-terminal, which a logger opens like a serial
-// port.
+// quenlor-instrument: the virtual viscometer behind a pseudo-terminal, which a logger opens like
+// a serial port.
 
 #include <algorithm>
 #include <cerrno>
@@ -70,8 +70,8 @@ volatile sig_atomic_t interrupted = 0;
 
 void Interrupt(int) { interrupted = 1; }
 
-// Lets SIGINT and SIGTERM through nowhere but inside the wait, so that none slips in between a look and a
-// sleep.
+// Lets SIGINT and SIGTERM through nowhere but inside the wait, so that none slips in between a look
+// and a sleep.
 sigset_t CatchInterrupts() {
   sigset_t caught;
   sigset_t while_waiting;
@@ -113,8 +113,8 @@ int WrongUsage(const std::string& text) {
   return kExitUsage;
 }
 
-// Gives the logger the chance to read what was sent before the line is dropped: dropping it discards the
-// rest.
+// Gives the logger the chance to read what was sent before the line is dropped: dropping it
+// discards the rest.
 void Linger(const PseudoTerminal& terminal, const sigset_t& while_waiting) {
   const double end = Now() + kLingerSeconds;
   // What is on its way between the two ends is counted at neither; it takes no two looks to arrive.

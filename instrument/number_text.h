@@ -8,11 +8,11 @@
 
 namespace quenlor::instrument {
 
-// Numbers as the options and the lines of the instrument write them: with a decimal point, whatever the
-// locale.
+// Numbers as the options and the lines of the instrument write them: with a decimal point,
+// whatever the locale.
 
-// The whole text as a number between -1e9 and 1e9; nothing for any other text. The bounds keep every curve
-// finite.
+// The whole text as a number between -1e9 and 1e9; nothing for any other text. The bounds keep
+// every curve finite.
 std::optional<double> ParseNumber(std::string_view text);
 
 // The whole text as a whole number of 0 or more; nothing for any other text.

@@ -153,8 +153,8 @@ std::string Viscometer::ReadingText(double run_seconds) {
   return ReadingLine(options_.form, number_, viscosity, temperature);
 }
 
-// Random bytes with everything that upsets a reader, a NUL and one beyond ASCII among them, but no carriage
-// return.
+// Random bytes with everything that upsets a reader, a NUL and one beyond ASCII among them, but
+// no carriage return.
 std::string Viscometer::GarbageText() {
   std::string text(static_cast<std::size_t>(4 + fault_noise_.Below(29)), ' ');
   for (char& c : text) {

@@ -16,17 +16,18 @@ namespace quenlor::instrument {
 //
 // "QUENLOR" or "START" begins a run: the n-th reading is due n intervals later, whenever the host looks. The
 // first poll ("Q" or "QM") ends the streaming; from then on each poll brings one reading. "STOP" ends the run
-// and drops what has not left yet; then only a start word wakes the instrument again, or a poll where the option
-// `polls_after_stop` says so. Before its first start word it answers polls, since a logger may work with polls
-// alone; the first one begins a run of its own. Commands end at a carriage return; any other is ignored.
+// and drops what has not left yet; then only a start word wakes the instrument again, or a poll where the
+// option `polls_after_stop` says so. Before its first start word it answers polls, since a logger may work
+// with polls alone; the first one begins a run of its own. Commands end at a carriage return; any other is
+// ignored.
 //
 // Times are seconds of any clock that does not go back. Output and memory are bounded whatever the host does.
 class Viscometer {
  public:
   explicit Viscometer(const ViscometerOptions& options);
 
-  // Takes bytes from the line, in any chunks. What was due before `now_seconds` leaves before their commands
-  // count.
+  // Takes bytes from the line, in any chunks. What was due before `now_seconds` leaves before
+  // their commands count.
   void Receive(std::string_view bytes, double now_seconds);
 
   // Takes what has left the instrument by now, but at most about 64 KiB (4 KiB at interval 0) at a time: as

@@ -23,8 +23,8 @@ enum class LineForm {
 
 enum class Ack { kNone, kBefore, kOwnLine };
 
-// What goes wrong on demand. Every count is one of readings of the run, the first being 1; 0 switches a fault
-// off.
+// What goes wrong on demand. Every count is one of readings of the run, the first being 1; 0 switches
+// a fault off.
 struct Faults {
   double late_seconds = 0;                    // everything leaves that much later
   std::int64_t missing_every = 0;             // every n-th reading is not sent

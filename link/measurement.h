@@ -38,9 +38,9 @@ class MeasurementListener {
 
 // Runs one measurement after the other: start word, repeat requests, auto stop, reply watchdog, and the end.
 //
-// A measurement is running exactly while the port is open. Stop takes two seconds with the Visco option, in
-// which lines are still received; Stopping tells that this wait is on, and only then do both verbs do
-// nothing.
+// A measurement is running exactly while the port is open. Stop takes two seconds with the Visco
+// option, in which lines are still received; Stopping tells that this wait is on, and only then do both
+// verbs do nothing.
 class Measurement {
  public:
   Measurement(const MeasurementPorts& ports, data::Document& document, const data::SettingsList& settings,

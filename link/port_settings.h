@@ -27,8 +27,8 @@ struct PortSettings {
   std::string Settings;  // "9600N81"
 };
 
-// What the checked items of the RS-232C menu mean. Nothing when an element of the settings list names no
-// item.
+// What the checked items of the RS-232C menu mean. Nothing when an element of the settings list
+// names no item.
 std::optional<PortSettings> ApplyPortSettings(const data::SettingsList& settings);
 
 // What ends a sent command: carriage return, and line feed as well under "CR/LF".

@@ -73,8 +73,8 @@ platform::Done RawLog::WriteTable(const std::string& path) {
   });
 }
 
-// Both hold their readings in the order of arrival, so one walk through the table finds every line or misses
-// one.
+// Both hold their readings in the order of arrival, so one walk through the table finds every line
+// or misses one.
 bool RawLog::HoldsMoreThanTheTable(std::string_view bytes) const {
   const data::MeasurementTable& table = document_.Grid1();
   char separator = document_.FieldSeparator();

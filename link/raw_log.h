@@ -16,10 +16,10 @@ namespace quenlor::link {
 // Keeps every received reading on the disk as soon as it is in the table, one file per port: "Com_<port>.txt"
 // in the program folder.
 //
-// RewriteRawLog makes the file hold the whole table and takes it into use; AppendRawLog adds a line per
-// reading; no file stays open between. Readings on the disk that the table does not hold are never
-// overwritten: the file is set aside first. A reading that could not be written is written later from the
-// table.
+// RewriteRawLog makes the file hold the whole table and takes it into use; AppendRawLog adds a line
+// per reading; no file stays open between. Readings on the disk that the table does not hold are
+// never overwritten: the file is set aside first. A reading that could not be written is written
+// later from the table.
 class RawLog : private data::DocumentListener {
  public:
   RawLog(platform::FileSystem& files, platform::Clock& clock, data::Document& document, std::string folder,
@@ -33,8 +33,8 @@ class RawLog : private data::DocumentListener {
   // Rewrites the file of that port from the table. One program at a time may write it.
   platform::Done RewriteRawLog(int port_number);
 
-  // Appends the reading in `row`. What could not be written is told once when it begins and once when it is
-  // over.
+  // Appends the reading in `row`. What could not be written is told once when it begins and once when
+  // it is over.
   void AppendRawLog(Row row);
 
   // The end of the measurement: writes what is still missing, and sees to it that all of it is on the device.

@@ -9,8 +9,8 @@ namespace quenlor::platform {
 
 enum class StopBits { kOne, kOneAndHalf, kTwo };
 
-// The joined settings text of a line, taken apart: "9600N81" is 9600 bits/s, no parity, 8 data bits, 1 stop
-// bit.
+// The joined settings text of a line, taken apart: "9600N81" is 9600 bits/s, no parity, 8 data bits,
+// 1 stop bit.
 struct LineSettings {
   int speed = 0;      // bits per second, above 0
   char parity = 0;    // 'E', 'O' or 'N'

@@ -8,8 +8,8 @@
 
 namespace quenlor::platform {
 
-// What could not be done, in words an operator understands: "cannot replace data.csv: No space left on
-// device".
+// What could not be done, in words an operator understands: "cannot replace data.csv: No space
+// left on device".
 struct Failure {
   std::string text;
 };

@@ -22,8 +22,8 @@ inline constexpr int kBadSettings = 1011;
 inline constexpr int kPortGone = 1012;  // the device disappeared; told once, the port is closed by then
 }  // namespace comm_event
 
-// Why a port did not open: the device that was meant, the system's reason, and what would help, if that is
-// known.
+// Why a port did not open: the device that was meant, the system's reason, and what would help, if
+// that is known.
 struct OpenFailure {
   // All that is known, in one line for the operator.
   std::string Text() const {
@@ -41,9 +41,9 @@ struct OpenFailure {
 
 // A serial line as a measurement needs it. The adapter stands on the operating system, the twin on a test.
 //
-// Events come one at a time, never out of a call to this class and never while the handler is running; what
-// happens meanwhile is told when it has returned. The handler may call everything here. A closed port tells
-// nothing.
+// Events come one at a time, never out of a call to this class and never while the handler is running;
+// what happens meanwhile is told when it has returned. The handler may call everything here. A closed
+// port tells nothing.
 class SerialPort {
  public:
   virtual ~SerialPort() = default;

@@ -9,8 +9,8 @@
 
 namespace quenlor::reports {
 
-// Texts made to fit. Widths are what `measure` says of a piece of text; a text is only ever cut between two
-// characters.
+// Texts made to fit. Widths are what `measure` says of a piece of text; a text is only ever cut
+// between two characters.
 using WidthOf = std::function<double(std::string_view text)>;
 
 // The text as one line without control characters, which printers set as boxes.

@@ -19,8 +19,8 @@ std::ptrdiff_t Characters(std::string_view utf8) {
   return std::ranges::count_if(utf8, [](char c) { return (c & 0xC0) != 0x80; });
 }
 
-// How many characters stand behind the decimal separator; of a text with a point and a comma, the larger
-// number.
+// How many characters stand behind the decimal separator; of a text with a point and a comma,
+// the larger number.
 int DecimalsOf(std::string_view text) {
   std::ptrdiff_t decimals = 0;
   for (const char separator : {'.', ','}) {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Test programs that need Qt run on the offscreen platform unless the caller chose another one.
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QStandardPaths>
+
+#include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

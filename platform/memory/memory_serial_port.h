@@ -38,8 +38,8 @@ class MemorySerialPort : public SerialPort {
   void RefuseOpen(OpenFailure failure) { refusal_ = std::move(failure); }
   void AllowOpen() { refusal_.reset(); }
 
-  // Held output stays in the out buffer until it is no longer held or the port is closed; stuck output never
-  // leaves.
+  // Held output stays in the out buffer until it is no longer held or the port is closed; stuck
+  // output never leaves.
   void HoldOutput(bool hold);
   void StickOutput();
 

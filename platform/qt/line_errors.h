@@ -9,8 +9,8 @@
 
 namespace quenlor::platform::qt {
 
-// How often the system has seen each kind of line error since the device came up. QSerialPort does not tell
-// these.
+// How often the system has seen each kind of line error since the device came up. QSerialPort does
+// not tell these.
 struct LineErrors {
   int breaks = 0;
   int framing = 0;

@@ -68,8 +68,8 @@ Reason AppendBytes(const std::string& path, std::string_view bytes) {
       *reason += "; a part of it stays in the file";
     }
   }
-  // A network file system may notice a full disk only now. After an interruption the file is closed all the
-  // same.
+  // A network file system may notice a full disk only now. After an interruption the file is closed
+  // all the same.
   if (::close(file) != 0 && errno != EINTR && !reason) reason = Text(errno);
   return reason;
 }
@@ -96,8 +96,8 @@ void CopyPermissions(const std::string& from, int open_file) {
   struct stat model {};
   if (::stat(from.c_str(), &model) != 0) return;
   constexpr auto kSameOwner = static_cast<uid_t>(-1);
-  // Only root gives files away, but a member gives one to the group. The mode comes last, giving away trims
-  // it.
+  // Only root gives files away, but a member gives one to the group. The mode comes last, giving
+  // away trims it.
   const bool is_given = ::fchown(open_file, model.st_uid, model.st_gid) == 0 ||
                         ::fchown(open_file, kSameOwner, model.st_gid) == 0;
   const mode_t mode = model.st_mode & (is_given ? 07777 : 0777);

@@ -77,8 +77,8 @@ QString Lines(const std::string& text) {
       .replace(u'\r', u'\n');
 }
 
-// "caption|pattern|caption|pattern" as Qt writes it: caption(patterns). The box hides that last pair of
-// brackets.
+// "caption|pattern|caption|pattern" as Qt writes it: caption(patterns). The box hides that last
+// pair of brackets.
 QStringList NameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split(u'|');
   QStringList filters;

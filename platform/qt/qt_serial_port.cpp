@@ -202,8 +202,8 @@ bool QtSerialPort::event(QEvent* event) {
   return true;
 }
 
-// Also comes while the handler runs, if that runs an event loop; then a lost device is closed but nothing
-// told.
+// Also comes while the handler runs, if that runs an event loop; then a lost device is closed
+// but nothing told.
 void QtSerialPort::Turn() {
   turn_asked_ = false;
   ExamineDevice();

@@ -209,8 +209,8 @@ TEST_F(DocumentLoad, ExtraFieldsOfAnAxisAreLeftOut) {
   EXPECT_THAT(Ranges(), ElementsAre("1", "2", "3", "4", "5", "6", "7", "8"));
 }
 
-// The elements 14, 12, 10 and 16 after an Axis line whose fields 11 to 14 are these; "1", "0", "2" and "0"
-// before.
+// The elements 14, 12, 10 and 16 after an Axis line whose fields 11 to 14 are these; "1", "0", "2"
+// and "0" before.
 Texts SettingsAfter(std::string_view fields) {
   SettingsList settings;
   ApplyAxisSettings(SplitFields("2,3,0,180,0,100,0,100,0,2," + std::string(fields), ','), settings);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What is painted pixel for pixel: the plot looks at few readings, yet leaves the same picture as all of them
-// would.
+// What is painted pixel for pixel: the plot looks at few readings, yet leaves the same picture as all
+// of them would.
 
 #include <QImage>
 #include <QPainter>

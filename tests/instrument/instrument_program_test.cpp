@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The real program at the far end of a real pseudo-terminal. There is no such program where there is no such
-// thing.
+// The real program at the far end of a real pseudo-terminal. There is no such program where there is
+// no such thing.
 #ifdef QUENLOR_INSTRUMENT
 
 #include <chrono>
@@ -178,8 +178,8 @@ TEST(InstrumentProgram, StreamsAnswersAndStops) {
   EXPECT_EQ(line.Receive(), "2,100.0,25.0\r");
   EXPECT_EQ(line.Receive(), "3,100.0,25.0\r");
 
-  // Two polls after a stop are a run of their own: whatever was streamed meanwhile, its first lines end the
-  // stream.
+  // Two polls after a stop are a run of their own: whatever was streamed meanwhile, its first lines
+  // end the stream.
   line.Send("STOP\r\nQM\r\nQM\r\n");
   std::optional<std::string> next;
   do next = line.Receive();

@@ -18,8 +18,8 @@ inline Texts DataCells(const data::MeasurementTable& table, data::MeasurementTab
   return cells;
 }
 
-// The title row and all readings, each with "|" between its cells: the same for two tables that hold the
-// same.
+// The title row and all readings, each with "|" between its cells: the same for two tables that
+// hold the same.
 inline Texts TableLines(const data::MeasurementTable& table) {
   Texts lines;
   for (data::MeasurementTable::Row row = 0; row < table.EntryRow(); ++row) {
