@@ -5,6 +5,7 @@
 
 #include "app/load_document.h"
 #include "data/data_file.h"
+#include "data/data_file_writer.h"
 
 namespace quenlor::app {
 namespace {
@@ -92,7 +93,7 @@ void DocumentCommands::Save() {
   if (!path) return;
   const BusyPointer busy(view_);
   const auto failed = files_.Replace(*path, [this](platform::ByteSink& sink) {
-    document_.Write([&](std::string_view piece) { sink.Write(piece); });
+    data::WriteDataFile(document_, settings_.List(), [&](std::string_view piece) { sink.Write(piece); });
   });
   if (failed) return view_.Say(failed->text);
   document_.Saved(NameWithoutFolder(*path));

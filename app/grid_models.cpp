@@ -2,7 +2,6 @@
 #include "app/grid_models.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 #include "data/text_number.h"
@@ -123,12 +122,11 @@ std::string_view Grid1Model::TableText(data::Document::Row row, int col) const {
   return Document().Grid1().TextMatrix(row, col);
 }
 
-// Every row whose number is numeric has a colour, whatever the number.
+// Every row whose number is numeric has a colour, and the one that its curve has.
 std::optional<long long> Grid1Model::RunOfRow(data::Document::Row row) const {
-  constexpr double kLargest = 1e15;
-  const auto number = data::LeadingNumber(Document().Grid1().TextMatrix(row, 0));
-  if (!number || std::abs(*number) > kLargest) return std::nullopt;
-  return static_cast<long long>(*number);
+  const std::string_view number = Document().Grid1().TextMatrix(row, 0);
+  if (!data::LeadingNumber(number)) return std::nullopt;
+  return data::RunNumber(number);
 }
 
 std::string_view Grid2Model::TableText(data::Document::Row row, int col) const {

@@ -9,6 +9,7 @@
 #include "bench/open_document.h"
 #include "bench/pair.h"
 #include "bench/readings.h"
+#include "data/data_file_writer.h"
 #include "platform/qt/qt_file_system.h"
 
 namespace quenlor::bench {
@@ -39,7 +40,8 @@ Pair Save(std::int64_t readings) {
   const auto opened = std::make_shared<OpenDocument>();
   opened->Open(DataFileText(readings));
   const auto bytes = std::make_shared<std::string>();
-  opened->document.Write([&](std::string_view piece) { bytes->append(piece); });
+  data::WriteDataFile(opened->document, opened->settings,
+                      [&](std::string_view piece) { bytes->append(piece); });
   const auto remove = std::shared_ptr<void>(nullptr, [](void*) {
     ::unlink(kSaved);
     ::unlink(kPlain);
@@ -48,7 +50,8 @@ Pair Save(std::int64_t readings) {
               [opened, remove] {
                 return Seconds([&] {
                   Require(!platform::qt::QtFileSystem().Replace(kSaved, [&](platform::ByteSink& sink) {
-                    opened->document.Write([&](std::string_view piece) { sink.Write(piece); });
+                    data::WriteDataFile(opened->document, opened->settings,
+                                        [&](std::string_view piece) { sink.Write(piece); });
                   }));
                 });
               },

@@ -2,10 +2,11 @@
 #include "data/data_file.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
-#include "data/document.h"
 #include "data/eight_bytes.h"
+#include "data/text_lines.h"
 #include "data/text_number.h"
 #include "data/utf8.h"
 
@@ -21,12 +22,18 @@ constexpr std::ptrdiff_t kLongestReading = 1 << 20;
 
 bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
 
-bool IsBlank(std::string_view line) { return line.find_first_not_of(" \t") == std::string_view::npos; }
-
-// A run number is a whole number that a 16-bit counter holds; 0 for any other text.
-int RunNumber(std::string_view text) {
-  const double number = C_Val(text);
-  return number >= 1 && number <= Document::kMaxRuns ? static_cast<int>(number) : 0;
+AxisValues ReadAxis(const std::vector<std::string>& fields) {
+  AxisValues axis;
+  auto field = fields.begin();
+  for (std::optional<double>* number :
+       {&axis.ViscoColumn, &axis.TempColumn, &axis.TimeMin, &axis.TimeMax, &axis.ViscoMin, &axis.ViscoMax,
+        &axis.TempMin, &axis.TempMax, &axis.ViscoLogMin, &axis.ViscoLogMax}) {
+    if (field != fields.end()) *number = LeadingNumber(*field++);
+  }
+  for (std::optional<std::string>* item : {&axis.TimeS, &axis.mLog, &axis.LW, &axis.MK}) {
+    if (field != fields.end()) *item = *field++;
+  }
+  return axis;
 }
 
 // Reads a data file block by block; the lines that are readings stay where they are in their block.
@@ -63,7 +70,7 @@ class Reader {
 
  private:
   // Digits open nearly every line of a data file; the letters of the keys, a blank line's blanks do not.
-  static bool MayHoldAKey(char c) { return !(c >= '0' && c <= '9'); }
+  static bool MayHoldAKey(char c) { return !IsDigit(c); }
 
   // Divides the reading that starts at `at` into cells, in place; where to go on. Every line of a block has
   // an end.
@@ -138,7 +145,7 @@ class Reader {
       contents_.List2.emplace_back(line);
       return true;
     }
-    if (IsBlank(line)) return true;
+    if (Trimmed(line).empty()) return true;
     const std::string_view key = line.substr(0, kKeyLength);
     if (key == "No.,"sv || key == "No.;"sv || line == "No."sv) {
       if (key.size() == kKeyLength) SetSeparator(key.back());
@@ -154,7 +161,7 @@ class Reader {
     if (key == "Date"sv) contents_.date = rest;
     if (key == "Memo"sv) ReadRemarks(rest);
     if (key == "Info"sv) ReadInfo(rest);
-    if (key == "Axis"sv) contents_.axis = SplitFields(rest, contents_.separator);
+    if (key == "Axis"sv) contents_.axis = ReadAxis(SplitFields(rest, contents_.separator));
     return true;
   }
 
@@ -227,13 +234,21 @@ DataFileContents ParseDataFile(std::string bytes) {
   return reader.Take();
 }
 
-std::vector<std::string> SplitFields(std::string_view line, char separator) {
-  std::vector<std::string> fields;
-  for (;;) {
-    const std::size_t end = line.find(separator);
-    fields.emplace_back(line.substr(0, end));
-    if (end == std::string_view::npos) return fields;
-    line.remove_prefix(end + 1);
+void ApplyAxisSettings(const AxisValues& axis, SettingsList& settings) {
+  struct Choice {
+    const std::optional<std::string>& item;
+    int element;
+    int first;
+    int last;
+  };
+  const Choice choices[] = {{axis.TimeS, setting::kTimeS, 0, 2},
+                            {axis.mLog, setting::kLog, 0, 1},
+                            {axis.LW, setting::kLW, 1, 2},
+                            {axis.MK, setting::kMK, 0, 4}};
+  for (const Choice& choice : choices) {
+    const auto item = choice.item ? LeadingNumber(*choice.item) : std::nullopt;
+    if (!item || *item < choice.first || *item > choice.last || *item != std::floor(*item)) continue;
+    settings.Set(choice.element, static_cast<int>(*item));
   }
 }
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,19 +8,17 @@
 
 #include "data/measurement_table.h"
 #include "data/run_table.h"
+#include "data/settings_list.h"
 
 namespace quenlor::data {
 
-// The limits of the graph's axes; time in seconds, the logarithmic viscosity axis in decade exponents.
-struct AxisRanges {
-  double TimeMin = 0;
-  double TimeMax = 180;
-  double ViscoMin = 0;
-  double ViscoMax = 100;
-  double TempMin = 0;
-  double TempMax = 100;
-  std::int16_t ViscoLogMin = 0;
-  std::int16_t ViscoLogMax = 2;
+// What an Axis line says: its numbers, and the items of the menus as they stand. Empty is what it does not
+// say.
+struct AxisValues {
+  std::optional<double> ViscoColumn, TempColumn;
+  std::optional<double> TimeMin, TimeMax, ViscoMin, ViscoMax, TempMin, TempMax;
+  std::optional<double> ViscoLogMin, ViscoLogMax;
+  std::optional<std::string> TimeS, mLog, LW, MK;
 };
 
 // What a data file holds, before it becomes the open document.
@@ -37,8 +33,8 @@ struct DataFileContents {
   int run_count = 0;                   // the highest run number seen, up to 32767
   std::optional<std::string> date;     // the Date line's text
   std::optional<std::string> remarks;  // the Memo line's text, blanks restored
-  std::vector<std::string> axis;       // the Axis line's fields; empty when there is none
-  std::vector<std::string> List2;      // the memo lines
+  AxisValues axis;
+  std::vector<std::string> List2;  // the memo lines
 };
 
 // Reads the bytes of a data file. Whatever they are, something is read and nothing fails; bytes that are
@@ -46,8 +42,9 @@ struct DataFileContents {
 // pass over them.
 DataFileContents ParseDataFile(std::string bytes);
 
-// The fields of one line of text. `List1` of a document is what this gives.
-std::vector<std::string> SplitFields(std::string_view line, char separator);
+// The settings that an Axis line carries: time scale, visco axis, line and marker. What names no menu item
+// leaves its setting alone.
+void ApplyAxisSettings(const AxisValues& axis, SettingsList& settings);
 
 // The one title line of the template of a new document: eight-bit text ended by CR LF, always divided by ",".
 // `field_count` is the configured number of fields per reading; from the seventh field on they are "Data5",

@@ -2,22 +2,13 @@
 #include "data/document.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <utility>
 
-#include "data/header_values.h"
 #include "data/text_number.h"
 
 namespace quenlor::data {
 namespace {
-
-constexpr std::size_t kWritePiece = std::size_t{1} << 20;
-
-// Field k (from 1) of an Axis line as a number, when it is there and is one.
-std::optional<double> AxisNumber(const std::vector<std::string>& fields, std::size_t k) {
-  return k <= fields.size() ? LeadingNumber(fields[k - 1]) : std::nullopt;
-}
 
 void Assign(double& limit, std::optional<double> number) {
   if (number) limit = *number;
@@ -140,20 +131,20 @@ void Document::ChooseColumns() {
   }
 }
 
-void Document::ReadAxisFields(const std::vector<std::string>& fields) {
+void Document::TakeAxis(const AxisValues& axis) {
   const auto column = [&](std::int16_t& target, std::optional<double> number) {
     if (number && *number >= 2 && *number < table_.Cols()) target = static_cast<std::int16_t>(*number);
   };
-  column(ViscoColumn_, AxisNumber(fields, 1));
-  column(TempColumn_, AxisNumber(fields, 2));
-  Assign(ranges_.TimeMin, AxisNumber(fields, 3));
-  Assign(ranges_.TimeMax, AxisNumber(fields, 4));
-  Assign(ranges_.ViscoMin, AxisNumber(fields, 5));
-  Assign(ranges_.ViscoMax, AxisNumber(fields, 6));
-  Assign(ranges_.TempMin, AxisNumber(fields, 7));
-  Assign(ranges_.TempMax, AxisNumber(fields, 8));
-  Assign(ranges_.ViscoLogMin, AxisNumber(fields, 9));
-  Assign(ranges_.ViscoLogMax, AxisNumber(fields, 10));
+  column(ViscoColumn_, axis.ViscoColumn);
+  column(TempColumn_, axis.TempColumn);
+  Assign(ranges_.TimeMin, axis.TimeMin);
+  Assign(ranges_.TimeMax, axis.TimeMax);
+  Assign(ranges_.ViscoMin, axis.ViscoMin);
+  Assign(ranges_.ViscoMax, axis.ViscoMax);
+  Assign(ranges_.TempMin, axis.TempMin);
+  Assign(ranges_.TempMax, axis.TempMax);
+  Assign(ranges_.ViscoLogMin, axis.ViscoLogMin);
+  Assign(ranges_.ViscoLogMax, axis.ViscoLogMax);
 }
 
 void Document::Load(DataFileContents contents, std::string_view file_name, std::string_view file_date) {
@@ -170,88 +161,13 @@ void Document::Load(DataFileContents contents, std::string_view file_name, std::
   date_ = contents.date.value_or(std::string(file_date));
   remarks_ = contents.remarks.value_or(std::string(kEmptyRemarks));
   ChooseColumns();
-  ReadAxisFields(contents.axis);
+  TakeAxis(contents.axis);
   Tell(&DocumentListener::DocumentReplaced);
-}
-
-std::string Document::AxisLine() const {
-  const std::string fields[] = {std::to_string(ViscoColumn_),
-                                std::to_string(TempColumn_),
-                                GeneralText(ranges_.TimeMin),
-                                GeneralText(ranges_.TimeMax),
-                                GeneralText(ranges_.ViscoMin),
-                                GeneralText(ranges_.ViscoMax),
-                                GeneralText(ranges_.TempMin),
-                                GeneralText(ranges_.TempMax),
-                                std::to_string(ranges_.ViscoLogMin),
-                                std::to_string(ranges_.ViscoLogMax),
-                                settings_[setting::kTimeS],
-                                settings_[setting::kLog],
-                                settings_[setting::kLW],
-                                settings_[setting::kMK]};
-  std::string line = "Axis";
-  for (const std::string& field : fields) line += FieldSeparator_ + field;
-  return line;
-}
-
-void Document::Write(const std::function<void(std::string_view)>& write) const {
-  const char separator = FieldSeparator_;
-  std::string piece;
-  piece.reserve(kWritePiece + 4096);
-  const auto end_line = [&] {
-    piece += "\r\n";
-    if (piece.size() < kWritePiece) return;
-    write(piece);
-    piece.clear();
-  };
-
-  for (Row row = 0; row < table_.EntryRow(); ++row) {
-    table_.AppendLine(row, separator, piece);
-    end_line();
-  }
-  for (int row = 0; runs_.Rows() >= 2 && row < runs_.Rows(); ++row) {
-    piece += "Info";
-    for (int col = 0; col < runs_.Cols(); ++col) (piece += separator) += runs_.TextMatrix(row, col);
-    end_line();
-  }
-  piece += AxisLine();
-  end_line();
-  (piece += "Date") += separator;
-  piece += date_;
-  end_line();
-  std::string remarks = remarks_;
-  std::replace(remarks.begin(), remarks.end(), ' ', separator);
-  (piece += "Memo") += separator;
-  piece += remarks;
-  end_line();
-  for (const std::string& line : List2_) {
-    piece += line;
-    end_line();
-  }
-  write(piece);
 }
 
 void Document::Saved(std::string_view file_name) {
   DataChanged_ = false;
   SetFileName(file_name);
-}
-
-void ApplyAxisSettings(const std::vector<std::string>& axis_fields, SettingsList& settings) {
-  struct Field {
-    std::size_t number;
-    int element;
-    int lowest;
-    int highest;
-  };
-  constexpr Field kFields[] = {{11, setting::kTimeS, 0, 2},
-                               {12, setting::kLog, 0, 1},
-                               {13, setting::kLW, 1, 2},
-                               {14, setting::kMK, 0, 4}};
-  for (const Field& field : kFields) {
-    const auto item = AxisNumber(axis_fields, field.number);
-    if (!item || *item < field.lowest || *item > field.highest || *item != std::floor(*item)) continue;
-    settings.Set(field.element, static_cast<int>(*item));
-  }
 }
 
 }  // namespace quenlor::data

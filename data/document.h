@@ -9,8 +9,10 @@
 #include <string_view>
 #include <vector>
 
+#include "data/axis_ranges.h"
 #include "data/data_file.h"
 #include "data/date_time.h"
+#include "data/header_values.h"
 #include "data/measurement_table.h"
 #include "data/run_table.h"
 #include "data/settings_list.h"
@@ -40,8 +42,6 @@ class DocumentListener {
 class Document {
  public:
   using Row = MeasurementTable::Row;
-  static constexpr int kMaxRuns = 32767;  // run numbers are 16-bit
-  static constexpr std::string_view kEmptyRemarks = "Remarks:          ";
 
   explicit Document(const SettingsList& settings) : settings_(settings) {}
 
@@ -90,9 +90,6 @@ class Document {
   // where the file has none of its own.
   void Load(DataFileContents contents, std::string_view file_name, std::string_view file_date);
 
-  // Hands the document as a data file to `write`, in large pieces.
-  void Write(const std::function<void(std::string_view)>& write) const;
-
   // After a save: nothing unsaved, and the document is called after the file.
   void Saved(std::string_view file_name);
 
@@ -104,8 +101,7 @@ class Document {
   void StartRun();
   void NoteCommas(std::string_view text);
   void ChooseColumns();
-  void ReadAxisFields(const std::vector<std::string>& fields);
-  std::string AxisLine() const;
+  void TakeAxis(const AxisValues& axis);
 
   const SettingsList& settings_;
   std::vector<DocumentListener*> listeners_;
@@ -125,9 +121,5 @@ class Document {
   std::string remarks_{kEmptyRemarks};
   std::vector<std::string> List2_;
 };
-
-// The settings that an Axis line's fields 11 to 14 carry: time scale, visco axis, line and marker. Fields
-// that are missing or name no menu item leave their setting alone.
-void ApplyAxisSettings(const std::vector<std::string>& axis_fields, SettingsList& settings);
 
 }  // namespace quenlor::data

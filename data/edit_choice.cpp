@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include "data/text_number.h"
-
 namespace quenlor::data {
 
 EditChoice ChooseEdit(const Document& document, Document::Row row, Document::Row row_sel, int col,
@@ -17,9 +15,8 @@ EditChoice ChooseEdit(const Document& document, Document::Row row, Document::Row
   }
   if (row >= table.EntryRow()) return {};
   if (col == col_sel) return {Mode::kData, "Data", std::string(table.TextMatrix(row, col)), row, col, 0};
-  const double number = C_Val(table.TextMatrix(row, 0));
-  const int run = number >= 1 && number < document.Grid4().Rows() ? static_cast<int>(number) : 0;
-  if (run == 0) return {};
+  const int run = RunNumber(table.TextMatrix(row, 0));
+  if (run == 0 || run >= document.Grid4().Rows()) return {};
   return {Mode::kSampleName, "Sample Name", std::string(document.Grid4().TextMatrix(run, 1)), row, 0, run};
 }
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "data/header_values.h"
 
-#include "data/document.h"
-
 namespace quenlor::data {
 namespace {
 
@@ -29,7 +27,7 @@ std::string FileNameFrom(std::string_view text) {
 }
 
 std::string RemarksFrom(std::string_view text) {
-  return std::string(SaysNothing(text) ? Document::kEmptyRemarks : text);
+  return std::string(SaysNothing(text) ? kEmptyRemarks : text);
 }
 
 }  // namespace quenlor::data

@@ -6,6 +6,8 @@
 
 namespace quenlor::data {
 
+constexpr std::string_view kEmptyRemarks = "Remarks:          ";
+
 // What an edited text becomes.
 
 // The text as one line: line ends at its end are dropped, others become blanks. A text that was copied from

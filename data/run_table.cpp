@@ -3,7 +3,14 @@
 
 #include <algorithm>
 
+#include "data/text_number.h"
+
 namespace quenlor::data {
+
+int RunNumber(std::string_view cell) {
+  const double number = C_Val(cell);
+  return number >= 1 && number < kMaxRuns + 1 ? static_cast<int>(number) : 0;
+}
 
 void RunTable::InitRunInfoGrid() {
   cols_ = 5;

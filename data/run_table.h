@@ -7,6 +7,12 @@
 
 namespace quenlor::data {
 
+constexpr int kMaxRuns = 32767;  // run numbers are 16-bit
+
+// Which run a row belongs to, told by its cell in column "No.": the number at its start without decimals,
+// from 1 to kMaxRuns. 0 for any other text: a reading without a run.
+int RunNumber(std::string_view cell);
+
 // The run information table: row 0 holds titles, row n what is known of run n.
 //
 // Columns: 0 "Sample No.", 1 "Sample Name", 2 "Analysis Time", 3 "Date", 4 "Time"; a file may bring more.

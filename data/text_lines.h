@@ -2,7 +2,9 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace quenlor::data {
 
@@ -29,5 +31,11 @@ class TextLines {
  private:
   std::string_view rest_;
 };
+
+// The fields of one line of text. `List1` of a document is what this gives.
+std::vector<std::string> SplitFields(std::string_view line, char separator);
+
+// Without the blanks and tabs at both ends.
+std::string_view Trimmed(std::string_view text);
 
 }  // namespace quenlor::data

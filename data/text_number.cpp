@@ -12,8 +12,6 @@
 namespace quenlor::data {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 std::size_t SkipDigits(std::string_view text, std::size_t at) {
   while (at < text.size() && IsDigit(text[at])) ++at;
   return at;
@@ -132,13 +130,12 @@ void AppendTwoDigits(std::string& text, long long number) {
   text += digits;
 }
 
-// The nearest finite number, so that sums of numbers that are too large still are numbers.
-double Bounded(double value) {
-  constexpr double kLargest = std::numeric_limits<double>::max();
-  return std::clamp(value, -kLargest, kLargest);
-}
-
 }  // namespace
+
+double Bounded(double x) {
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  return std::isnan(x) ? 0.0 : std::clamp(x, -kLargest, kLargest);
+}
 
 std::optional<double> LeadingNumber(std::string_view text) {
   if (const auto plain = PlainNumber(text)) return *plain;

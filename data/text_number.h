@@ -7,6 +7,12 @@
 
 namespace quenlor::data {
 
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// x as a finite number, so that sums of numbers that are too large still are numbers: the largest one of its
+// sign for an infinity, 0 for NaN.
+double Bounded(double x);
+
 // The number at the start of a text: leading blanks are skipped, then the longest decimal number counts (a
 // sign, digits with at most one "." or ",", an exponent with E). Nothing when the text does not start with a
 // number. Numbers too large for a double become the largest one. Never looks at the locale.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "data/data_file.h"
+#include "data/data_file_writer.h"
 #include "data/document.h"
 #include "data/settings_list.h"
 #include "data/text_number.h"
@@ -30,7 +31,7 @@ struct Opened {
 
   std::string Written() const {
     std::string bytes;
-    document.Write([&](std::string_view piece) { bytes += piece; });
+    data::WriteDataFile(document, settings, [&](std::string_view piece) { bytes += piece; });
     return bytes;
   }
 
@@ -114,7 +115,7 @@ void CheckWritingAndReading(const Opened& first, bool decimal_comma) {
   Check(second.Written() == bytes, "a document that was saved and opened is saved as the same file");
 }
 
-void CheckAxisSettings(const std::vector<std::string>& axis) {
+void CheckAxisSettings(const data::AxisValues& axis) {
   data::SettingsList settings;
   data::ApplyAxisSettings(axis, settings);
   const auto within = [&](int element, int lowest, int highest) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/data_file.h"
+#include "data/axis_ranges.h"
 
 namespace quenlor::graph {
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "data/data_file.h"
+#include "data/axis_ranges.h"
 #include "graph/axis_labels.h"
 
 namespace quenlor::graph {

@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::string_view kWhiteWord = "White";
 constexpr std::string_view kBlackWord = "Black";
-constexpr std::string_view kBlanks = " \t";
 constexpr std::uint32_t kColorBits = 0xFFFFFF;
 
 // The place in the table of the value on that line; lines count from 1.
@@ -24,14 +23,8 @@ std::string ColorText(Color color) {
   return text;
 }
 
-std::string_view WithoutBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 std::optional<Color> ReadColor(std::string_view line) {
-  std::string_view digits = WithoutBlanks(line);
+  std::string_view digits = data::Trimmed(line);
   int base = 10;
   if (digits.starts_with("&h") || digits.starts_with("&H")) {
     digits.remove_prefix(2);

@@ -23,8 +23,6 @@ bool Covers(double step, double max, double min) {
 
 }  // namespace
 
-double Bounded(double x) { return std::isnan(x) ? 0.0 : std::clamp(x, Double::lowest(), Double::max()); }
-
 double Round(double x, std::int16_t n) {
   // From here on a double has no digits behind its point.
   constexpr double kAllWhole = 4503599627370496.0;

@@ -4,14 +4,15 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "data/text_number.h"
+
 namespace quenlor::graph {
 
 // The arithmetic that the ranges, the labels and the drawing of the graph share.
 //
 // Every function takes every double, also infinities and NaN, and gives a finite number for a finite one.
 
-// x as a finite number: the largest one of its sign for an infinity, 0 for NaN.
-double Bounded(double x);
+using data::Bounded;
 
 // x to n decimals (n < 0: to tens, hundreds …); halves go towards plus infinity, so -2.5 becomes -2.
 // A number that has no digits left to round, and one that is not finite, comes back as it is.

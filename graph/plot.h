@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "data/data_file.h"
+#include "data/axis_ranges.h"
 #include "graph/plot_axes.h"
 #include "graph/plot_grid.h"
 #include "graph/plot_settings.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/data_file.h"
+#include "data/axis_ranges.h"
 #include "graph/axis_labels.h"
 #include "graph/graph_math.h"
 #include "graph/value_column.h"

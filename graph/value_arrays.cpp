@@ -2,9 +2,9 @@
 #include "graph/value_arrays.h"
 
 #include <algorithm>
-#include <cmath>
 #include <span>
 
+#include "data/run_table.h"
 #include "data/text_number.h"
 
 namespace quenlor::graph {
@@ -12,11 +12,6 @@ namespace {
 
 constexpr int kNumberColumn = 0;
 constexpr int kTimeColumn = 1;
-
-int RunNumber(std::string_view cell) {
-  constexpr double kLargest = 1e9;
-  return static_cast<int>(std::nearbyint(std::clamp(data::C_Val(cell), -kLargest, kLargest)));
-}
 
 void Clear(ValueColumn& column, const ValueArrays::Table& table) {
   column.Clear();
@@ -108,7 +103,7 @@ void ValueArrays::ClearTime(const Table& table) {
 void ValueArrays::AddTime(Table::Row row, std::string_view number, std::string_view time) {
   if (runs_.empty() || number != last_number_) {
     last_number_ = number;
-    runs_.push_back({time_.Size(), RunNumber(number)});
+    runs_.push_back({time_.Size(), data::RunNumber(number)});
     numbers_.insert(runs_.back().number);
   }
   const int run = runs_.back().number;

@@ -29,7 +29,7 @@ class ValueArrays {
 
   struct Run {
     Index first = 0;
-    int number = 0;  // 0 when the cell is no number
+    int number = 0;  // 0 for readings without a run
   };
 
   void CopyAll(const Table& table, int visco_column, int temp_column);  // the three of them in one walk

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "link/command_list.h"
 
-#include "data/data_file.h"
 #include "data/text_lines.h"
 #include "data/utf8.h"
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "link/line_splitter.h"
 
+#include "data/text_number.h"
+
 namespace quenlor::link {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+using data::IsDigit;
 
 // Fills fields from the left; reuses the strings of the line before, whose memory fits.
 class FieldFiller {

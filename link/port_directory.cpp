@@ -4,14 +4,10 @@
 #include <algorithm>
 #include <charconv>
 
+#include "data/text_lines.h"
+
 namespace quenlor::link {
 namespace {
-
-std::string_view Trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
 
 // A device name in one line of text; anything else in the place of one is damage.
 bool IsName(std::string_view text) {
@@ -37,8 +33,8 @@ PortDirectory::PortDirectory(Naming naming, Devices overrides)
 std::optional<std::pair<int, std::string>> PortDirectory::ParseLine(std::string_view line) {
   const auto equals = line.find('=');
   if (equals == line.npos) return std::nullopt;
-  const auto number = Trimmed(line.substr(0, equals));
-  const auto device = Trimmed(line.substr(equals + 1));
+  const auto number = data::Trimmed(line.substr(0, equals));
+  const auto device = data::Trimmed(line.substr(equals + 1));
   int port = 0;
   const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), port);
   if (error != std::errc() || end != number.data() + number.size() || port < 1) return std::nullopt;
@@ -64,7 +60,7 @@ bool PortDirectory::Assign(const std::vector<std::string>& present) {
   bool changed = false;
   for (const auto& device : present) {
     // A name that would not come back from the text as it was cannot be kept there.
-    if (!IsName(device) || Trimmed(device) != device || HasNumber(device)) continue;
+    if (!IsName(device) || data::Trimmed(device) != device || HasNumber(device)) continue;
     Append(LowestFreeNumber(present), device);
     changed = true;
   }

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "data/data_file.h"
+#include "data/axis_ranges.h"
 #include "graph/plot_settings.h"
 #include "graph/value_arrays.h"
 #include "reports/map_to_position.h"

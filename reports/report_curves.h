@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/data_file.h"
+#include "data/axis_ranges.h"
 #include "graph/plot_settings.h"
 #include "graph/value_arrays.h"
 #include "platform/drawing_surface.h"

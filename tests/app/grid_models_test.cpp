@@ -63,6 +63,16 @@ TEST(GridModels, ColumnZeroIsTheVerticalHeaderInTheRunsColour) {
   EXPECT_EQ(tables.grid1.CornerTitle(), "No.");
 }
 
+TEST(GridModels, ARowHasTheColourOfItsCurve) {
+  Tables tables;
+  tables.document.Load(data::ParseDataFile("No.,Time\n1.6,0\n-1,0\n40000,0\nx,0\n"), "a", "");
+  const auto color = [&](int row) { return tables.grid1.index(row, 0).data(Qt::ForegroundRole); };
+  EXPECT_EQ(color(0).value<QColor>(), QColor(255, 0, 0)) << "run 1";
+  EXPECT_EQ(color(1).value<QColor>(), QColor(255, 204, 255)) << "a number, but no run: entry 0";
+  EXPECT_EQ(color(2).value<QColor>(), QColor(255, 204, 255));
+  EXPECT_FALSE(color(3).isValid()) << "no number";
+}
+
 TEST(GridModels, DisplayTableShowsTheChosenColumns) {
   Tables tables;
   tables.Append({"1.5", "mPa.s", "25", "C"});

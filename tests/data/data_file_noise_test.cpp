@@ -73,7 +73,7 @@ void ExpectSoundDocument(const Document& document) {
   }
   ASSERT_EQ(table.TextMatrix(table.EntryRow(), 0), "");
   ASSERT_GE(document.RunCount(), 0);
-  ASSERT_LE(document.RunCount(), Document::kMaxRuns);
+  ASSERT_LE(document.RunCount(), kMaxRuns);
   ASSERT_GE(document.Grid4().Rows(), document.RunCount() + 1);
 }
 
@@ -81,7 +81,7 @@ void ExpectTheSameAfterWritingAndReading(const std::string& bytes) {
   Laboratory first;
   first.Open(bytes);
   ASSERT_NO_FATAL_FAILURE(ExpectSoundDocument(first.document));
-  const std::string written = Bytes(first.document);
+  const std::string written = first.Bytes();
   ASSERT_TRUE(IsUtf8(written));
   Laboratory second;
   second.Open(written);
@@ -90,7 +90,7 @@ void ExpectTheSameAfterWritingAndReading(const std::string& bytes) {
   ASSERT_EQ(Runs(second), Runs(first));
   ASSERT_EQ(second.document.RunCount(), first.document.RunCount());
   ASSERT_EQ(second.document.List2(), first.document.List2());
-  ASSERT_EQ(Bytes(second.document), written);
+  ASSERT_EQ(second.Bytes(), written);
 }
 
 TEST(DataFileNoise, RandomBytesAreReadAndComeBackAsTheyWereRead) {
@@ -126,7 +126,7 @@ TEST(DataFileNoise, LinesOfBothSeparatorsGiveASoundDocument) {
     lab.Open(bytes);
     ASSERT_NO_FATAL_FAILURE(ExpectSoundDocument(lab.document));
     Laboratory again;
-    again.Open(Bytes(lab.document));
+    again.Open(lab.Bytes());
     ASSERT_NO_FATAL_FAILURE(ExpectSoundDocument(again.document));
   }
 }

@@ -27,17 +27,6 @@ Rows Readings(const DataFileContents& contents) {
 
 Texts Titles(const DataFileContents& contents) { return RowTexts(contents.table, 0); }
 
-TEST(SplitFields, AreDividedByTheSeparatorAlone) {
-  EXPECT_THAT(SplitFields("Info,No.1,a b;c", ','), ElementsAre("Info", "No.1", "a b;c"));
-  EXPECT_THAT(SplitFields("Info;No.1;1,5", ';'), ElementsAre("Info", "No.1", "1,5"));
-}
-
-TEST(SplitFields, EmptyFieldsCount) {
-  EXPECT_THAT(SplitFields("", ','), ElementsAre(""));
-  EXPECT_THAT(SplitFields(",", ','), ElementsAre("", ""));
-  EXPECT_THAT(SplitFields(",a,,b,", ','), ElementsAre("", "a", "", "b", ""));
-}
-
 TEST(DataFile, TheTitleRowNamesTheColumns) {
   EXPECT_THAT(Titles(ParseDataFile("No.,Time,Viscosity,Unit1,Temp\r\n")),
               ElementsAre("No.", "Time", "Viscosity", "Unit1", "Temp"));
@@ -56,7 +45,9 @@ TEST(DataFile, ATitleRowDividedBySemicolonsDividesTheWholeFile) {
   EXPECT_EQ(contents.separator, ';');
   EXPECT_THAT(Readings(contents), ElementsAre(Texts{"1", "00:00:00", "1,5"}));
   EXPECT_EQ(contents.runs.TextMatrix(1, 1), "Oil,new");
-  EXPECT_THAT(contents.axis, ElementsAre("2", "3", "0,5"));
+  EXPECT_EQ(contents.axis.ViscoColumn, 2);
+  EXPECT_EQ(contents.axis.TempColumn, 3);
+  EXPECT_EQ(contents.axis.TimeMin, 0.5);
   EXPECT_EQ(contents.date, "2002/03/20");
   EXPECT_EQ(contents.remarks, "a b,c");
 }
@@ -77,7 +68,7 @@ TEST(DataFile, AnEmptyFileIsAnEmptyDocument) {
     EXPECT_EQ(contents.separator, ',');
     EXPECT_EQ(contents.date, std::nullopt);
     EXPECT_EQ(contents.remarks, std::nullopt);
-    EXPECT_THAT(contents.axis, IsEmpty());
+    EXPECT_EQ(contents.axis.ViscoColumn, std::nullopt);
     EXPECT_THAT(contents.List2, IsEmpty());
   }
 }
@@ -233,14 +224,15 @@ TEST(DataFile, KeyLinesMayStandAnywhere) {
       ParseDataFile("Date,d\r\nAxis,2,3\r\nInfo,t\r\nNo.,Time\r\n1,0\r\nInfo,No.1,Oil\r\n1,1\r\n");
   EXPECT_THAT(Readings(contents), ElementsAre(Texts{"1", "0"}, Texts{"1", "1"}));
   EXPECT_EQ(contents.date, "d");
-  EXPECT_THAT(contents.axis, ElementsAre("2", "3"));
+  EXPECT_EQ(contents.axis.ViscoColumn, 2);
+  EXPECT_EQ(contents.axis.TempColumn, 3);
   EXPECT_EQ(contents.runs.TextMatrix(1, 1), "Oil");
 }
 
 TEST(DataFile, KeysAreTheFirstFourCharactersWhateverFollows) {
   const auto contents = ParseDataFile("No.,Time\r\nDates,d\r\nAxis\r\nInfo\r\n");
   EXPECT_EQ(contents.date, ",d");
-  EXPECT_THAT(contents.axis, ElementsAre(""));
+  EXPECT_EQ(contents.axis.ViscoColumn, std::nullopt);
   EXPECT_THAT(Readings(contents), IsEmpty());
 }
 
@@ -260,8 +252,26 @@ TEST(DataFile, TheRestOfADateLineIsTheDate) {
   EXPECT_EQ(ParseDataFile("No.,Time\r\nDate\r\n").date, "");
 }
 
-TEST(DataFile, TheFieldsOfTheLastAxisLineAreKeptAsTexts) {
-  EXPECT_THAT(ParseDataFile("Axis,1,2\r\nAxis,2, 4 ,,x,\r\n").axis, ElementsAre("2", " 4 ", "", "x", ""));
+TEST(DataFile, TheLastAxisLineCounts) {
+  const AxisValues axis = ParseDataFile("Axis,1,2,3\r\nAxis,2, 4 ,,x,7\r\n").axis;
+  EXPECT_EQ(axis.ViscoColumn, 2);
+  EXPECT_EQ(axis.TempColumn, 4);
+  EXPECT_EQ(axis.TimeMin, std::nullopt);
+  EXPECT_EQ(axis.TimeMax, std::nullopt);
+  EXPECT_EQ(axis.ViscoMin, 7);
+  EXPECT_EQ(axis.ViscoMax, std::nullopt);
+}
+
+TEST(DataFile, AnAxisLineTellsColumnsRangesAndMenuItemsInThisOrder) {
+  const AxisValues axis = ParseDataFile("Axis,1,2,3,4,5,6,7,8,9,10,a,b,c,d,e\r\n").axis;
+  const std::optional<double> numbers[] = {axis.ViscoColumn, axis.TempColumn, axis.TimeMin, axis.TimeMax,
+                                           axis.ViscoMin,    axis.ViscoMax,   axis.TempMin, axis.TempMax,
+                                           axis.ViscoLogMin, axis.ViscoLogMax};
+  EXPECT_THAT(numbers, ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 9, 10));
+  EXPECT_EQ(axis.TimeS, "a");
+  EXPECT_EQ(axis.mLog, "b");
+  EXPECT_EQ(axis.LW, "c");
+  EXPECT_EQ(axis.MK, "d");
 }
 
 TEST(DataFile, EverySeparatorOfTheRemarksIsABlank) {
@@ -284,7 +294,7 @@ TEST(DataFile, EveryLineBehindTheMemoLineIsAMemoLineWhateverItBeginsWith) {
     EXPECT_EQ(contents.date, "yes");
     EXPECT_EQ(contents.separator, ',');
     EXPECT_EQ(contents.run_count, 0);
-    EXPECT_THAT(contents.axis, IsEmpty());
+    EXPECT_EQ(contents.axis.ViscoColumn, std::nullopt);
     EXPECT_THAT(AllTexts(contents.table), ElementsAre(Texts{"No.", "Time"}));
   }
 }

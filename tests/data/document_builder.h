@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/data_file_writer.h"
 #include "data/document.h"
 #include "tests/data/naive_table.h"
 
@@ -21,12 +22,6 @@ inline Moment After(double seconds) {
   return {now, static_cast<std::int64_t>(std::floor(now))};
 }
 
-inline std::string Bytes(const Document& document) {
-  std::string bytes;
-  document.Write([&](std::string_view piece) { bytes += piece; });
-  return bytes;
-}
-
 // A document with the settings that it looks at.
 struct Laboratory {
   SettingsList settings;
@@ -36,6 +31,12 @@ struct Laboratory {
 
   void Open(std::string bytes) {
     document.Load(ParseDataFile(std::move(bytes)), "file.csv", "2002/03/20 12:00:00");
+  }
+
+  std::string Bytes() const {
+    std::string bytes;
+    WriteDataFile(document, settings, [&](std::string_view piece) { bytes += piece; });
+    return bytes;
   }
 
   bool Append(std::initializer_list<std::string_view> fields, double seconds) {

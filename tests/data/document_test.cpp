@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "data/data_file_writer.h"
 #include "tests/data/document_builder.h"
 
 namespace quenlor::data {
@@ -217,14 +218,14 @@ TEST_F(DocumentTest, RunNumbersEndAt32767) {
 
 TEST_F(DocumentTest, AReadingRefusedForWantOfRunNumbersChangesNothing) {
   lab.Open("No.,Time,Viscosity\r\n32767,00:00:00,1\r\n");
-  const std::string before = Bytes(document);
+  const std::string before = lab.Bytes();
   document.BeginMeasurement();
   listener.heard.clear();
   bool filled = false;
   const std::string_view fields[] = {"1", "2", "3", "4"};
   EXPECT_FALSE(document.AppendReading(fields, After(0), [&](Document::Row) { filled = true; }));
   EXPECT_FALSE(filled);
-  EXPECT_EQ(Bytes(document), before);
+  EXPECT_EQ(lab.Bytes(), before);
   EXPECT_FALSE(document.DataChanged());
   EXPECT_EQ(document.StartTime(), 0);
   EXPECT_THAT(listener.heard, IsEmpty());
@@ -355,7 +356,7 @@ TEST(DocumentTexts, EditedTextsAreOneLineSoThatFilesStayWhole) {
   document.SetRemarks("two\nlines");
 
   std::string file;
-  document.Write([&](std::string_view piece) { file += piece; });
+  WriteDataFile(document, settings, [&](std::string_view piece) { file += piece; });
   const DataFileContents read_back = ParseDataFile(file);
   EXPECT_EQ(read_back.table.Rows(), 3);
   EXPECT_EQ(read_back.table.TextMatrix(1, 2), "7");
@@ -376,7 +377,7 @@ TEST(DocumentTexts, ADocumentThatHoldsCommasIsNeverDividedByThem) {
   document.SetFieldSeparator(',');
   EXPECT_EQ(document.FieldSeparator(), ';') << "the menu's Dot does not tear them either";
   std::string file;
-  document.Write([&](std::string_view piece) { file += piece; });
+  WriteDataFile(document, settings, [&](std::string_view piece) { file += piece; });
   EXPECT_EQ(ParseDataFile(file).table.TextMatrix(1, 2), "1,5");
 
   document.Load(ParseDataFile("No.;Time;A\r\n1;0;1,5\r\n"), "b.csv", "");

@@ -124,9 +124,9 @@ TEST_F(EditChoiceTest, AnEditedTitleBecomesTheColumns) {
 }
 
 TEST_F(EditChoiceTest, WhereNothingIsEditedNothingChanges) {
-  const std::string before = Bytes(document);
+  const std::string before = lab.Bytes();
   ApplyEdit(Choose(kEntryRow, kEntryRow, 2, 2), "text", document);
-  EXPECT_EQ(Bytes(document), before);
+  EXPECT_EQ(lab.Bytes(), before);
 }
 
 TEST_F(EditChoiceTest, WholeRowsOfReadingsMayBeDeleted) {

@@ -104,5 +104,19 @@ TEST(RunTable, ColumnsBeyondTheLastPossibleOneAreNotKept) {
   EXPECT_LE(table.Cols(), RunTable::kMostCols);
 }
 
+TEST(RunNumber, IsTheNumberAtTheStartOfTheCellWithoutItsDecimals) {
+  EXPECT_EQ(RunNumber("1"), 1);
+  EXPECT_EQ(RunNumber(" 12x"), 12);
+  EXPECT_EQ(RunNumber("1.6"), 1);
+  EXPECT_EQ(RunNumber("1,6"), 1);
+  EXPECT_EQ(RunNumber("32767"), 32767);
+  EXPECT_EQ(RunNumber("32767.9"), 32767);
+}
+
+TEST(RunNumber, IsZeroForEverythingThatIsNoRun) {
+  for (const char* cell : {"", "No.1", "0", "0.9", "-1", "32768", "1E9", "1E999"})
+    EXPECT_EQ(RunNumber(cell), 0) << cell;
+}
+
 }  // namespace
 }  // namespace quenlor::data

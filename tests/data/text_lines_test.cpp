@@ -61,5 +61,23 @@ TEST(TextLines, NothingComesAfterTheLastLine) {
   EXPECT_EQ(lines.Next(), std::nullopt);
 }
 
+TEST(SplitFields, AreDividedByTheSeparatorAlone) {
+  EXPECT_THAT(SplitFields("Info,No.1,a b;c", ','), ElementsAre("Info", "No.1", "a b;c"));
+  EXPECT_THAT(SplitFields("Info;No.1;1,5", ';'), ElementsAre("Info", "No.1", "1,5"));
+}
+
+TEST(SplitFields, EmptyFieldsCount) {
+  EXPECT_THAT(SplitFields("", ','), ElementsAre(""));
+  EXPECT_THAT(SplitFields(",", ','), ElementsAre("", ""));
+  EXPECT_THAT(SplitFields(",a,,b,", ','), ElementsAre("", "a", "", "b", ""));
+}
+
+TEST(Trimmed, LosesBlanksAndTabsAtBothEndsAlone) {
+  EXPECT_EQ(Trimmed(" \t a b\t "), "a b");
+  EXPECT_EQ(Trimmed(" \t "), "");
+  EXPECT_EQ(Trimmed(""), "");
+  EXPECT_EQ(Trimmed("a\r"), "a\r");
+}
+
 }  // namespace
 }  // namespace quenlor::data

@@ -341,5 +341,13 @@ TEST(TimeToSeconds, PartsTooLargeGiveTheLargestNumber) {
   EXPECT_EQ(TimeToSeconds("1E308:-1E308"), 0) << "and never something that is no number";
 }
 
+TEST(Bounded, GivesTheNearestFiniteNumber) {
+  using Double = std::numeric_limits<double>;
+  EXPECT_EQ(Bounded(Double::infinity()), Double::max());
+  EXPECT_EQ(Bounded(-Double::infinity()), Double::lowest());
+  EXPECT_EQ(Bounded(Double::quiet_NaN()), 0);
+  EXPECT_EQ(Bounded(-2.5), -2.5);
+}
+
 }  // namespace
 }  // namespace quenlor::data

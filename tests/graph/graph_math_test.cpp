@@ -113,13 +113,6 @@ TEST(C_XY, LeavesTheOthersAsTheyAreInSinglePrecision) {
 
 TEST(C_XY, WhatIsNoNumberIsZero) { EXPECT_EQ(C_XY(kNan), 0.0F); }
 
-TEST(Bounded, GivesTheNearestFiniteNumber) {
-  EXPECT_EQ(Bounded(kInfinity), kHuge);
-  EXPECT_EQ(Bounded(-kInfinity), -kHuge);
-  EXPECT_EQ(Bounded(kNan), 0);
-  EXPECT_EQ(Bounded(-2.5), -2.5);
-}
-
 TEST(StepsIn, DecimalMultiplesAreWholeNumbersOfSteps) {
   ASSERT_LT(0.3 / 0.1, 3) << "the division this is for";
   EXPECT_EQ(StepsIn(0.3, 0.1), 3);

@@ -122,7 +122,15 @@ TEST(ValueArrays, NumbersWithoutBoundsStayFinite) {
   CopyAll(values, table);
   EXPECT_EQ(values.Time()[0], std::numeric_limits<double>::max());
   EXPECT_EQ(values.Visco()[0], std::numeric_limits<double>::lowest());
-  EXPECT_EQ(values.Runs()[0].number, 1000000000);
+  EXPECT_EQ(values.Runs()[0].number, 0) << "no run has such a number";
+}
+
+TEST(ValueArrays, ARunNumberIsReadWithoutItsDecimals) {
+  ValueArrays values;
+  CopyAll(values, TableOfCells({{"1.6"}, {"2"}, {"-1"}}));
+  EXPECT_EQ(values.Runs()[0].number, 1);
+  EXPECT_EQ(values.Runs()[1].number, 2);
+  EXPECT_EQ(values.Runs()[2].number, 0);
 }
 
 TEST(ValueArrays, ARunIsAStretchOfEqualNumberTexts) {

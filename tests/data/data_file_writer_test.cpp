@@ -30,7 +30,7 @@ void Fill(Laboratory& lab) {
 TEST(DataFileWriting, LinesComeInTheirOrderWithEveryFieldAsItIsShown) {
   Laboratory lab;
   Fill(lab);
-  EXPECT_EQ(Bytes(lab.document),
+  EXPECT_EQ(lab.Bytes(),
             "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n"
             "1,00:00:00,1234.5,mPa.s,25.1,C\r\n"
             "1,00:00:05,1230,mPa.s,25.2,C\r\n"
@@ -49,7 +49,7 @@ TEST(DataFileWriting, UnderTheDecimalCommaEveryLineIsDividedBySemicolons) {
   Laboratory lab;
   lab.settings.Set(setting::kDP, 1);
   Fill(lab);
-  EXPECT_EQ(Bytes(lab.document),
+  EXPECT_EQ(lab.Bytes(),
             "No.;Time;Viscosity;Unit1;Temp;Unit2\r\n"
             "1;00:00:00;1234.5;mPa.s;25.1;C\r\n"
             "1;00:00:05;1230;mPa.s;25.2;C\r\n"
@@ -66,7 +66,7 @@ TEST(DataFileWriting, UnderTheDecimalCommaEveryLineIsDividedBySemicolons) {
 
 TEST(DataFileWriting, ADocumentThatWasNeverTouchedIsWrittenToo) {
   const Laboratory lab;
-  EXPECT_EQ(Bytes(lab.document),
+  EXPECT_EQ(lab.Bytes(),
             "No.,Time\r\n"
             "Axis,2,3,0,180,0,100,0,100,0,2,1,0,2,0\r\n"
             "Date,\r\n"
@@ -76,19 +76,19 @@ TEST(DataFileWriting, ADocumentThatWasNeverTouchedIsWrittenToo) {
 TEST(DataFileWriting, ADocumentWithoutRunsHasNoInfoLines) {
   Laboratory lab;
   lab.Open(std::string(kTitles));
-  EXPECT_THAT(Bytes(lab.document), Not(HasSubstr("Info")));
+  EXPECT_THAT(lab.Bytes(), Not(HasSubstr("Info")));
   lab.AppendRun();
-  EXPECT_THAT(Bytes(lab.document), HasSubstr("Info"));
+  EXPECT_THAT(lab.Bytes(), HasSubstr("Info"));
 }
 
 TEST(DataFileWriting, TheEntryRowIsNeverWritten) {
   Laboratory lab;
   lab.Open(std::string(kTitles));
-  EXPECT_THAT(Bytes(lab.document), StartsWith(std::string(kTitles) + "Axis"));
+  EXPECT_THAT(lab.Bytes(), StartsWith(std::string(kTitles) + "Axis"));
   lab.AppendRun({"1", "2", "3", "4"});
-  EXPECT_THAT(Bytes(lab.document), StartsWith(std::string(kTitles) + "1,00:00:00,1,2,3,4\r\nInfo"));
+  EXPECT_THAT(lab.Bytes(), StartsWith(std::string(kTitles) + "1,00:00:00,1,2,3,4\r\nInfo"));
   lab.document.RemoveRows(1, 1);
-  EXPECT_THAT(Bytes(lab.document), StartsWith(std::string(kTitles) + "Info"));
+  EXPECT_THAT(lab.Bytes(), StartsWith(std::string(kTitles) + "Info"));
 }
 
 TEST(DataFileWriting, ADocumentWithSemicolonsReadsBackWithThemWhateverTheCurrentSetting) {
@@ -96,7 +96,7 @@ TEST(DataFileWriting, ADocumentWithSemicolonsReadsBackWithThemWhateverTheCurrent
   comma.settings.Set(setting::kDP, 1);
   comma.Open(std::string(kTitles));
   comma.AppendRun({"1,5", "P", "20,5", "C"});
-  const std::string bytes = Bytes(comma.document);
+  const std::string bytes = comma.Bytes();
   ASSERT_THAT(bytes, StartsWith("No.;"));
   for (const int decimal_point : {0, 1}) {
     Laboratory lab;
@@ -104,7 +104,7 @@ TEST(DataFileWriting, ADocumentWithSemicolonsReadsBackWithThemWhateverTheCurrent
     lab.Open(bytes);
     EXPECT_EQ(lab.document.FieldSeparator(), ';');
     EXPECT_THAT(lab.Row(1), ElementsAre("1", "00:00:00", "1,5", "P", "20,5", "C"));
-    EXPECT_EQ(Bytes(lab.document), bytes);
+    EXPECT_EQ(lab.Bytes(), bytes);
   }
 }
 
@@ -112,7 +112,7 @@ TEST(DataFileWriting, TheSeparatorGivenToTheDocumentDividesItsLines) {
   Laboratory lab;
   lab.Open("No.;Time;a\r\n");
   lab.document.SetFieldSeparator(',');
-  EXPECT_THAT(Bytes(lab.document), StartsWith("No.,Time,a\r\nAxis,"));
+  EXPECT_THAT(lab.Bytes(), StartsWith("No.,Time,a\r\nAxis,"));
 }
 
 TEST(DataFileWriting, BlanksOfTheRemarksAreSeparatorsInTheFileAndComeBackAsBlanks) {
@@ -122,7 +122,7 @@ TEST(DataFileWriting, BlanksOfTheRemarksAreSeparatorsInTheFileAndComeBackAsBlank
     lab.Open(std::string(kTitles));
     for (const std::string remarks : {"", " ", "Oil", " Oil  5 new ", "Remarks:          ", "\xC2\xB5 Oil"}) {
       lab.document.SetRemarks(remarks);
-      const std::string bytes = Bytes(lab.document);
+      const std::string bytes = lab.Bytes();
       EXPECT_THAT(bytes.substr(bytes.find("Memo")), Not(HasSubstr(" ")));
       EXPECT_EQ(ParseDataFile(bytes).remarks, remarks);
     }
@@ -135,15 +135,14 @@ TEST(DataFileWriting, TheRowsAreThoseOfTheTableAfterEditsAndDeletions) {
   lab.document.SetCell(3, 5, "F");
   lab.document.SetTitle(2, "Torque");
   lab.document.RemoveRows(1, 2);
-  EXPECT_THAT(Bytes(lab.document),
-              StartsWith("No.,Time,Torque,Unit1,Temp,Unit2\r\n2,00:00:00,999,mPa.s,,F\r\nInfo"));
+  EXPECT_THAT(lab.Bytes(), StartsWith("No.,Time,Torque,Unit1,Temp,Unit2\r\n2,00:00:00,999,mPa.s,,F\r\nInfo"));
 }
 
 TEST(DataFileWriting, LimitsComeBackAsTheyWere) {
   Laboratory lab;
   Fill(lab);
   Laboratory other;
-  other.Open(Bytes(lab.document));
+  other.Open(lab.Bytes());
   const AxisRanges& ranges = other.document.Ranges();
   EXPECT_EQ(ranges.TimeMin, 0);
   EXPECT_EQ(ranges.TimeMax, 12.5);
@@ -159,7 +158,7 @@ TEST(DataFileWriting, TheSettingsOfTheAxisLineComeBack) {
   Laboratory lab;
   Fill(lab);
   SettingsList settings;
-  ApplyAxisSettings(ParseDataFile(Bytes(lab.document)).axis, settings);
+  ApplyAxisSettings(ParseDataFile(lab.Bytes()).axis, settings);
   for (const int element : {setting::kTimeS, setting::kLog, setting::kLW, setting::kMK}) {
     EXPECT_EQ(settings[element], lab.settings[element]) << element;
   }
@@ -171,7 +170,7 @@ TEST(DataFileWriting, ALargeDocumentIsHandedOverInFewPieces) {
   for (int i = 0; i < 100'000; ++i) lab.Append({"1234.5", "mPa.s", "25.1", "C"}, i);
   std::string bytes;
   std::size_t pieces = 0;
-  lab.document.Write([&](std::string_view piece) {
+  WriteDataFile(lab.document, lab.settings, [&](std::string_view piece) {
     bytes += piece;
     ++pieces;
   });
@@ -251,7 +250,7 @@ TEST_P(RandomDocuments, HoldWhatTheFileSaysAndAreWrittenAsItStands) {
     NaiveFile shown = file;
     shown.axis[0] = std::to_string(lab.document.ViscoColumn());
     shown.axis[1] = std::to_string(lab.document.TempColumn());
-    ASSERT_EQ(Bytes(lab.document), shown.Text(GetParam(), "\r\n"));
+    ASSERT_EQ(lab.Bytes(), shown.Text(GetParam(), "\r\n"));
   }
 }
 
