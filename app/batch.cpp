@@ -6,14 +6,10 @@
 #include <stdexcept>
 #include <utility>
 
-#include "app/load_document.h"
-#include "app/read_only_files.h"
-#include "app/settings_file.h"
-#include "graph/color_settings.h"
+#include "app/desk/read_only_files.h"
+#include "app/desk/session.h"
 #include "graph/graph_picture.h"
-#include "graph/live_graph.h"
 #include "graph/plot.h"
-#include "graph/plot_look.h"
 #include "platform/qt/page_painter.h"
 #include "platform/qt/picture_file.h"
 #include "reports/page_record.h"
@@ -27,38 +23,23 @@ using platform::DrawingSurface;
 
 constexpr std::string_view kStandardInput = "-";
 
-// A document opened as the window opens one, without a window: nobody looks while it changes.
-class OpenedFile : private graph::GraphView {
+// A document opened as the window opens one, without a window.
+class OpenedFile {
  public:
   OpenedFile(const ReadOnlyFiles& files, const BatchPorts& ports, graph::GraphKind kind)
-      : files_(files), settings_(files_, ports.program_folder, ports.system_writes_comma) {
-    settings_.LoadSettings();
-    colors_ = graph::LoadColor(files_, ports.program_folder + "/Color.txt");
-    graph_.SetKind(kind);
+      : files_(files), session_(files_, ports.program_folder, ports.system_writes_comma) {
+    session_.Graph().SetKind(kind);
   }
 
   void Load(const std::string& path, std::string bytes) {
-    const std::string date = path == kStandardInput ? std::string() : FileDate(files_, path);
-    LoadDocument(path, std::move(bytes), date, settings_.List(), document_);
+    session_.Load(path, std::move(bytes), path == kStandardInput ? std::string() : FileDate(files_, path));
   }
 
-  const data::Document& Document() const { return document_; }
-  const graph::LiveGraph& Graph() const { return graph_; }
-  graph::PlotSettings Look(int plot_width) const {
-    return graph::PlotLook(graph_, settings_.List(), colors_, plot_width);
-  }
-  graph::Captions Captions() const { return graph::CaptionsOf(document_, graph_); }
+  const Session* operator->() const { return &session_; }
 
  private:
-  void Fig() override {}
-  void PlotRow(data::Document::Row) override {}
-  void CaptionsChanged() override {}
-
   ReadOnlyFiles files_;
-  SettingsFile settings_;
-  data::Document document_{settings_.List()};
-  graph::LiveGraph graph_{document_, settings_.List(), *this};
-  graph::ColorSettings colors_;
+  Session session_;
 };
 
 class Batch {
@@ -121,9 +102,9 @@ class Batch {
     std::vector<reports::PageRecord> pages;
     const bool all = ForEachFile([&](const OpenedFile& file) {
       reports::PageRecord& page = pages.emplace_back(size.width, size.height, platform::qt::MeasureText);
-      const graph::Captions captions = file.Captions();
-      reports::Draw(
-          page, {captions, file.Graph().Values(), file.Look(page.Whole().width), file.Document().Ranges()});
+      const graph::Captions captions = file->Captions();
+      reports::Draw(page, {captions, file->Graph().Values(), file->Look(page.Whole().width),
+                           file->Document().Ranges()});
     });
     if (!all) return ExitStatus::kCannotRead;
     return WriteFile(platform::qt::PdfOf(
@@ -134,10 +115,10 @@ class Batch {
   ExitStatus Graph() {
     std::string picture;
     const bool all = ForEachFile([&](const OpenedFile& file) {
-      graph::Plot plot(file.Graph().Values());
-      plot.Set(file.Look(options_.width), file.Document().Ranges());
+      graph::Plot plot(file->Graph().Values());
+      plot.Set(file->Look(options_.width), file->Document().Ranges());
       const auto draw = [&](DrawingSurface& surface) {
-        graph::DrawGraphPicture(surface, plot, file.Captions());
+        graph::DrawGraphPicture(surface, plot, file->Captions());
       };
       const QSize pixels(options_.width, options_.height);
       if (options_.picture == PictureFormat::kPng) picture = platform::qt::PngOf(pixels, draw);
@@ -158,7 +139,7 @@ class Batch {
     const char decimal_point = for_people && ports_.system_writes_comma ? ',' : '.';
     std::vector<Kept> kept;
     const bool all = ForEachFile([&](const OpenedFile& file) {
-      const data::Document& document = file.Document();
+      const data::Document& document = file->Document();
       kept.push_back({document.FileName(),
                       document.Date(),
                       {document.Grid1(), document.ViscoColumn(), document.TempColumn(), decimal_point}});

@@ -8,8 +8,8 @@
 #include <cmath>
 #include <utility>
 
-#include "app/grid_models.h"
 #include "app/plain_tip.h"
+#include "app/window/grid_models.h"
 #include "data/utf8.h"
 #include "graph/plot_look.h"
 #include "platform/qt/qt_drawing_surface.h"

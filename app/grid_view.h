@@ -4,7 +4,7 @@
 #include <QElapsedTimer>
 #include <QTableView>
 
-#include "app/grid_models.h"
+#include "app/window/grid_models.h"
 
 namespace quenlor::app {
 

@@ -5,8 +5,8 @@
 
 #include "app/batch_program.h"
 #include "app/command_line.h"
+#include "app/desk/version.h"
 #include "app/program.h"
-#include "app/version.h"
 #include "instrument/viscometer_options.h"
 
 namespace {

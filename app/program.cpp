@@ -2,8 +2,8 @@
 #include "app/program.h"
 
 #include "app/decimal_point.h"
+#include "app/desk/ports_file.h"
 #include "app/port_switch.h"
-#include "app/ports_file.h"
 #include "app/program_folder.h"
 #include "app/virtual_port.h"
 #include "platform/qt/qt_clipboard.h"

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/command_line.h"
-#include "app/main_window.h"
+#include "app/window/main_window.h"
 #include "instrument/viscometer_options.h"
 
 namespace quenlor::app {

@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <ctime>
 
-#include "app/main_window.h"
+#include "app/window/main_window.h"
 #include "bench/readings.h"
 #include "platform/memory/memory_serial_port.h"
 #include "platform/memory/scripted_dialogs.h"

@@ -4,27 +4,17 @@
 #include <string>
 #include <utility>
 
-#include "data/document.h"
-#include "data/settings_list.h"
-#include "graph/live_graph.h"
+#include "app/desk/session.h"
+#include "platform/memory/memory_file_system.h"
 
 namespace quenlor::bench {
 
-// A graph that nobody looks at.
-struct NoView : graph::GraphView {
-  void Fig() override {}
-  void PlotRow(data::Document::Row) override {}
-  void CaptionsChanged() override {}
-};
-
 // A document with its graph, ready to be shown, as the program holds them.
 struct OpenDocument {
-  void Open(std::string bytes) { document.Load(data::ParseDataFile(std::move(bytes)), "readings.csv", ""); }
+  void Open(std::string bytes) { session.Load("readings.csv", std::move(bytes), ""); }
 
-  data::SettingsList settings;
-  data::Document document{settings};
-  NoView view;
-  graph::LiveGraph graph{document, settings, view};
+  platform::memory::MemoryFileSystem files;
+  app::Session session{files, "/bench", false};
 };
 
 }  // namespace quenlor::bench

@@ -36,5 +36,6 @@ int main(int argc, char** argv) {
   const double peak = PeakMemory();
   const auto size = static_cast<double>(std::filesystem::file_size(argv[1]));
   std::printf("memory: peak while opening %.0f M readings|%.0f MB|%.0f MB file|%.2f|at most 3\n",
-              static_cast<double>(opened.graph.Values().Size()) / 1e6, peak / 1e6, size / 1e6, peak / size);
+              static_cast<double>(opened.session.Graph().Values().Size()) / 1e6, peak / 1e6, size / 1e6,
+              peak / size);
 }

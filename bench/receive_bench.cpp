@@ -41,8 +41,8 @@ std::string Lines(std::int64_t readings) {
 class Receiver {
  public:
   Receiver()
-      : raw_log_(files_, clock_, opened_.document, ".", [](const std::string&) { std::abort(); }),
-        reception_(port_, clock_, opened_.document, opened_.settings, raw_log_,
+      : raw_log_(files_, clock_, opened_.session.Document(), ".", [](const std::string&) { std::abort(); }),
+        reception_(port_, clock_, opened_.session.Document(), opened_.session.List(), raw_log_,
                    {.line_begins = [] {},
                     .line_received = [](const std::string&) {},
                     .error = [](const std::string&) { std::abort(); },

@@ -30,13 +30,15 @@ std::vector<double> Numbers(const graph::ValueColumn& column, Index begin, Index
 class Redraw {
  public:
   Redraw(Index readings, int runs, GraphKind kind = GraphKind::ViscoTime)
-      : plot_(opened_.graph.Values()), picture_(kPixels, QImage::Format_RGB32), plain_(MakePlain()) {
+      : plot_(opened_.session.Graph().Values()),
+        picture_(kPixels, QImage::Format_RGB32),
+        plain_(MakePlain()) {
     opened_.Open(DataFileText(readings, runs, kind == GraphKind::ViscoTemp));
     graph::PlotSettings settings;
     settings.kind = kind;
-    plot_.Set(settings, opened_.document.Ranges());
+    plot_.Set(settings, opened_.session.Document().Ranges());
     plain_ = MakePlain();
-    for (std::size_t run = 0; run < opened_.graph.Values().Runs().size(); ++run) AddPlainRun(run);
+    for (std::size_t run = 0; run < opened_.session.Graph().Values().Runs().size(); ++run) AddPlainRun(run);
   }
 
   double Ours() {
@@ -57,7 +59,7 @@ class Redraw {
 
  private:
   PlainCurves MakePlain() const {
-    const data::AxisRanges& ranges = opened_.document.Ranges();
+    const data::AxisRanges& ranges = opened_.session.Document().Ranges();
     const bool over_temp = plot_.Settings().kind == GraphKind::ViscoTemp;
     const double x_min = over_temp ? ranges.TempMin : ranges.TimeMin;
     const double x_max = over_temp ? ranges.TempMax : ranges.TimeMax;
@@ -68,7 +70,7 @@ class Redraw {
   }
 
   void AddPlainRun(std::size_t run) {
-    const graph::ValueArrays& values = opened_.graph.Values();
+    const graph::ValueArrays& values = opened_.session.Graph().Values();
     const Index begin = values.Runs()[run].first;
     const Index end = values.RunEnd(run);
     const graph::ValueColumn& xs =

@@ -40,7 +40,7 @@ Pair Save(std::int64_t readings) {
   const auto opened = std::make_shared<OpenDocument>();
   opened->Open(DataFileText(readings));
   const auto bytes = std::make_shared<std::string>();
-  data::WriteDataFile(opened->document, opened->settings,
+  data::WriteDataFile(opened->session.Document(), opened->session.List(),
                       [&](std::string_view piece) { bytes->append(piece); });
   const auto remove = std::shared_ptr<void>(nullptr, [](void*) {
     ::unlink(kSaved);
@@ -50,7 +50,7 @@ Pair Save(std::int64_t readings) {
               [opened, remove] {
                 return Seconds([&] {
                   Require(!platform::qt::QtFileSystem().Replace(kSaved, [&](platform::ByteSink& sink) {
-                    data::WriteDataFile(opened->document, opened->settings,
+                    data::WriteDataFile(opened->session.Document(), opened->session.List(),
                                         [&](std::string_view piece) { sink.Write(piece); });
                   }));
                 });

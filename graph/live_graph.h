@@ -14,13 +14,13 @@
 
 namespace quenlor::graph {
 
-// What has to be shown anew.
+// What has to be shown anew. One that answers nothing is a graph that nobody looks at.
 class GraphView {
  public:
   virtual ~GraphView() = default;
-  virtual void Fig() = 0;                             // everything
-  virtual void PlotRow(data::Document::Row row) = 0;  // the newest reading, upon what is there
-  virtual void CaptionsChanged() = 0;                 // texts around the plot
+  virtual void Fig() {}                                 // everything
+  virtual void PlotRow(data::Document::Row /*row*/) {}  // the newest reading, upon what is there
+  virtual void CaptionsChanged() {}                     // texts around the plot
 };
 
 // The graph of the open document while it changes: its values, its automatic ranges, its captions.

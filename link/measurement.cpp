@@ -21,8 +21,7 @@ constexpr std::string_view kAnsweredRequest = "QM";
 }  // namespace
 
 Measurement::Measurement(const MeasurementPorts& ports, data::Document& document,
-                         const data::SettingsList& settings, const std::string& program_folder,
-                         MeasurementListener& listener)
+                         const data::SettingsList& settings, const std::string& program_folder)
     : MSComm1_(ports.MSComm1),
       clock_(ports.clock),
       Timer1_(ports.Timer1),
@@ -30,16 +29,18 @@ Measurement::Measurement(const MeasurementPorts& ports, data::Document& document
       loop_(ports.loop),
       document_(document),
       settings_(settings),
-      listener_(listener),
       raw_log_(ports.files, ports.clock, document, program_folder,
-               [this](const std::string& line) { listener_.ErrorLine(line); }),
+               [this](const std::string& line) { ErrorLine(line); }),
       reception_(ports.MSComm1, ports.clock, document, settings, raw_log_,
                  {.line_begins = [this] { Timer2_.Enabled(false); },
-                  .line_received = [this](const std::string& line) { listener_.LineReceived(line); },
-                  .error = [this](const std::string& line) { listener_.ErrorLine(line); },
+                  .line_received =
+                      [this](const std::string& line) {
+                        for (MeasurementListener* listener : listeners_) listener->LineReceived(line);
+                      },
+                  .error = [this](const std::string& line) { ErrorLine(line); },
                   .runs_used_up =
                       [this] {
-                        listener_.ErrorLine("Overflow");
+                        ErrorLine("Overflow");
                         ClosePort();
                       }}) {
   Timer1_.Interval(kRequestTick);
@@ -53,6 +54,14 @@ Measurement::~Measurement() {
   MSComm1_.OnComm({});
   Timer1_.Enabled(false);
   Timer2_.Enabled(false);
+}
+
+void Measurement::StateChanged() {
+  for (MeasurementListener* listener : listeners_) listener->StateChanged();
+}
+
+void Measurement::ErrorLine(const std::string& line) {
+  for (MeasurementListener* listener : listeners_) listener->ErrorLine(line);
 }
 
 std::optional<platform::OpenFailure> Measurement::Start() {
@@ -78,7 +87,7 @@ std::optional<platform::OpenFailure> Measurement::OpenPort() {
   const auto port = ApplyPortSettings(settings_);
   if (!port) return platform::OpenFailure{"", "a choice of the RS-232C menu is missing", ""};
   if (auto failure = MSComm1_.Open(port->CommPort, port->Settings)) return failure;
-  listener_.StateChanged();
+  StateChanged();
   loop_.Paint();
   MSComm1_.RTSEnable(true);
   if (const auto failed = raw_log_.RewriteRawLog(port->CommPort)) {
@@ -95,7 +104,7 @@ void Measurement::Stop() {
     CommandText = kStopWord;
     SendCommand(CommandText);
     stopping_ = true;
-    listener_.StateChanged();
+    StateChanged();
     WaitSeconds(kStopSeconds);
     stopping_ = false;
   }
@@ -118,7 +127,7 @@ void Measurement::ClosePort() {
   raw_log_.Close();
   UpdateRepeatTimer();
   Timer2_.Enabled(false);
-  listener_.StateChanged();
+  StateChanged();
 }
 
 void Measurement::UpdateRepeatTimer() {

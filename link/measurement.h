@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/document.h"
 #include "data/settings_list.h"
@@ -27,13 +28,13 @@ struct MeasurementPorts {
   platform::FileSystem& files;
 };
 
-// Told what happens in a measurement; the main window and the Error window show it.
+// Told what happens in a measurement.
 class MeasurementListener {
  public:
   virtual ~MeasurementListener() = default;
-  virtual void StateChanged() = 0;  // Running or Stopping is another than before
-  virtual void LineReceived(const std::string& line) = 0;
-  virtual void ErrorLine(const std::string& line) = 0;
+  virtual void StateChanged() {}  // Running or Stopping is another than before
+  virtual void LineReceived(const std::string& /*line*/) {}
+  virtual void ErrorLine(const std::string& /*line*/) {}
 };
 
 // Runs one measurement after the other: start word, repeat requests, auto stop, reply watchdog, and the end.
@@ -44,13 +45,17 @@ class MeasurementListener {
 class Measurement {
  public:
   Measurement(const MeasurementPorts& ports, data::Document& document, const data::SettingsList& settings,
-              const std::string& program_folder, MeasurementListener& listener);
+              const std::string& program_folder);
   ~Measurement();
   Measurement(const Measurement&) = delete;
   Measurement& operator=(const Measurement&) = delete;
 
+  void AddListener(MeasurementListener& listener) { listeners_.push_back(&listener); }
+  void RemoveListener(MeasurementListener& listener) { std::erase(listeners_, &listener); }
+
   bool Running() const { return MSComm1_.PortOpen(); }
   bool Stopping() const { return stopping_; }
+  int CommPort() const { return MSComm1_.CommPort(); }  // of the measurement that runs, or ran last
 
   // Opens the port of the settings and starts. On failure the measurement is stopped and nothing was sent.
   std::optional<platform::OpenFailure> Start();
@@ -76,6 +81,8 @@ class Measurement {
   void Timer2_Timer();
 
  private:
+  void StateChanged();
+  void ErrorLine(const std::string& line);
   std::optional<platform::OpenFailure> OpenPort();
   void ClosePort();
   void UpdateRepeatTimer();
@@ -91,7 +98,7 @@ class Measurement {
   platform::EventLoop& loop_;
   data::Document& document_;
   const data::SettingsList& settings_;
-  MeasurementListener& listener_;
+  std::vector<MeasurementListener*> listeners_;
   RawLog raw_log_;
   Reception reception_;
   std::string CommandText;

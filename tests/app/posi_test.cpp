@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/app/window_bench.h"
+#include "tests/app/window/window_bench.h"
 
 namespace quenlor::app {
 namespace {

@@ -39,6 +39,7 @@ class Bench : private MeasurementListener {
     }
     New();
     measurement.SetCommandData("Q");
+    measurement.AddListener(*this);
   }
 
   // What the operator chooses.
@@ -173,11 +174,7 @@ class Bench : private MeasurementListener {
   platform::memory::MemorySerialPort port;
   RewritingFiles files{clock, *this};
   data::Document document{settings};
-  Measurement measurement{{port, clock, Timer1, Timer2, loop, files},
-                          document,
-                          settings,
-                          "/lab",
-                          static_cast<MeasurementListener&>(*this)};
+  Measurement measurement{{port, clock, Timer1, Timer2, loop, files}, document, settings, "/lab"};
 };
 
 }  // namespace quenlor::link

@@ -207,7 +207,8 @@ TEST(MeasurementStop, NothingIsToldAfterItsEnd) {
     const MeasurementPorts ports{bench.port,   bench.clock, bench.Timer1,
                                  bench.Timer2, bench.loop,  bench.files};
     bench.Repeat("0");
-    Measurement measurement(ports, bench.document, bench.settings, "/lab", listener);
+    Measurement measurement(ports, bench.document, bench.settings, "/lab");
+    measurement.AddListener(listener);
     ASSERT_FALSE(measurement.Start());
   }
   bench.TakeSent();

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "app/desk/document_commands.h"
+
+#include <utility>
+
+#include "data/data_file.h"
+#include "platform/busy_pointer.h"
+
+namespace quenlor::app {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+constexpr const char* kFilter = "CSV File(*.csv)|*.csv|ALL Files(*.*)|*.*";
+constexpr const char* kNewName = "New.csv";
+
+}  // namespace
+
+bool DocumentCommands::MayDiscard() {
+  if (!session_.Document().DataChanged()) return true;
+  return dialogs_.Show({.text = "Will you clear this data?",
+                        .buttons = Buttons::kYesNo,
+                        .icon = Icon::kExclamation,
+                        .default_answer = Answer::kNo}) == Answer::kYes;
+}
+
+void DocumentCommands::New() {
+  measurement_.Stop();
+  if (!MayDiscard()) return;
+  for (const auto axis : {graph::Axis::Time, graph::Axis::Visco, graph::Axis::Temp})
+    session_.Graph().SetAutoScaling(axis, true);
+  const std::string path = session_.File("New.txt");
+  WriteNewTemplate(path);
+  // A new document never fails: where no template can be kept, the usual titles serve.
+  auto bytes = session_.Files().Read(path);
+  Load(path, bytes.ok() ? std::move(bytes.value()) : TemplateText());
+  session_.Document().SetFieldSeparator(session_.List().FieldSeparator());
+  session_.Document().SetFileName(kNewName);
+  view_.ClearReceivedData();
+}
+
+// An existing template is the operator's own, and stays.
+void DocumentCommands::WriteNewTemplate(const std::string& path) {
+  if (!session_.Files().Exists(path)) session_.Files().Replace(path, TemplateText());
+}
+
+std::string DocumentCommands::TemplateText() const {
+  const data::SettingsList& list = session_.List();
+  return data::NewTemplate(list.IsOn(data::setting::kVisco), list.Index(data::setting::kFieldCount));
+}
+
+void DocumentCommands::Open() {
+  measurement_.Stop();
+  if (!MayDiscard()) return;
+  if (const auto path = dialogs_.OpenFile(kFilter)) ReadDataFile(*path);
+}
+
+void DocumentCommands::Drop(const std::string& path) {
+  // The two text endings are five characters long and so never meet the last four of a name.
+  const std::string ending = path.size() < 4 ? path : path.substr(path.size() - 4);
+  if (ending != ".csv" && ending != ".CSV" && ending != ".txt " && ending != ".TXT ") return;
+  measurement_.Stop();
+  if (MayDiscard()) ReadDataFile(path);
+}
+
+void DocumentCommands::ReadDataFile(const std::string& path) {
+  const platform::BusyPointer busy([this](bool on) { view_.Busy(on); });
+  auto bytes = session_.Files().Read(path);
+  if (!bytes.ok()) return view_.Say(bytes.failure().text);
+  Load(path, std::move(bytes.value()));
+}
+
+void DocumentCommands::Load(const std::string& path, std::string bytes) {
+  session_.Load(path, std::move(bytes), FileDate(session_.Files(), path));
+  view_.ShowChoices();
+}
+
+void DocumentCommands::Save() {
+  const auto path = dialogs_.SaveFile(session_.Document().FileName(), kFilter);
+  if (!path) return;
+  const platform::BusyPointer busy([this](bool on) { view_.Busy(on); });
+  const auto failed = session_.Save(*path);
+  if (failed) return view_.Say(failed->text);
+  session_.Document().Saved(NameWithoutFolder(*path));
+  session_.Settings().SaveSettings();
+  view_.Say("Saved " + *path);
+}
+
+bool DocumentCommands::ExitProgram() {
+  measurement_.StopWithoutWait();
+  if (!session_.Document().DataChanged()) return true;
+  const Answer answer = dialogs_.Show({.text = "Will you save this data?",
+                                       .buttons = Buttons::kYesNoCancel,
+                                       .icon = Icon::kExclamation,
+                                       .default_answer = Answer::kYes});
+  if (answer == Answer::kCancel) return false;
+  if (answer == Answer::kYes) Save();
+  return answer == Answer::kNo || !session_.Document().DataChanged();
+}
+
+}  // namespace quenlor::app

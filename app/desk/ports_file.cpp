@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "app/desk/ports_file.h"
+
+namespace quenlor::app {
+namespace {
+
+constexpr std::size_t kSensibleSize = std::size_t{1} << 20;
+
+}  // namespace
+
+void PortsFile::LookForDevices() {
+  looked_ = true;
+  // Two programs that see a new device at once must not give its number twice; the later one finds it
+  // in the file.
+  const auto lock = files_.Lock(path_ + ".lock");
+  const bool exists = files_.Exists(path_);
+  const auto text = exists ? files_.Read(path_) : platform::Result<std::string>(std::string());
+  if (!text.ok() || text.value().size() > kSensibleSize) return;
+  directory_.Parse(text.value());
+  if (directory_.Assign(devices_.Present()) && lock) files_.Replace(path_, directory_.Text());
+}
+
+}  // namespace quenlor::app

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "app/desk/session.h"
+
+#include <utility>
+
+#include "data/data_file.h"
+#include "data/data_file_writer.h"
+#include "data/date_time.h"
+#include "graph/plot_look.h"
+
+namespace quenlor::app {
+
+Session::Session(platform::FileSystem& files, const std::string& program_folder, bool system_writes_comma,
+                 graph::GraphView* view)
+    : files_(files),
+      folder_(program_folder),
+      settings_(files, program_folder, system_writes_comma),
+      document_(settings_.List()),
+      graph_(document_, settings_.List(), view != nullptr ? *view : nobody_) {
+  settings_.LoadSettings();
+  colors_ = graph::LoadColor(files_, File("Color.txt"));
+}
+
+void Session::SetColors(const graph::ColorSettings& colors) {
+  colors_ = colors;
+  graph::SaveColor(files_, File("Color.txt"), colors_);
+  graph_.LookChanged();
+}
+
+void Session::Load(const std::string& path, std::string bytes, const std::string& file_date) {
+  data::DataFileContents contents = data::ParseDataFile(std::move(bytes));
+  data::ApplyAxisSettings(contents.axis, settings_.List());
+  document_.Load(std::move(contents), NameWithoutFolder(path), file_date);
+}
+
+platform::Done Session::Save(const std::string& path) {
+  return files_.Replace(path, [this](platform::ByteSink& sink) {
+    data::WriteDataFile(document_, List(), [&](std::string_view piece) { sink.Write(piece); });
+  });
+}
+
+graph::PlotSettings Session::Look(int plot_width) const {
+  return graph::PlotLook(graph_, List(), colors_, plot_width);
+}
+
+std::string FileDate(const platform::FileSystem& files, const std::string& path) {
+  const auto modified = files.ModifiedAt(path);
+  return modified.ok() ? data::DateTimeText(modified.value()) : std::string();
+}
+
+std::string NameWithoutFolder(const std::string& path) {
+#ifdef _WIN32
+  const std::size_t slash = path.find_last_of("/\\");
+#else
+  const std::size_t slash = path.find_last_of('/');
+#endif
+  return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+}  // namespace quenlor::app

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "app/desk/settings_file.h"
+#include "data/document.h"
+#include "graph/captions.h"
+#include "graph/color_settings.h"
+#include "graph/live_graph.h"
+#include "graph/plot_settings.h"
+#include "platform/file_system.h"
+
+namespace quenlor::app {
+
+// What is open: the settings, the colours, the document and its graph, as the window, the batch commands and
+// every other front end have them. They are read from the program folder once, when the session begins.
+class Session {
+ public:
+  // `view` is told what to show, if anybody looks.
+  Session(platform::FileSystem& files, const std::string& program_folder, bool system_writes_comma,
+          graph::GraphView* view = nullptr);
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  platform::FileSystem& Files() const { return files_; }
+  std::string File(const std::string& name) const { return folder_ + "/" + name; }  // in the program folder
+  const std::string& Folder() const { return folder_; }
+
+  SettingsFile& Settings() { return settings_; }
+  data::SettingsList& List() { return settings_.List(); }
+  const data::SettingsList& List() const { return settings_.List(); }
+  data::Document& Document() { return document_; }
+  const data::Document& Document() const { return document_; }
+  graph::LiveGraph& Graph() { return graph_; }
+  const graph::LiveGraph& Graph() const { return graph_; }
+  const graph::ColorSettings& Colors() const { return colors_; }
+
+  // Keeps the colours in their file, too.
+  void SetColors(const graph::ColorSettings& colors);
+
+  // The bytes of the data file of that path become the document, and the settings take over what it tells of
+  // its axes. A file without a date of its own gets `file_date`.
+  void Load(const std::string& path, std::string bytes, const std::string& file_date);
+
+  // The document as a data file of that path.
+  platform::Done Save(const std::string& path);
+
+  // How the graph looks in a plot of so many pixels across, and the texts around it.
+  graph::PlotSettings Look(int plot_width) const;
+  graph::Captions Captions() const { return graph::CaptionsOf(document_, graph_); }
+
+ private:
+  platform::FileSystem& files_;
+  std::string folder_;
+  SettingsFile settings_;
+  data::Document document_;
+  graph::GraphView nobody_;
+  graph::LiveGraph graph_;
+  graph::ColorSettings colors_;
+};
+
+// When the disk says that the file was written; empty when it says nothing.
+std::string FileDate(const platform::FileSystem& files, const std::string& path);
+
+// The last part of a path.
+std::string NameWithoutFolder(const std::string& path);
+
+}  // namespace quenlor::app

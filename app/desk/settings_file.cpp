@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "app/desk/settings_file.h"
+
+#include "data/utf8.h"
+
+namespace quenlor::app {
+namespace {
+
+constexpr std::size_t kSensibleSize = 65536;  // 19 numbers; a file far beyond that is none of ours
+
+}  // namespace
+
+void SettingsFile::LoadSettings() {
+  if (!files_.Exists(path_)) return WriteDefaultSettings();
+  auto text = files_.Read(path_);
+  if (!text.ok()) return list_.SetDefaults(system_writes_comma_);
+  text.value().resize(std::min(text.value().size(), kSensibleSize));
+  list_.Parse(data::ToUtf8(std::move(text.value())), system_writes_comma_);
+}
+
+void SettingsFile::WriteDefaultSettings() {
+  list_.SetDefaults(system_writes_comma_);
+  SaveSettings();
+}
+
+void SettingsFile::SaveSettings() { files_.Replace(path_, list_.Text()); }
+
+}  // namespace quenlor::app

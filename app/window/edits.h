@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "app/desk/session.h"
+#include "app/grid_view.h"
+#include "app/window/one_at_a_time.h"
+#include "link/measurement.h"
+#include "platform/dialogs.h"
+
+namespace quenlor::app {
+
+// What the operator changes by hand: cells, titles and names by a double click, range ends, file name and
+// remarks, and rows that Del removes.
+class Edits {
+ public:
+  // `limit_entered` is told when a limit may have taken its axis from the automatic scaling.
+  Edits(Session& session, const link::Measurement& measurement, platform::Dialogs& dialogs,
+        OneAtATime& commands, std::function<void()> limit_entered, QWidget* window)
+      : session_(session),
+        measurement_(measurement),
+        dialogs_(dialogs),
+        commands_(commands),
+        limit_entered_(std::move(limit_entered)),
+        window_(window) {}
+
+  void Grid1_KeyDown(const GridView& Grid1, int KeyCode);
+  void Grid1_DblClick(const GridView& Grid1);
+  void Label5_DblClick(int Index);   // range ends
+  void Label6_DblClick(int Index);   // file name and remarks
+  void Label10_DblClick(int Index);  // sample names
+
+ private:
+  // Lets the operator change a text, and takes the new one over; nothing on "Cancel".
+  void Change(const std::string& caption, const std::string& text,
+              const std::function<void(const std::string&)>& take);
+
+  Session& session_;
+  const link::Measurement& measurement_;
+  platform::Dialogs& dialogs_;
+  OneAtATime& commands_;
+  std::function<void()> limit_entered_;
+  QWidget* window_;
+};
+
+}  // namespace quenlor::app

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "app/window/graph_choices.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "app/window/named.h"
+
+namespace quenlor::app {
+
+using graph::Axis;
+
+GraphChoices::GraphChoices(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(BuildAutoScalingFrame());
+  layout->addWidget(BuildSelectionFrame());
+  ConnectHandlers();
+}
+
+void GraphChoices::ConnectHandlers() {
+  connect(Check2, &QCheckBox::clicked, this, &GraphChoices::Check2_Click);
+  connect(Check3, &QCheckBox::clicked, this, &GraphChoices::Check3_Click);
+  connect(Check4, &QCheckBox::clicked, this, &GraphChoices::Check4_Click);
+  for (int i = 0; i < 3; ++i)
+    connect(Option1[static_cast<std::size_t>(i)], &QRadioButton::clicked, this,
+            [this, i] { Option1_Click(i); });
+  for (QRadioButton* option : Option2)
+    connect(option, &QRadioButton::clicked, this, &GraphChoices::Option2_Click);
+}
+
+void GraphChoices::Check2_Click() {
+  session_.Graph().SetAutoScaling(Axis::Time, Check2->isChecked());
+  session_.Settings().SaveSettings();
+}
+
+void GraphChoices::Check3_Click() {
+  session_.Graph().SetAutoScaling(Axis::Visco, Check3->isChecked());
+  ShowChoices();
+  session_.Settings().SaveSettings();
+}
+
+void GraphChoices::Check4_Click() {
+  session_.Graph().SetAutoScaling(Axis::Temp, Check4->isChecked());
+  session_.Settings().SaveSettings();
+}
+
+void GraphChoices::Option1_Click(int Index) {
+  session_.Graph().SetKind(static_cast<graph::GraphKind>(Index));
+  session_.Settings().SaveSettings();
+}
+
+void GraphChoices::Option2_Click() {
+  session_.Graph().SetFine(Option2[1]->isChecked());
+  session_.Settings().SaveSettings();
+}
+
+// "Standard" and "Fine" count only for a viscosity axis that scales by itself.
+void GraphChoices::ShowChoices() {
+  const graph::AutoScaling& scaling = session_.Graph().Scaling();
+  Check2->setChecked(scaling.Check2);
+  Check3->setChecked(scaling.Check3);
+  Check4->setChecked(scaling.Check4);
+  for (QRadioButton* option : Option2) option->setEnabled(scaling.Check3);
+}
+
+QGroupBox* GraphChoices::BuildAutoScalingFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Auto-Scaling"), this);
+  frame->setObjectName(QStringLiteral("Frame1"));
+  auto* layout = new QGridLayout(frame);
+  const auto box = [&](const char* name, const QString& caption, int row, int column) {
+    auto* made =
+        Named(new QCheckBox(caption, frame), name, caption, tr("The range of this axis follows the data"));
+    layout->addWidget(made, row, column);
+    return made;
+  };
+  Check2 = box("Check2", QStringLiteral("Time"), 0, 0);
+  Check3 = box("Check3", QStringLiteral("Viscosity"), 1, 0);
+  Check4 = box("Check4", QStringLiteral("Temp"), 0, 1);
+  const std::array fineness = {QStringLiteral("Standard"), QStringLiteral("Fine")};
+  auto* group = new QButtonGroup(frame);
+  for (std::size_t i = 0; i < Option2.size(); ++i) {
+    Option2[i] = new QRadioButton(fineness[i], frame);
+    Option2[i]->setObjectName(QStringLiteral("Option2[%1]").arg(i));
+    Option2[i]->setToolTip(i == 0 ? tr("The viscosity axis starts at zero where it can")
+                                  : tr("The viscosity axis shows what the data span"));
+    group->addButton(Option2[i]);
+    layout->addWidget(Option2[i], static_cast<int>(i), 2);
+  }
+  Option2[1]->setChecked(true);
+  return frame;
+}
+
+QGroupBox* GraphChoices::BuildSelectionFrame() {
+  auto* frame = new QGroupBox(QStringLiteral("Selection"), this);
+  frame->setObjectName(QStringLiteral("Frame2"));
+  auto* layout = new QVBoxLayout(frame);
+  const std::array captions = {QStringLiteral("Visco / Time"), QStringLiteral("Visco / Time , Temp / Time"),
+                               QStringLiteral("Visco / Temp")};
+  for (std::size_t i = 0; i < captions.size(); ++i) {
+    Option1[i] = new QRadioButton(captions[i], frame);
+    Option1[i]->setObjectName(QStringLiteral("Option1[%1]").arg(i));
+    Option1[i]->setToolTip(tr("Which graphs are drawn"));
+    Option1[i]->setChecked(i == 0);
+    layout->addWidget(Option1[i]);
+  }
+  return frame;
+}
+
+}  // namespace quenlor::app

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "app/window/main_window.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QHBoxLayout>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTimer>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "app/desk/version.h"
+#include "app/window/window_state.h"
+#include "graph/color_window.h"
+#include "platform/qt/qt_busy_pointer.h"
+
+namespace quenlor::app {
+namespace {
+
+// Looking for devices takes as long as half of the program's start; the window is shown first.
+constexpr int kDevicesMilliseconds = 200;
+
+}  // namespace
+
+MainWindow::MainWindow(const MainWindowPorts& ports)
+    : refresh_([this](bool whole) { return ShowNews(whole); }, [this] { Picture1.LayoutLabels(); }),
+      session_(ports.measurement.files, ports.program_folder, ports.system_writes_comma, &refresh_),
+      measurement_(ports.measurement, session_.Document(), session_.List(), ports.program_folder),
+      documents_(session_, measurement_, ports.dialogs, *this),
+      status_(*new StatusLine(this)),
+      menus_(*new Menus(menuBar(), session_, measurement_, {ports.look_for_devices, ports.name_of_port},
+                        status_)),
+      panel_(*new MeasurePanel(session_, measurement_, ports.dialogs, commands_, status_, this)),
+      choices_(*new GraphChoices(session_, this)),
+      tables_(*new TablesPane(session_, panel_.ReceivedData(), this)),
+      Picture1(
+          *new GraphPane(session_.Document(), session_.Graph(), session_.List(), session_.Colors(), this)),
+      halves_(*new TableAndGraph(&tables_, &Picture1, this)),
+      edits_(
+          session_, measurement_, ports.dialogs, commands_, [this] { choices_.ShowChoices(); }, this),
+      reports_(
+          session_,
+          {ports.printer, ports.clipboard, ports.dialogs, ports.measurement.loop,
+           ports.system_writes_comma ? ',' : '.'},
+          [this] { return Picture1.Settings(); }, this) {
+  BuildWindow();
+  ConnectHandlers();
+  session_.Document().AddListener(refresh_);
+  measurement_.AddListener(refresh_);
+  Form_Load();
+}
+
+// The parts are told of changes as long as they live, so they go before what they follow.
+MainWindow::~MainWindow() {
+  session_.Document().RemoveListener(refresh_);
+  measurement_.RemoveListener(refresh_);
+  delete takeCentralWidget();
+  delete &menus_;
+}
+
+void MainWindow::BuildWindow() {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(QString::fromStdString(WindowCaption(ThisVersion())));
+  setAcceptDrops(true);
+  auto* centre = new QWidget(this);
+  auto* controls = new QHBoxLayout;
+  controls->addWidget(&panel_);
+  controls->addWidget(&choices_);
+  controls->addStretch(1);
+  auto* layout = new QVBoxLayout(centre);
+  layout->addLayout(controls);
+  layout->addWidget(&halves_, 1);
+  setCentralWidget(centre);
+  statusBar()->addWidget(&status_, 1);
+  resize(1200, 760);
+}
+
+void MainWindow::ConnectHandlers() {
+  connect(menus_.mNew, &QAction::triggered, this, &MainWindow::mNew_Click);
+  connect(menus_.mOpen, &QAction::triggered, this, &MainWindow::mOpen_Click);
+  connect(menus_.mSave, &QAction::triggered, this, &MainWindow::mSave_Click);
+  connect(menus_.mPrint, &QAction::triggered, this, &MainWindow::mPrint_Click);
+  connect(menus_.mStatistics, &QAction::triggered, this, &MainWindow::mStatistics_Click);
+  connect(menus_.mEnd, &QAction::triggered, this, &MainWindow::mEnd_Click);
+  connect(menus_.mColor, &QAction::triggered, this, &MainWindow::mColor_Click);
+  connect(&menus_, &Menus::LineChosen, this, &MainWindow::ShowLineWidth);
+  connect(&menus_, &Menus::Range_Click, this, [this](int Index) { edits_.Label5_DblClick(Index); });
+  const GridView* Grid1 = tables_.Measurement();
+  connect(Grid1, &GridView::Grid_KeyDown, this,
+          [this, Grid1](int KeyCode) { edits_.Grid1_KeyDown(*Grid1, KeyCode); });
+  connect(Grid1, &GridView::Grid_DblClick, this, [this, Grid1] { edits_.Grid1_DblClick(*Grid1); });
+  connect(&Picture1, &GraphPane::Label5_DblClick, this, [this](int Index) { edits_.Label5_DblClick(Index); });
+  connect(&Picture1, &GraphPane::Label6_DblClick, this, [this](int Index) { edits_.Label6_DblClick(Index); });
+  connect(&Picture1, &GraphPane::Label10_DblClick, this,
+          [this](int Index) { edits_.Label10_DblClick(Index); });
+}
+
+void MainWindow::Form_Load() {
+  panel_.LoadCommandList();
+  RestoreWindow(session_.Files(), session_.File(kWindowFile), *this, halves_);
+  menus_.AddPorts();
+  ShowChoices();
+  QTimer::singleShot(kDevicesMilliseconds, this, [this] {
+    const std::string told = status_.Told();  // of a file that cannot be read, or of a start
+    menus_.ShowDevices();
+    if (!told.empty()) Say(told);
+  });
+  documents_.New();
+}
+
+void MainWindow::mNew_Click() {
+  commands_.Run([this] { documents_.New(); });
+}
+
+void MainWindow::mOpen_Click() {
+  commands_.Run([this] { documents_.Open(); });
+}
+
+void MainWindow::mSave_Click() {
+  commands_.Run([this] { documents_.Save(); });
+}
+
+void MainWindow::mPrint_Click() {
+  commands_.Run([this] { reports_.mPrint_Click(); });
+}
+
+void MainWindow::mStatistics_Click() { reports_.mStatistics_Click(); }
+
+void MainWindow::mColor_Click() {
+  const auto take = [this](const graph::ColorSettings& chosen) {
+    session_.SetColors(chosen);
+    tables_.ColorsChanged();
+  };
+  if (!Form6) Form6 = new graph::ColorWindow(session_.Colors(), Picture1.Settings().LineWidth, take, this);
+  Form6->show();
+  Form6->raise();
+  Form6->activateWindow();
+}
+
+void MainWindow::ShowLineWidth() {
+  if (Form6) Form6->SetLineWidth(Picture1.Settings().LineWidth);
+}
+
+// The close box, "End" and the desktop's own ways of closing all end the program by the same road.
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (commands_.Busy()) {
+    commands_.Afterwards(
+        [this] { QMetaObject::invokeMethod(this, &MainWindow::mEnd_Click, Qt::QueuedConnection); });
+    return event->ignore();
+  }
+  bool ended = false;
+  commands_.Run([&] { ended = documents_.ExitProgram(); });
+  event->setAccepted(ended);
+  if (!ended) return;
+  KeepWindow(session_.Files(), session_.File(kWindowFile), *this, halves_);
+  for (QWidget* small : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    if (small->isWindow()) small->close();
+  }
+}
+
+// Picture1_OLEDragDrop and Picture2_OLEDragDrop: a file may fall on the graph or anywhere else in the window.
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const bool copies = event->possibleActions().testFlag(Qt::CopyAction);
+  if (!event->mimeData()->hasUrls() || !copies || commands_.Busy()) return;
+  event->setDropAction(Qt::CopyAction);  // never a move: that would let the file's owner delete it
+  event->accept();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.isEmpty() || !urls.first().isLocalFile()) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  const std::string path = urls.first().toLocalFile().toStdString();
+  // The program that the file comes from waits for the drop to end; questions are asked after it.
+  QMetaObject::invokeMethod(
+      this, [this, path] { commands_.Run([&] { documents_.Drop(path); }); }, Qt::QueuedConnection);
+}
+
+int MainWindow::ShowNews(bool whole) {
+  const int milliseconds = tables_.Sync();
+  if (whole) {
+    Picture1.Fig();
+  } else {
+    Picture1.ShowReadings();
+  }
+  panel_.ShowLine();
+  return milliseconds;
+}
+
+void MainWindow::Busy(bool busy) { platform::qt::ShowBusyPointer(busy); }
+
+void MainWindow::ShowChoices() {
+  menus_.ShowChoices();
+  panel_.ShowChoices();
+  choices_.ShowChoices();
+  ShowLineWidth();
+}
+
+void MainWindow::ClearReceivedData() {
+  reports_.HideForm3();
+  panel_.ClearReceivedData();
+}
+
+}  // namespace quenlor::app

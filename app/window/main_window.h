@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+#include <string>
+
+#include "app/desk/document_commands.h"
+#include "app/posi.h"
+#include "app/window/edits.h"
+#include "app/window/graph_choices.h"
+#include "app/window/measure_panel.h"
+#include "app/window/menus.h"
+#include "app/window/refresh_tick.h"
+#include "app/window/report_windows.h"
+#include "app/window/tables_pane.h"
+
+namespace quenlor::graph {
+class ColorWindow;
+}
+
+namespace quenlor::app {
+
+// What the main window stands on.
+struct MainWindowPorts {
+  link::MeasurementPorts measurement;
+  platform::Dialogs& dialogs;
+  platform::Printer& printer;
+  platform::Clipboard& clipboard;
+  std::string program_folder;
+  bool system_writes_comma = false;                   // one and a half is "1,5" to this system
+  std::function<void()> look_for_devices;             // before the Com Port menu tells them
+  std::function<std::string(int port)> name_of_port;  // the device behind a number; empty when there is none
+};
+
+// The program's window. It lists its parts, and answers what concerns several of them: the commands on
+// documents, the window's beginning and its end.
+class MainWindow : public QMainWindow, private DocumentCommandsView {
+  Q_OBJECT
+
+ public:
+  explicit MainWindow(const MainWindowPorts& ports);
+  ~MainWindow() override;
+
+  // Opens a data file in place of the new document with which the program starts.
+  void OpenFile(const std::string& path) { documents_.ReadDataFile(path); }
+
+  const data::Document& Document() const { return session_.Document(); }
+
+  // The window that a box belongs to: this one, or the preview that stands in its place.
+  QWidget* FrontWindow() const { return reports_.FrontWindow(); }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;  // Form_QueryUnload
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  void Form_Load();
+  void BuildWindow();
+  void ConnectHandlers();
+  void mNew_Click();
+  void mOpen_Click();
+  void mSave_Click();
+  void mPrint_Click();
+  void mStatistics_Click();
+  void mEnd_Click() { close(); }
+  void mColor_Click();
+  void ShowLineWidth();
+
+  int ShowNews(bool whole);
+
+  // DocumentCommandsView
+  void Say(const std::string& text) override { status_.Say(text); }
+  void Busy(bool busy) override;
+  void ShowChoices() override;
+  void ClearReceivedData() override;
+
+  RefreshTick refresh_;
+  Session session_;
+  link::Measurement measurement_;
+  DocumentCommands documents_;
+  OneAtATime commands_;
+  StatusLine& status_;
+  Menus& menus_;
+  MeasurePanel& panel_;
+  GraphChoices& choices_;
+  TablesPane& tables_;
+  GraphPane& Picture1;
+  TableAndGraph& halves_;
+  Edits edits_;
+  ReportWindows reports_;
+  QPointer<graph::ColorWindow> Form6;
+};
+
+}  // namespace quenlor::app

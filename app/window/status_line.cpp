@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "app/window/status_line.h"
+
+#include "app/plain_tip.h"
+
+namespace quenlor::app {
+
+StatusLine::StatusLine(QWidget* parent) : QLabel(parent) {
+  setObjectName(QStringLiteral("Status"));
+  setTextFormat(Qt::PlainText);
+  setTextInteractionFlags(Qt::TextSelectableByMouse);  // a command in it is there to be copied
+  setFocusPolicy(Qt::NoFocus);
+  setMinimumWidth(1);
+}
+
+void StatusLine::Say(const std::string& text) {
+  setText(QString::fromStdString(text));
+  setToolTip(PlainTip(this->text()));
+}
+
+}  // namespace quenlor::app

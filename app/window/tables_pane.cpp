@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "app/window/tables_pane.h"
+
+#include <QVBoxLayout>
+
+namespace quenlor::app {
+
+TablesPane::TablesPane(Session& session, QWidget* received_data, QWidget* parent)
+    : QWidget(parent),
+      grid1_model_(session.Document(), session.Colors()),
+      grid2_model_(session.Document(), session.Colors()),
+      grid4_model_(session.Document(), session.Colors()) {
+  auto* tabs = new QTabWidget(this);
+  tabs->setObjectName(QStringLiteral("Tables"));
+  Grid1 = new GridView(&grid1_model_, QStringLiteral("Grid1"), tr("Measurement table"), tabs);
+  Grid2 = new GridView(&grid2_model_, QStringLiteral("Grid2"), tr("Display table"), tabs);
+  Grid4 = new GridView(&grid4_model_, QStringLiteral("Grid4"), tr("Run information table"), tabs);
+  Grid1->setToolTip(
+      tr("Every reading. Del deletes whole rows; a double click edits while no measurement runs"));
+  tabs->addTab(Grid1, tr("&Measurement"));
+  tabs->addTab(Grid2, tr("Displa&y"));
+  tabs->addTab(Grid4, tr("R&uns"));
+
+  for (GridView* grid : {Grid1, Grid2, Grid4})
+    connect(grid->model(), &QAbstractItemModel::modelReset, grid, &GridView::scrollToTop);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(received_data);
+  layout->addWidget(tabs, 1);
+}
+
+int TablesPane::Sync() {
+  const int milliseconds = Grid1->Sync() + Grid2->Sync() + Grid4->Sync();
+  grid4_model_.ShowLatest();
+  return milliseconds;
+}
+
+void TablesPane::ColorsChanged() {
+  grid1_model_.ColorsChanged();
+  grid2_model_.ColorsChanged();
+  grid4_model_.ColorsChanged();
+}
+
+}  // namespace quenlor::app

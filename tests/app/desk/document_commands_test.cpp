@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "app/desk/document_commands.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/app/desk/desk_bench.h"
+
+namespace quenlor::app {
+namespace {
+
+using platform::Answer;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+struct DocumentCommandsTest : testing::Test, protected DeskBench {
+  void TearDown() override {
+    EXPECT_TRUE(dialogs.AsScripted()) << testing::PrintToString(dialogs.Unexpected());
+    EXPECT_EQ(busy, 0) << "the waiting pointer was taken away as often as it was shown";
+  }
+
+  data::Document& Document() { return session.Document(); }
+};
+
+TEST_F(DocumentCommandsTest, NewReadsTheTemplateAndScalesAllAxes) {
+  session.Graph().SetAutoScaling(graph::Axis::Temp, false);
+  commands.New();
+  EXPECT_EQ(Document().FileName(), "New.csv");
+  EXPECT_EQ(Document().Grid1().Cols(), 6);
+  EXPECT_TRUE(session.Graph().Scaling().Check4);
+  EXPECT_EQ(files.Content("/lab/New.txt"), "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n");
+  EXPECT_EQ(choices_shown, 1);
+  EXPECT_EQ(received_data_cleared, 1);
+}
+
+TEST_F(DocumentCommandsTest, NewNeedsNoTemplate) {
+  files.Refuse("/lab", "Permission denied");
+  commands.New();
+  EXPECT_EQ(Document().Grid1().Cols(), 6);
+}
+
+TEST_F(DocumentCommandsTest, UnsavedReadingsAreAskedForOnceAndKeptOnNo) {
+  commands.New();
+  Measure({"1,2,3,4"});
+  for (const auto& command : {std::function<void()>([this] { commands.New(); }),
+                              {[this] { commands.Open(); }},
+                              {[this] { commands.Drop("/data/a.csv"); }}}) {
+    dialogs.Answer(Answer::kNo);
+    command();
+    EXPECT_EQ(dialogs.Boxes().back().text, "Will you clear this data?");
+    EXPECT_EQ(Document().Grid1().Rows(), 3);
+  }
+}
+
+TEST_F(DocumentCommandsTest, OpenReadsTheFileThatIsChosen) {
+  files.Put("/data/a.csv", "No.,Time,x\r\n1,0,5\r\n");
+  dialogs.Path("/data/a.csv");
+  commands.Open();
+  EXPECT_EQ(Document().FileName(), "a.csv");
+  EXPECT_EQ(Document().Grid1().TextMatrix(1, 2), "5");
+  EXPECT_THAT(dialogs.Filters(), ElementsAre("CSV File(*.csv)|*.csv|ALL Files(*.*)|*.*"));
+}
+
+TEST_F(DocumentCommandsTest, WhatCannotBeReadIsToldAndChangesNothing) {
+  commands.New();
+  dialogs.Path("/data/missing.csv");
+  commands.Open();
+  EXPECT_THAT(said, ElementsAre(HasSubstr("missing.csv")));
+  EXPECT_EQ(Document().FileName(), "New.csv");
+}
+
+TEST_F(DocumentCommandsTest, ADropIsTakenByItsEndingAlone) {
+  files.Put("/data/data.txt", "No.,Time\r\n1,0\r\n");
+  files.Put("/data/data.CSV", "No.,Time\r\n1,0\r\n");
+  commands.Drop("/data/data.txt");
+  EXPECT_EQ(Document().Grid1().Rows(), 2);
+  commands.Drop("/data/data.CSV");
+  EXPECT_EQ(Document().Grid1().Rows(), 3);
+}
+
+TEST_F(DocumentCommandsTest, SaveWritesTheDocumentAndTakesItsName) {
+  commands.New();
+  Measure({"1,2,3,4"});
+  dialogs.Path("/data/run.csv");
+  commands.Save();
+  EXPECT_FALSE(Document().DataChanged());
+  EXPECT_EQ(Document().FileName(), "run.csv");
+  EXPECT_THAT(dialogs.Names(), ElementsAre("New.csv"));
+  EXPECT_THAT(files.Content("/data/run.csv"), HasSubstr("\r\n1,00:00:00,1,2,3,4\r\n"));
+  EXPECT_EQ(said.back(), "Saved /data/run.csv");
+}
+
+TEST_F(DocumentCommandsTest, AFailedSaveLeavesTheReadingsUnsaved) {
+  commands.New();
+  Measure({"1,2,3,4"});
+  files.Refuse("/data", "Permission denied");
+  dialogs.Path("/data/run.csv");
+  commands.Save();
+  EXPECT_TRUE(Document().DataChanged());
+  EXPECT_EQ(Document().FileName(), "New.csv");
+  EXPECT_THAT(said.back(), HasSubstr("Permission denied"));
+}
+
+TEST_F(DocumentCommandsTest, TheProgramMayEndWithoutAQuestionWhenNothingIsUnsaved) {
+  commands.New();
+  EXPECT_TRUE(commands.ExitProgram());
+  EXPECT_THAT(dialogs.Boxes(), IsEmpty());
+}
+
+TEST_F(DocumentCommandsTest, TheEndStopsTheMeasurementAndAsks) {
+  commands.New();
+  Measure({"1,2,3,4"});
+  measurement.Start();
+  dialogs.Answer(Answer::kCancel);
+  EXPECT_FALSE(commands.ExitProgram());
+  EXPECT_FALSE(measurement.Running());
+  EXPECT_EQ(dialogs.Boxes().back().text, "Will you save this data?");
+
+  dialogs.Answer(Answer::kYes);
+  dialogs.Cancel();
+  EXPECT_FALSE(commands.ExitProgram()) << "the save was cancelled";
+
+  dialogs.Answer(Answer::kYes);
+  dialogs.Path("/data/run.csv");
+  EXPECT_TRUE(commands.ExitProgram());
+}
+
+TEST_F(DocumentCommandsTest, NoEndsWithoutSaving) {
+  commands.New();
+  Measure({"1,2,3,4"});
+  dialogs.Answer(Answer::kNo);
+  EXPECT_TRUE(commands.ExitProgram());
+}
+
+}  // namespace
+}  // namespace quenlor::app

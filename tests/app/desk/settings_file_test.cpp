@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "app/desk/settings_file.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/memory/memory_file_system.h"
+
+namespace quenlor::app {
+namespace {
+
+namespace setting = data::setting;
+
+constexpr const char* kPath = "/lab/quenlor.ini";
+
+struct SettingsFileTest : testing::Test {
+  platform::memory::MemoryFileSystem files;
+  SettingsFile settings{files, "/lab", false};
+};
+
+TEST_F(SettingsFileTest, AMissingFileIsMadeWithTheDefaults) {
+  settings.LoadSettings();
+  EXPECT_EQ(files.Content(kPath), data::SettingsList().Text());
+}
+
+TEST_F(SettingsFileTest, WhatWasSavedIsLoaded) {
+  settings.LoadSettings();
+  settings.List().Set(setting::kBPS, 5);
+  settings.List().Set(setting::kFieldCount, "8");
+  settings.SaveSettings();
+
+  SettingsFile other(files, "/lab", true);
+  other.LoadSettings();
+  EXPECT_EQ(other.List().Text(), settings.List().Text());
+}
+
+TEST_F(SettingsFileTest, AFileThatCannotBeReadStaysAndTheDefaultsServe) {
+  files.Put(kPath, "4\r\n");
+  files.Unreadable(kPath);
+  settings.LoadSettings();
+  EXPECT_EQ(settings.List().Text(), data::SettingsList().Text());
+  EXPECT_EQ(files.Content(kPath), "4\r\n");
+}
+
+TEST_F(SettingsFileTest, AFileThatCannotBeWrittenChangesNothingForTheRunningProgram) {
+  settings.LoadSettings();
+  files.Refuse("/lab", "Permission denied");
+  settings.List().Set(setting::kBPS, 5);
+  settings.SaveSettings();
+  EXPECT_EQ(settings.List().Index(setting::kBPS), 5);
+}
+
+TEST_F(SettingsFileTest, NoiseIsReadUpToASensibleSize) {
+  files.Put(kPath, std::string(1 << 20, 'x'));
+  settings.LoadSettings();
+  EXPECT_EQ(settings.List()[setting::kPortCount].size(), 65536U);
+  EXPECT_EQ(settings.List()[setting::kFieldCount], data::SettingsList()[setting::kFieldCount]);
+}
+
+}  // namespace
+}  // namespace quenlor::app
