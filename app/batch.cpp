@@ -27,7 +27,7 @@ constexpr std::string_view kStandardInput = "-";
 class OpenedFile {
  public:
   OpenedFile(const ReadOnlyFiles& files, const BatchPorts& ports, graph::GraphKind kind)
-      : files_(files), session_(files_, ports.program_folder, ports.system_writes_comma) {
+      : files_(files), session_(files_, ports.place, ports.system_writes_comma) {
     session_.Graph().SetKind(kind);
   }
 

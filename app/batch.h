@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "app/command_line.h"
+#include "app/desk/session.h"
 #include "platform/file_system.h"
 
 namespace quenlor::app {
@@ -13,7 +14,7 @@ namespace quenlor::app {
 // What the batch commands stand on.
 struct BatchPorts {
   platform::FileSystem& files;
-  std::string program_folder;  // settings and colours are read from there, and stay as they are
+  Session::Place place;  // settings and colours are read from there, and stay as they are
   bool system_writes_comma = false;
   std::function<platform::Result<std::string>()> read_standard_input;
   std::function<platform::Done(std::string_view)> write_standard_output;

@@ -11,6 +11,7 @@
 
 #include "app/decimal_point.h"
 #include "app/program_folder.h"
+#include "app/program_name.h"
 #include "platform/qt/qt_file_system.h"
 
 namespace quenlor::app {
@@ -54,12 +55,13 @@ ExitStatus RunBatchProgram(const CommandLine& line, int& argc, char** argv) {
   const QGuiApplication application(argc, argv);
   QGuiApplication::setApplicationName(QStringLiteral("Quenlor"));
   platform::qt::QtFileSystem files;
-  return RunBatch(line, {.files = files,
-                         .program_folder = FolderToRead(QString::fromStdString(line.folder)).toStdString(),
-                         .system_writes_comma = SystemWritesComma(),
-                         .read_standard_input = ReadStandardInput,
-                         .write_standard_output = WriteStandardOutput,
-                         .complain = Complain});
+  return RunBatch(line,
+                  {.files = files,
+                   .place = {FolderToRead(QString::fromStdString(line.folder)).toStdString(), ProgramName()},
+                   .system_writes_comma = SystemWritesComma(),
+                   .read_standard_input = ReadStandardInput,
+                   .write_standard_output = WriteStandardOutput,
+                   .complain = Complain});
 }
 
 }  // namespace quenlor::app

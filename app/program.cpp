@@ -5,6 +5,7 @@
 #include "app/desk/ports_file.h"
 #include "app/port_switch.h"
 #include "app/program_folder.h"
+#include "app/program_name.h"
 #include "app/virtual_port.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_clock.h"
@@ -42,7 +43,7 @@ struct Program::Parts {
                         .dialogs = dialogs,
                         .printer = printer,
                         .clipboard = clipboard,
-                        .program_folder = folder,
+                        .place = {folder, ProgramName()},
                         .system_writes_comma = SystemWritesComma(),
                         .look_for_devices = [this] { ports.LookForDevices(); },
                         .name_of_port =

@@ -81,7 +81,7 @@ int main(int argc, char** argv) {
                           .dialogs = dialogs,
                           .printer = printer,
                           .clipboard = clipboard,
-                          .program_folder = folder.path().toStdString(),
+                          .place = {folder.path().toStdString()},
                           .look_for_devices = [] {},
                           .name_of_port = [](int) { return std::string(); }});
   window.OpenFile(data_file);

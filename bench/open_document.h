@@ -14,7 +14,7 @@ struct OpenDocument {
   void Open(std::string bytes) { session.Load("readings.csv", std::move(bytes), ""); }
 
   platform::memory::MemoryFileSystem files;
-  app::Session session{files, "/bench", false};
+  app::Session session{files, {"/bench"}, false};
 };
 
 }  // namespace quenlor::bench

@@ -28,12 +28,24 @@ AxisValues ReadAxis(const std::vector<std::string>& fields) {
   for (std::optional<double>* number :
        {&axis.ViscoColumn, &axis.TempColumn, &axis.TimeMin, &axis.TimeMax, &axis.ViscoMin, &axis.ViscoMax,
         &axis.TempMin, &axis.TempMax, &axis.ViscoLogMin, &axis.ViscoLogMax}) {
-    if (field != fields.end()) *number = LeadingNumber(*field++);
+    if (field != fields.end()) *number = C_Val(*field++);
   }
   for (std::optional<std::string>* item : {&axis.TimeS, &axis.mLog, &axis.LW, &axis.MK}) {
     if (field != fields.end()) *item = *field++;
   }
   return axis;
+}
+
+// Where the memo lines begin; the end where there are none.
+std::size_t MemoLines(std::string_view bytes) {
+  std::size_t line = bytes.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+  while (line < bytes.size()) {
+    const std::size_t end = std::min(bytes.find_first_of("\r\n", line), bytes.size());
+    const std::size_t next = std::min(end + (bytes.substr(end).starts_with("\r\n") ? 2 : 1), bytes.size());
+    if (bytes.substr(line, kKeyLength) == "Memo"sv) return next;
+    line = next;
+  }
+  return bytes.size();
 }
 
 // Reads a data file block by block; the lines that are readings stay where they are in their block.
@@ -77,7 +89,8 @@ class Reader {
   char* ReadReading(char* at, const char* block_end) {
     char* const line = at;
     int cells = 1;
-    char* const line_end = DivideLine(line, block_end, cells);
+    const std::string_view rest(line, static_cast<std::size_t>(block_end - line));
+    char* const line_end = DivideLine(line, block_end, DividerOf(rest, contents_.separator), cells);
     at = line_end;
     if (line_end - line > kLongestReading) {
       at = line + kLongestReading;
@@ -99,8 +112,7 @@ class Reader {
   }
 
   // Makes the line's separators cell ends and counts them; where the line ends.
-  char* DivideLine(char* at, const char* block_end, int& cells) const {
-    const char separator = contents_.separator;
+  static char* DivideLine(char* at, const char* block_end, char separator, int& cells) {
     for (; EightBytes::kFirstIsLowest && block_end - at >= EightBytes::kSize; at += EightBytes::kSize) {
       const EightBytes bytes(at);
       const std::uint64_t line_ends = bytes.Equal('\r') | bytes.Equal('\n');
@@ -219,7 +231,14 @@ class Reader {
 }  // namespace
 
 DataFileContents ParseDataFile(std::string bytes) {
-  bytes = ToUtf8(std::move(bytes));
+  TextEncoding encoding =
+      bytes.starts_with(kByteOrderMark) ? TextEncoding::kUtf8WithMark : TextEncoding::kUtf8;
+  if (!IsUtf8(bytes)) {
+    const std::string memo = bytes.substr(MemoLines(bytes));
+    bytes.resize(bytes.size() - memo.size());
+    encoding = EncodingOf(bytes);
+    bytes = ToUtf8(std::move(bytes)) + memo;
+  }
   Reader reader;
   // A last line without an end gets one in a block of its own, so that the large one is not copied
   // for a byte.
@@ -227,11 +246,13 @@ DataFileContents ParseDataFile(std::string bytes) {
   const std::size_t whole = last_end == std::string::npos ? 0 : last_end + 1;
   std::string last_line = bytes.substr(whole);
   bytes.resize(whole);
-  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.replace(0, 3, "\n\n\n");
-  if (whole == 0 && last_line.starts_with("\xEF\xBB\xBF")) last_line.erase(0, 3);
+  if (bytes.starts_with(kByteOrderMark)) bytes.replace(0, kByteOrderMark.size(), "\n\n\n");
+  if (whole == 0 && last_line.starts_with(kByteOrderMark)) last_line.erase(0, kByteOrderMark.size());
   if (!bytes.empty()) reader.ReadBlock(std::move(bytes));
   if (!last_line.empty()) reader.ReadBlock(last_line + "\n");
-  return reader.Take();
+  DataFileContents contents = reader.Take();
+  contents.encoding = encoding;
+  return contents;
 }
 
 void ApplyAxisSettings(const AxisValues& axis, SettingsList& settings) {
@@ -246,9 +267,13 @@ void ApplyAxisSettings(const AxisValues& axis, SettingsList& settings) {
                             {axis.LW, setting::kLW, 1, 2},
                             {axis.MK, setting::kMK, 0, 4}};
   for (const Choice& choice : choices) {
-    const auto item = choice.item ? LeadingNumber(*choice.item) : std::nullopt;
-    if (!item || *item < choice.first || *item > choice.last || *item != std::floor(*item)) continue;
-    settings.Set(choice.element, static_cast<int>(*item));
+    if (!choice.item) continue;
+    const auto item = LeadingNumber(*choice.item);
+    if (item && *item >= choice.first && *item <= choice.last && *item == std::floor(*item)) {
+      settings.Set(choice.element, static_cast<int>(*item));
+    } else {
+      settings.Set(choice.element, *choice.item);
+    }
   }
 }
 

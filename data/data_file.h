@@ -9,6 +9,7 @@
 #include "data/measurement_table.h"
 #include "data/run_table.h"
 #include "data/settings_list.h"
+#include "data/utf8.h"
 
 namespace quenlor::data {
 
@@ -25,6 +26,8 @@ struct AxisValues {
 //
 // A data file is lines of fields: title row and readings, then "Info" lines (the run table), one "Axis" line,
 // one "Date" line, one "Memo" line, and free memo lines to the end. Nothing is quoted.
+// A reading whose number is followed by the other of "," and ";" is divided by that: the separator may have
+// changed while the file was written.
 struct DataFileContents {
   char separator = ',';
   bool holds_commas = false;  // some field has a "," in it
@@ -34,16 +37,17 @@ struct DataFileContents {
   std::optional<std::string> date;     // the Date line's text
   std::optional<std::string> remarks;  // the Memo line's text, blanks restored
   AxisValues axis;
-  std::vector<std::string> List2;  // the memo lines
+  std::vector<std::string> List2;               // the memo lines, byte for byte
+  TextEncoding encoding = TextEncoding::kUtf8;  // of everything before them
 };
 
 // Reads the bytes of a data file. Whatever they are, something is read and nothing fails; bytes that are
-// not UTF-8 count as Latin-1. The bytes become the table's store, so reading costs little more than one
-// pass over them.
+// not UTF-8 count as Latin-1, but for the memo lines, which nobody reads here. The bytes become the table's
+// store, so reading costs little more than one pass over them.
 DataFileContents ParseDataFile(std::string bytes);
 
-// The settings that an Axis line carries: time scale, visco axis, line and marker. What names no menu item
-// leaves its setting alone.
+// The settings that an Axis line carries: time scale, visco axis, line and marker. A field that names no
+// menu item becomes the setting as it stands, and no item is checked.
 void ApplyAxisSettings(const AxisValues& axis, SettingsList& settings);
 
 // The one title line of the template of a new document: eight-bit text ended by CR LF, always divided by ",".

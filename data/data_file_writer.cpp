@@ -5,21 +5,23 @@
 #include <string>
 
 #include "data/text_number.h"
+#include "data/utf8.h"
 
 namespace quenlor::data {
 namespace {
+
+using Sink = std::function<void(std::string_view)>;
 
 constexpr std::size_t kPiece = std::size_t{1} << 20;
 
 class Writer {
  public:
-  Writer(const Document& document, const std::function<void(std::string_view)>& write)
-      : document_(document), separator_(document.FieldSeparator()), write_(write) {
-    piece_.reserve(kPiece + 4096);
-  }
+  Writer(const Document& document, const Sink& write)
+      : document_(document), separator_(document.FieldSeparator()), write_(write) {}
 
   void WriteTable() {
     const MeasurementTable& table = document_.Grid1();
+    piece_.reserve(kPiece + 4096);
     for (MeasurementTable::Row row = 0; row < table.EntryRow(); ++row) {
       table.AppendLine(row, separator_, piece_);
       EndLine();
@@ -65,38 +67,65 @@ class Writer {
     (piece_ += "Memo") += separator_;
     piece_ += remarks;
     EndLine();
+  }
+
+  // Whatever the encoding is, these are bytes.
+  void WriteMemoLines() {
     for (const std::string& line : document_.List2()) {
       piece_ += line;
       EndLine();
     }
   }
 
-  void Finish() { write_(piece_); }
-
- private:
-  void EndLine() {
-    piece_ += "\r\n";
-    if (piece_.size() < kPiece) return;
+  void HandOver() {
+    if (piece_.empty()) return;
     write_(piece_);
     piece_.clear();
   }
 
+ private:
+  void EndLine() {
+    piece_ += "\r\n";
+    if (piece_.size() >= kPiece) HandOver();
+  }
+
   const Document& document_;
   const char separator_;
-  const std::function<void(std::string_view)>& write_;
+  const Sink& write_;
   std::string piece_;
 };
 
-}  // namespace
-
-void WriteDataFile(const Document& document, const SettingsList& settings,
-                   const std::function<void(std::string_view)>& write) {
+void WriteLines(const Document& document, const SettingsList& settings, const Sink& write) {
   Writer writer(document, write);
   writer.WriteTable();
   writer.WriteRuns();
   writer.WriteAxis(settings);
   writer.WriteHeader();
-  writer.Finish();
+  writer.HandOver();
+}
+
+// Whether the whole document can be written in Latin-1 and is told as that when it is read.
+bool FitsLatin1(const Document& document, const SettingsList& settings) {
+  bool fits = true;
+  WriteLines(document, settings, [&](std::string_view piece) {
+    const auto bytes = ToLatin1(piece);
+    fits = fits && bytes && (bytes->size() == piece.size() || EncodingOf(*bytes) == TextEncoding::kLatin1);
+  });
+  return fits;
+}
+
+}  // namespace
+
+void WriteDataFile(const Document& document, const SettingsList& settings, const Sink& write) {
+  if (document.Encoding() == TextEncoding::kUtf8WithMark) write(kByteOrderMark);
+  if (document.Encoding() == TextEncoding::kLatin1 && FitsLatin1(document, settings)) {
+    WriteLines(document, settings, [&](std::string_view piece) { write(*ToLatin1(piece)); });
+  } else {
+    WriteLines(document, settings, write);
+  }
+  Writer memo(document, write);
+  memo.WriteMemoLines();
+  memo.HandOver();
 }
 
 }  // namespace quenlor::data

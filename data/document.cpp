@@ -94,11 +94,20 @@ void Document::SetSampleName(int run, std::string_view name) {
   Tell(&DocumentListener::RunsChanged);
 }
 
-// Fields are not quoted in any file, so "," cannot divide those that hold one.
 void Document::NoteCommas(std::string_view text) {
-  if (text.find(',') == std::string_view::npos) return;
+  if (holds_commas_ || text.find(',') == std::string_view::npos) return;
   holds_commas_ = true;
-  FieldSeparator_ = ';';
+  TellOfCommas();
+}
+
+void Document::TellOfCommas() {
+  if (!CommasDivide() || std::exchange(commas_told_, true)) return;
+  Tell(&DocumentListener::CommasDivideFields);
+}
+
+void Document::SetFieldSeparator(char separator) {
+  FieldSeparator_ = separator;
+  TellOfCommas();
 }
 
 void Document::SetFileName(std::string_view name) {
@@ -156,7 +165,9 @@ void Document::Load(DataFileContents contents, std::string_view file_name, std::
   DataChanged_ = false;
   StartTime_ = 0;
   holds_commas_ = contents.holds_commas;
-  SetFieldSeparator(settings_.DecimalComma() ? ';' : contents.separator);
+  commas_told_ = false;
+  encoding_ = contents.encoding;
+  FieldSeparator_ = settings_.DecimalComma() ? ';' : contents.separator;
   file_name_ = file_name;
   date_ = contents.date.value_or(std::string(file_date));
   remarks_ = contents.remarks.value_or(std::string(kEmptyRemarks));
@@ -167,6 +178,7 @@ void Document::Load(DataFileContents contents, std::string_view file_name, std::
 
 void Document::Saved(std::string_view file_name) {
   DataChanged_ = false;
+  Tell(&DocumentListener::DocumentSaved);
   SetFileName(file_name);
 }
 

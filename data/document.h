@@ -34,6 +34,8 @@ class DocumentListener {
   virtual void RunsChanged() {}    // the run information table
   virtual void HeaderChanged() {}  // a caption
   virtual void DocumentReplaced() {}
+  virtual void DocumentSaved() {}
+  virtual void CommasDivideFields() {}  // once for a document, when CommasDivide becomes true
 };
 
 // The open document: the tables, what is known beside them, and every way in which they change.
@@ -57,6 +59,9 @@ class Document {
   int TempColumn() const { return TempColumn_; }
   double StartTime() const { return StartTime_; }
   char FieldSeparator() const { return FieldSeparator_; }
+  // Some cell, title or name has a "," in it, and "," divides them in a file: they will not come back whole.
+  bool CommasDivide() const { return holds_commas_ && FieldSeparator_ == ','; }
+  TextEncoding Encoding() const { return encoding_; }  // of the file that it came from
   const AxisRanges& Ranges() const { return ranges_; }
   const std::string& FileName() const { return file_name_; }
   const std::string& Date() const { return date_; }
@@ -83,8 +88,7 @@ class Document {
   void SetViscoColumn(int col);
   void SetTempColumn(int col);
   void SetRanges(const AxisRanges& ranges) { ranges_ = ranges; }
-  // "," is refused to a document that holds decimal commas, or any others: its separator stays ";".
-  void SetFieldSeparator(char separator) { FieldSeparator_ = holds_commas_ ? ';' : separator; }
+  void SetFieldSeparator(char separator);
 
   // The contents of a file become the document: nothing unsaved, no run begun. `file_date` stands as the date
   // where the file has none of its own.
@@ -100,6 +104,7 @@ class Document {
   }
   void StartRun();
   void NoteCommas(std::string_view text);
+  void TellOfCommas();
   void ChooseColumns();
   void TakeAxis(const AxisValues& axis);
 
@@ -114,6 +119,8 @@ class Document {
   bool MultiRun_ = false;
   bool DataChanged_ = false;
   bool holds_commas_ = false;  // some cell, title or name has a "," in it
+  bool commas_told_ = false;
+  TextEncoding encoding_ = TextEncoding::kUtf8;
   char FieldSeparator_ = ',';
   double StartTime_ = 0;
   std::string file_name_ = "File Name";

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/text_lines.h"
 
+#include "data/text_number.h"
+
 namespace quenlor::data {
 
 std::vector<std::string> SplitFields(std::string_view line, char separator) {
@@ -11,6 +13,13 @@ std::vector<std::string> SplitFields(std::string_view line, char separator) {
     if (end == std::string_view::npos) return fields;
     line.remove_prefix(end + 1);
   }
+}
+
+char DividerOf(std::string_view line, char separator) {
+  const char other = separator == ',' ? ';' : ',';
+  std::size_t at = 0;
+  while (at < line.size() && IsDigit(line[at])) ++at;
+  return at > 0 && at < line.size() && line[at] == other ? other : separator;
 }
 
 std::string_view Trimmed(std::string_view text) {

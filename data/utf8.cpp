@@ -81,6 +81,33 @@ std::string ToUtf8(std::string bytes) {
   return text;
 }
 
+TextEncoding EncodingOf(std::string_view bytes) {
+  if (bytes.starts_with(kByteOrderMark)) return TextEncoding::kUtf8WithMark;
+  bool damaged = false;
+  for (std::size_t at = SkipAscii(bytes, 0); at < bytes.size(); at = SkipAscii(bytes, at)) {
+    const std::size_t length = SequenceLength(bytes, at);
+    if (length > 1) return TextEncoding::kUtf8;
+    damaged = true;
+    ++at;
+  }
+  return damaged ? TextEncoding::kLatin1 : TextEncoding::kUtf8;
+}
+
+std::optional<std::string> ToLatin1(std::string_view text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const std::uint8_t lead = Byte(text, at);
+    if (lead < 0x80) {
+      bytes.push_back(text[at]);
+    } else {
+      if ((lead != 0xC2 && lead != 0xC3) || ++at == text.size()) return std::nullopt;
+      bytes.push_back(static_cast<char>(((lead & 0x03) << 6) | (Byte(text, at) & 0x3F)));
+    }
+  }
+  return bytes;
+}
+
 std::string_view Utf8Prefix(std::string_view text, std::size_t limit) {
   if (text.size() <= limit) return text;
   while (limit > 0 && (Byte(text, limit) & 0xC0) == 0x80) --limit;

@@ -8,7 +8,8 @@ namespace quenlor::fuzz {
 
 void CommandList(std::string_view input) {
   constexpr std::size_t kMostCommands = 10'000;
-  const auto commands = link::ParseCommandList(input);
+  const link::CommandList list(input);
+  const std::vector<std::string>& commands = list.Entries();
   Check(commands.size() <= kMostCommands, "a command list has an end");
 
   std::string one_a_line;
@@ -19,7 +20,8 @@ void CommandList(std::string_view input) {
   }
   // A second byte-order mark belongs to the first entry, where it would now be taken for the file's.
   if (one_a_line.starts_with("\xEF\xBB\xBF")) return;
-  Check(link::ParseCommandList(one_a_line) == commands, "a list that is written one a line reads as it was");
+  Check(link::CommandList(one_a_line).Entries() == commands,
+        "a list that is written one a line reads as it was");
 }
 
 }  // namespace quenlor::fuzz

@@ -40,8 +40,9 @@ Measurement::Measurement(const MeasurementPorts& ports, data::Document& document
                   .error = [this](const std::string& line) { ErrorLine(line); },
                   .runs_used_up =
                       [this] {
-                        ErrorLine("Overflow");
+                        if (settings_.IsOn(setting::kVisco)) SendCommand(kStopWord);
                         ClosePort();
+                        Tell("The measurement has ended: all run numbers, 1 to 32767, are used up");
                       }}) {
   Timer1_.Interval(kRequestTick);
   Timer2_.Interval(kReplyTimeout);
@@ -58,6 +59,10 @@ Measurement::~Measurement() {
 
 void Measurement::StateChanged() {
   for (MeasurementListener* listener : listeners_) listener->StateChanged();
+}
+
+void Measurement::Tell(const std::string& text) {
+  for (MeasurementListener* listener : listeners_) listener->Told(text);
 }
 
 void Measurement::ErrorLine(const std::string& line) {
@@ -97,8 +102,13 @@ std::optional<platform::OpenFailure> Measurement::OpenPort() {
   return {};
 }
 
+// What arrived before a timer, a click or the end got its turn came first.
+void Measurement::TakeWaiting() { reception_.TakeWaiting(); }
+
 void Measurement::Stop() {
   if (!Running() || stopping_) return;
+  TakeWaiting();
+  if (!Running()) return;
   Timer2_.Enabled(false);
   if (settings_.IsOn(setting::kVisco)) {
     CommandText = kStopWord;
@@ -106,12 +116,14 @@ void Measurement::Stop() {
     stopping_ = true;
     StateChanged();
     WaitSeconds(kStopSeconds);
+    TakeWaiting();
     stopping_ = false;
   }
   ClosePort();
 }
 
 void Measurement::StopWithoutWait() {
+  TakeWaiting();
   if (!Running()) return;
   if (settings_.IsOn(setting::kVisco)) SendCommand(kStopWord);
   ClosePort();
@@ -158,6 +170,7 @@ void Measurement::ArmTimer2() {
 }
 
 void Measurement::Timer1_Timer() {
+  TakeWaiting();
   const double now = clock_.Now().seconds;
   if (!Running() || now < NextRequestTime) return;
   if (AutoStopDue(now)) {
@@ -180,13 +193,17 @@ bool Measurement::AutoStopDue(double now) const {
 }
 
 void Measurement::Timer2_Timer() {
+  TakeWaiting();
+  if (!Timer2_.Enabled()) return;  // the answer was there
   Timer2_.Enabled(false);
   if (Running()) ClosePort();
 }
 
 void Measurement::OnComm(int CommEvent) {
   reception_.MSComm1_OnComm(CommEvent);
-  if (CommEvent == platform::comm_event::kPortGone) ClosePort();
+  if (CommEvent != platform::comm_event::kPortGone) return;
+  TakeWaiting();
+  ClosePort();
 }
 
 }  // namespace quenlor::link

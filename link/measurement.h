@@ -35,6 +35,7 @@ class MeasurementListener {
   virtual void StateChanged() {}  // Running or Stopping is another than before
   virtual void LineReceived(const std::string& /*line*/) {}
   virtual void ErrorLine(const std::string& /*line*/) {}
+  virtual void Told(const std::string& /*text*/) {}  // what the operator should know
 };
 
 // Runs one measurement after the other: start word, repeat requests, auto stop, reply watchdog, and the end.
@@ -83,6 +84,8 @@ class Measurement {
  private:
   void StateChanged();
   void ErrorLine(const std::string& line);
+  void Tell(const std::string& text);
+  void TakeWaiting();
   std::optional<platform::OpenFailure> OpenPort();
   void ClosePort();
   void UpdateRepeatTimer();

@@ -46,8 +46,8 @@ void PortDirectory::Parse(std::string text) {
   text_ = std::move(text);
   lines_.clear();
   std::string_view rest = text_;
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // some editors put it before the first line
-  if (rest.starts_with(kByteOrderMark)) rest.remove_prefix(kByteOrderMark.size());
+  if (rest.starts_with(data::kByteOrderMark))  // some editors put it before the first line
+    rest.remove_prefix(data::kByteOrderMark.size());
   while (!rest.empty()) {
     auto line = rest.substr(0, rest.find('\n'));
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));

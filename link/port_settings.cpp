@@ -30,7 +30,9 @@ std::optional<PortSettings> ApplyPortSettings(const data::SettingsList& settings
   const auto parity = Caption(Parity, settings.Index(setting::kParity));
   const auto length = Caption(Length, settings.Index(setting::kLength));
   const auto bit = Caption(Bit, settings.Index(setting::kBit));
-  if (port < 1 || port > PortCount(settings) || !bps || !parity || !length || !bit) return std::nullopt;
+  const auto term = Caption(Term, settings.Index(setting::kTerm));
+  if (port < 1 || port > PortCount(settings) || !bps || !parity || !length || !bit || !term)
+    return std::nullopt;
   return PortSettings{port, std::string(*bps).append(*parity).append(*length).append(*bit)};
 }
 

@@ -27,15 +27,16 @@ RawLog::RawLog(platform::FileSystem& files, platform::Clock& clock, data::Docume
       clock_(clock),
       document_(document),
       folder_(std::move(folder)),
-      report_error_(std::move(report_error)) {
+      report_error_(std::move(report_error)),
+      saved_logs_(files, folder_) {
   document_.AddListener(*this);
 }
 
 RawLog::~RawLog() { document_.RemoveListener(*this); }
 
-std::string RawLog::Path(int port_number) const {
-  return folder_ + "/Com_" + std::to_string(port_number) + ".txt";
-}
+std::string RawLog::Path(int port_number) const { return folder_ + "/" + Name(port_number); }
+
+std::string RawLog::Name(int port_number) const { return "Com_" + std::to_string(port_number) + ".txt"; }
 
 void RawLog::AddLine(Row row, std::string& lines) const {
   document_.Grid1().AppendLine(row, document_.FieldSeparator(), lines);
@@ -50,40 +51,43 @@ platform::Done RawLog::RewriteRawLog(int port_number) {
   if (files_.Exists(path)) {
     const auto bytes = files_.Read(path);
     if (!bytes.ok()) return bytes.failure();
-    if (HoldsMoreThanTheTable(bytes.value())) {
+    if (!saved_logs_.Holds(Name(port_number), bytes.value()) && HoldsMoreThanTheTable(bytes.value())) {
       if (auto failed = SetAside(path, port_number)) return failed;
     }
   }
+  name_ = Name(port_number);
   if (auto failed = WriteTable(path)) return failed;
   path_ = path;
   lock_ = std::move(lock);
-  separator_on_disk_ = document_.FieldSeparator();
   missing_from_.reset();
   return {};
 }
 
 platform::Done RawLog::WriteTable(const std::string& path) {
-  return files_.Replace(path, [this](platform::ByteSink& sink) {
+  Fingerprint content;
+  auto failed = files_.Replace(path, [&](platform::ByteSink& sink) {
     std::string line;
     for (Row row = 0; row < document_.Grid1().EntryRow(); ++row) {
       line.clear();
       AddLine(row, line);
       sink.Write(line);
+      content.Add(line);
     }
   });
+  if (!failed) logs_[name_] = {content};
+  return failed;
 }
 
 // Both hold their readings in the order of arrival, so one walk through the table finds every line
 // or misses one.
 bool RawLog::HoldsMoreThanTheTable(std::string_view bytes) const {
   const data::MeasurementTable& table = document_.Grid1();
-  char separator = document_.FieldSeparator();
   data::TextLines lines(bytes);
   Row row = 1;
   std::string in_table;
   while (const auto line = lines.Next()) {
-    if (IsTitleLine(*line)) separator = (*line)[3];
     if (line->empty() || IsTitleLine(*line)) continue;
+    const char separator = data::DividerOf(*line, document_.FieldSeparator());
     const std::string_view on_disk = WithoutEmptyEnd(*line, separator);
     bool found = false;
     for (; !found && row < table.EntryRow(); ++row) {
@@ -115,13 +119,11 @@ void RawLog::AppendRawLog(Row row) {
   }
 }
 
-// A title line tells a reader which separator the lines below it have, so another separator begins with one.
 void RawLog::AppendRows(Row first, Row last) {
-  const char separator = document_.FieldSeparator();
   std::string lines;
-  if (separator != separator_on_disk_) AddLine(0, lines);
   for (Row row = first; row <= last; ++row) AddLine(row, lines);
   auto failed = files_.Append(path_, lines);
+  const bool appended = !failed;
   // Somebody has removed it: it begins anew, with everything.
   if (failed && !files_.Exists(path_)) failed = WriteTable(path_);
   if (failed) {
@@ -130,7 +132,7 @@ void RawLog::AppendRows(Row first, Row last) {
     missing_from_ = first;
     return;
   }
-  separator_on_disk_ = separator;
+  if (appended) logs_[name_].content.Add(lines);
   if (!missing_from_) return;
   missing_from_.reset();
   report_error_("Raw Log Written Again");
@@ -146,7 +148,26 @@ void RawLog::Close() {
   lock_.reset();
 }
 
+void RawLog::TableHasChanged() {
+  for (auto& [name, log] : logs_) log.in_the_table = false;
+}
+
+void RawLog::DocumentReplaced() {
+  missing_from_.reset();
+  TableHasChanged();
+}
+
+// What the data file holds now need not be set aside by a later measurement.
+void RawLog::DocumentSaved() {
+  std::map<std::string, Fingerprint> saved;
+  for (const auto& [name, log] : logs_) {
+    if (log.in_the_table) saved[name] = log.content;
+  }
+  saved_logs_.Note(saved);
+}
+
 void RawLog::RowsRemoved(Row first, Row last) {
+  TableHasChanged();
   if (missing_from_ && *missing_from_ > first) {
     *missing_from_ -= std::min(last + 1, *missing_from_) - first;
   }

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "data/document.h"
+#include "link/saved_logs.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
 
@@ -41,10 +43,20 @@ class RawLog : private data::DocumentListener {
   void Close();
 
  private:
+  // What stands in a log of this run of the program.
+  struct Log {
+    Fingerprint content;
+    bool in_the_table = true;  // every reading of it, as it stands
+  };
+
   void RowsRemoved(Row first, Row last) override;
-  void DocumentReplaced() override { missing_from_.reset(); }
+  void CellChanged(Row, int) override { TableHasChanged(); }
+  void DocumentReplaced() override;
+  void DocumentSaved() override;
+  void TableHasChanged();
 
   bool HoldsMoreThanTheTable(std::string_view bytes) const;
+  std::string Name(int port_number) const;
   platform::Done WriteTable(const std::string& path);
   platform::Done SetAside(const std::string& path, int port_number);
   void AppendRows(Row first, Row last);
@@ -57,7 +69,9 @@ class RawLog : private data::DocumentListener {
   std::function<void(const std::string&)> report_error_;
   std::string path_;  // empty while no measurement runs
   std::unique_ptr<platform::FileLock> lock_;
-  char separator_on_disk_ = ',';     // what the last lines of the file are divided by
+  SavedLogs saved_logs_;
+  std::map<std::string, Log> logs_;  // by name
+  std::string name_;                 // of the log in use, without the folder
   std::optional<Row> missing_from_;  // the first row that is not on the disk
   double last_attempt_ = 0;
 };

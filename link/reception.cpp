@@ -20,7 +20,7 @@ void Reception::MSComm1_OnComm(int CommEvent) {
     MSComm1_.ClearInBuffer();
     answers_.error(std::string(kOverflowLine));
   } else if (CommEvent == platform::comm_event::kReceive) {
-    TakeCharacters(MSComm1_.Input());
+    TakeWaiting();
   } else if (CommEvent >= 11) {
     answers_.error("Communication Error " + std::to_string(CommEvent));
   }
@@ -29,6 +29,13 @@ void Reception::MSComm1_OnComm(int CommEvent) {
 void Reception::ClearLine() {
   LineBuffer.clear();
   line_cut_ = false;
+}
+
+void Reception::TakeWaiting() {
+  if (taking_) return;
+  taking_ = true;
+  TakeCharacters(MSComm1_.Input());
+  taking_ = false;
 }
 
 void Reception::TakeCharacters(std::string_view Input) {

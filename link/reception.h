@@ -42,6 +42,10 @@ class Reception {
   // The port's event handler: received characters, errors of the line, and notifications that need no answer.
   void MSComm1_OnComm(int CommEvent);
 
+  // Takes the characters that have come, whether or not they were told; nothing while characters are being
+  // taken.
+  void TakeWaiting();
+
   // Forgets a line that has begun.
   void ClearLine();
 
@@ -57,6 +61,7 @@ class Reception {
   RawLog& raw_log_;
   Answers answers_;
   std::string LineBuffer;  // since the last carriage return
+  bool taking_ = false;    // characters are being looked at
   bool line_cut_ = false;  // the line has been longer than can be kept
   std::vector<std::string> fields_;
 };

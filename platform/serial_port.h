@@ -62,9 +62,10 @@ class SerialPort {
 
   virtual void RTSEnable(bool enabled) = 0;         // on a closed port: for when it is opened
   virtual void Output(std::string_view bytes) = 0;  // queues; nothing on a closed port
-  virtual std::string Input() = 0;                  // takes everything received so far, also after kPortGone
-  virtual void ClearInBuffer() = 0;                 // InBufferCount = 0
-  virtual void ClearOutBuffer() = 0;                // OutBufferCount = 0
+  // Takes everything received so far, also what no event has told yet, and also after kPortGone.
+  virtual std::string Input() = 0;
+  virtual void ClearInBuffer() = 0;   // InBufferCount = 0
+  virtual void ClearOutBuffer() = 0;  // OutBufferCount = 0
 
   virtual void OnComm(std::function<void(int comm_event)> handler) = 0;
 };

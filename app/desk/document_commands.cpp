@@ -16,7 +16,22 @@ using platform::Icon;
 constexpr const char* kFilter = "CSV File(*.csv)|*.csv|ALL Files(*.*)|*.*";
 constexpr const char* kNewName = "New.csv";
 
+constexpr const char* kCommasDivide =
+    "some fields hold \",\", which also divides them in files: Decimal Point Comma would keep them apart";
+
 }  // namespace
+
+DocumentCommands::DocumentCommands(Session& session, link::Measurement& measurement,
+                                   platform::Dialogs& dialogs, DocumentCommandsView& view)
+    : session_(session), measurement_(measurement), dialogs_(dialogs), view_(view) {
+  session_.Document().AddListener(*this);
+}
+
+DocumentCommands::~DocumentCommands() { session_.Document().RemoveListener(*this); }
+
+// Nothing is quoted in a file, and a sample's name is no reason to divide it otherwise than a spreadsheet
+// expects.
+void DocumentCommands::CommasDivideFields() { view_.Say(std::string("Note: ") + kCommasDivide); }
 
 bool DocumentCommands::MayDiscard() {
   if (!session_.Document().DataChanged()) return true;
@@ -36,7 +51,6 @@ void DocumentCommands::New() {
   // A new document never fails: where no template can be kept, the usual titles serve.
   auto bytes = session_.Files().Read(path);
   Load(path, bytes.ok() ? std::move(bytes.value()) : TemplateText());
-  session_.Document().SetFieldSeparator(session_.List().FieldSeparator());
   session_.Document().SetFileName(kNewName);
   view_.ClearReceivedData();
 }
@@ -85,7 +99,7 @@ void DocumentCommands::Save() {
   if (failed) return view_.Say(failed->text);
   session_.Document().Saved(NameWithoutFolder(*path));
   session_.Settings().SaveSettings();
-  view_.Say("Saved " + *path);
+  view_.Say("Saved " + *path + (session_.Document().CommasDivide() ? std::string("; ") + kCommasDivide : ""));
 }
 
 bool DocumentCommands::ExitProgram() {

@@ -21,11 +21,13 @@ class DocumentCommandsView {
 
 // New, Open, Save, a dropped file, and the end of the program: each stops what runs, asks before it discards,
 // and leaves everything as it was when it is cancelled or fails.
-class DocumentCommands {
+class DocumentCommands : private data::DocumentListener {
  public:
   DocumentCommands(Session& session, link::Measurement& measurement, platform::Dialogs& dialogs,
-                   DocumentCommandsView& view)
-      : session_(session), measurement_(measurement), dialogs_(dialogs), view_(view) {}
+                   DocumentCommandsView& view);
+  ~DocumentCommands() override;
+  DocumentCommands(const DocumentCommands&) = delete;
+  DocumentCommands& operator=(const DocumentCommands&) = delete;
 
   void New();
   void Open();
@@ -38,6 +40,7 @@ class DocumentCommands {
 
  private:
   bool MayDiscard();
+  void CommasDivideFields() override;
   void WriteNewTemplate(const std::string& path);
   std::string TemplateText() const;
   void Load(const std::string& path, std::string bytes);

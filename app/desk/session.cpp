@@ -10,11 +10,10 @@
 
 namespace quenlor::app {
 
-Session::Session(platform::FileSystem& files, const std::string& program_folder, bool system_writes_comma,
-                 graph::GraphView* view)
+Session::Session(platform::FileSystem& files, Place place, bool system_writes_comma, graph::GraphView* view)
     : files_(files),
-      folder_(program_folder),
-      settings_(files, program_folder, system_writes_comma),
+      place_(std::move(place)),
+      settings_(files, File(SettingsName()), system_writes_comma),
       document_(settings_.List()),
       graph_(document_, settings_.List(), view != nullptr ? *view : nobody_) {
   settings_.LoadSettings();

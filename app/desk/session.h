@@ -17,15 +17,23 @@ namespace quenlor::app {
 // every other front end have them. They are read from the program folder once, when the session begins.
 class Session {
  public:
+  // Where the program keeps its files, and what its settings file is called after.
+  struct Place {
+    std::string folder;
+    std::string program_name = "quenlor";
+  };
+
   // `view` is told what to show, if anybody looks.
-  Session(platform::FileSystem& files, const std::string& program_folder, bool system_writes_comma,
+  Session(platform::FileSystem& files, Place place, bool system_writes_comma,
           graph::GraphView* view = nullptr);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
   platform::FileSystem& Files() const { return files_; }
-  std::string File(const std::string& name) const { return folder_ + "/" + name; }  // in the program folder
-  const std::string& Folder() const { return folder_; }
+  std::string File(const std::string& name) const {
+    return place_.folder + "/" + name;
+  }  // in the program folder
+  std::string SettingsName() const { return place_.program_name + ".ini"; }
 
   SettingsFile& Settings() { return settings_; }
   data::SettingsList& List() { return settings_.List(); }
@@ -52,7 +60,7 @@ class Session {
 
  private:
   platform::FileSystem& files_;
-  std::string folder_;
+  Place place_;
   SettingsFile settings_;
   data::Document document_;
   graph::GraphView nobody_;

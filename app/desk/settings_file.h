@@ -8,13 +8,13 @@
 
 namespace quenlor::app {
 
-// The settings list and the file that mirrors it: "quenlor.ini" in the program folder, one element a line.
+// The settings list and the file that mirrors it, one element a line.
 //
 // A file that cannot be written changes nothing for the running program; its choices hold until it ends.
 class SettingsFile {
  public:
-  SettingsFile(platform::FileSystem& files, const std::string& program_folder, bool system_writes_comma)
-      : files_(files), path_(program_folder + "/quenlor.ini"), system_writes_comma_(system_writes_comma) {}
+  SettingsFile(platform::FileSystem& files, std::string path, bool system_writes_comma)
+      : files_(files), path_(std::move(path)), system_writes_comma_(system_writes_comma) {}
 
   data::SettingsList& List() { return list_; }
   const data::SettingsList& List() const { return list_; }

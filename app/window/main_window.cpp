@@ -25,8 +25,8 @@ constexpr int kDevicesMilliseconds = 200;
 
 MainWindow::MainWindow(const MainWindowPorts& ports)
     : refresh_([this](bool whole) { return ShowNews(whole); }, [this] { Picture1.LayoutLabels(); }),
-      session_(ports.measurement.files, ports.program_folder, ports.system_writes_comma, &refresh_),
-      measurement_(ports.measurement, session_.Document(), session_.List(), ports.program_folder),
+      session_(ports.measurement.files, ports.place, ports.system_writes_comma, &refresh_),
+      measurement_(ports.measurement, session_.Document(), session_.List(), ports.place.folder),
       documents_(session_, measurement_, ports.dialogs, *this),
       status_(*new StatusLine(this)),
       menus_(*new Menus(menuBar(), session_, measurement_, {ports.look_for_devices, ports.name_of_port},

@@ -28,7 +28,7 @@ struct MainWindowPorts {
   platform::Dialogs& dialogs;
   platform::Printer& printer;
   platform::Clipboard& clipboard;
-  std::string program_folder;
+  Session::Place place;
   bool system_writes_comma = false;                   // one and a half is "1,5" to this system
   std::function<void()> look_for_devices;             // before the Com Port menu tells them
   std::function<std::string(int port)> name_of_port;  // the device behind a number; empty when there is none

@@ -10,7 +10,6 @@
 #include "app/plain_tip.h"
 #include "app/window/named.h"
 #include "data/text_number.h"
-#include "link/command_list.h"
 
 namespace quenlor::app {
 namespace {
@@ -48,8 +47,8 @@ void MeasurePanel::ConnectHandlers() {
 }
 
 void MeasurePanel::LoadCommandList() {
-  for (const std::string& entry : link::LoadCommandList(session_.Files(), session_.File("Command_V.txt")))
-    Combo1->addItem(Text(entry));
+  command_list_ = link::LoadCommandList(session_.Files(), session_.File("Command_V.txt"));
+  for (const std::string& entry : command_list_.Entries()) Combo1->addItem(Text(entry));
   Combo1->setCurrentIndex(Combo1->count() - 1);
   Combo1_Change();
 }
@@ -70,7 +69,9 @@ void MeasurePanel::Command1_Click() {
 
 void MeasurePanel::Command2_Click() { measurement_.SendCommand(measurement_.CommandData()); }
 
-void MeasurePanel::Combo1_Change() { measurement_.SetCommandData(Combo1->currentText().toStdString()); }
+void MeasurePanel::Combo1_Change() {
+  measurement_.SetCommandData(command_list_.BytesOf(Combo1->currentText().toStdString()));
+}
 
 void MeasurePanel::Check1_Click() {
   session_.List().Set(setting::kRepeat, Check1->isChecked() ? 1 : 0);
@@ -121,6 +122,8 @@ void MeasurePanel::ErrorLine(const std::string& line) {
   Form5->AppendLine(Text(line));
   if (!Form5->isVisible()) Form5->show();
 }
+
+void MeasurePanel::Told(const std::string& text) { status_.Say(text); }
 
 void MeasurePanel::ShowLine() {
   if (!std::exchange(line_waits_, false)) return;

@@ -12,6 +12,7 @@
 #include "app/desk/session.h"
 #include "app/window/one_at_a_time.h"
 #include "app/window/status_line.h"
+#include "link/command_list.h"
 #include "link/error_window.h"
 #include "link/measurement.h"
 #include "platform/dialogs.h"
@@ -51,12 +52,14 @@ class MeasurePanel : public QWidget, private link::MeasurementListener {
   void StateChanged() override;
   void LineReceived(const std::string& line) override;
   void ErrorLine(const std::string& line) override;
+  void Told(const std::string& text) override;
 
   Session& session_;
   link::Measurement& measurement_;
   platform::Dialogs& dialogs_;
   OneAtATime& commands_;
   StatusLine& status_;
+  link::CommandList command_list_;
   std::string last_line_;
   bool line_waits_ = false;  // last_line_ is not shown yet
   bool had_focus_ = false;   // the button, before Stop's wait took it away

@@ -256,12 +256,11 @@ void Menus::TellOfUnreachableDevice() {
   for (int port = Port.Last() + 1; port <= kMostNumbers; ++port) {
     const std::string device = devices_.name_of_port(port);
     if (device.empty()) continue;
-    return status_.Say(
-        tr("Port %1 (%2) lies beyond the Com Port menu; the first line of quenlor.ini is the number "
-           "of its items")
-            .arg(port)
-            .arg(Text(device))
-            .toStdString());
+    return status_.Say(tr("Port %1 (%2) lies beyond the Com Port menu; the first line of %3 is the number "
+                          "of its items")
+                           .arg(port)
+                           .arg(Text(device), Text(session_.SettingsName()))
+                           .toStdString());
   }
 }
 

@@ -63,10 +63,14 @@ void MemorySerialPort::ClearOutBuffer() {
 }
 
 void MemorySerialPort::Feed(std::string_view bytes) {
+  Arrive(bytes);
+  Tell();
+}
+
+void MemorySerialPort::Arrive(std::string_view bytes) {
   if (!open_ || gone_ || bytes.empty()) return;
   received_ += bytes;
   unheard_ = true;
-  Tell();
 }
 
 void MemorySerialPort::Raise(int comm_event) {

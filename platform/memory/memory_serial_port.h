@@ -30,7 +30,8 @@ class MemorySerialPort : public SerialPort {
   void OnComm(std::function<void(int comm_event)> handler) override { handler_ = std::move(handler); }
 
   // The other end.
-  void Feed(std::string_view bytes);  // arrives and is told as kReceive
+  void Feed(std::string_view bytes);    // arrives and is told as kReceive
+  void Arrive(std::string_view bytes);  // arrives while nobody gets a turn: told with what comes next
   void Raise(int comm_event);
   void VanishDevice();  // what arrived before stays in Input
 

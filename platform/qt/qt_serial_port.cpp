@@ -120,6 +120,7 @@ void QtSerialPort::Output(std::string_view bytes) {
 }
 
 std::string QtSerialPort::Input() {
+  ReadWhatWaits();
   unheard_ = false;
   return std::exchange(received_, {});
 }
@@ -133,6 +134,16 @@ void QtSerialPort::ClearInBuffer() {
 
 void QtSerialPort::ClearOutBuffer() {
   if (device_) device_->clear(QSerialPort::Output);
+}
+
+// Nobody may have had a turn since characters arrived; then the system holds them still.
+void QtSerialPort::ReadWhatWaits() {
+  if (!device_) return;
+  {
+    const QSignalBlocker quiet(device_.get());
+    while (device_->waitForReadyRead(0)) received_ += device_->readAll().toStdString();
+  }
+  received_ += device_->readAll().toStdString();
 }
 
 void QtSerialPort::TakeReceived() {

@@ -51,6 +51,7 @@ class QtSerialPort final : public QObject, public SerialPort {
   void OnComm(std::function<void(int comm_event)> handler) override { handler_ = std::move(handler); }
 
  private:
+  void ReadWhatWaits();
   void TakeReceived();
   void LookAtLineErrors();
   void NoteError(QSerialPort::SerialPortError error);

@@ -47,7 +47,7 @@ struct Bench {
     EXPECT_EQ(line.error, "");
     return static_cast<int>(
         RunBatch(line, {.files = files,
-                        .program_folder = "/lab",
+                        .place = {"/lab"},
                         .system_writes_comma = writes_comma,
                         .read_standard_input =
                             [this] {

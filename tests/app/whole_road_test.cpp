@@ -22,6 +22,7 @@
 #include <gtest/gtest.h>
 
 #include "app/program.h"
+#include "app/program_name.h"
 
 namespace quenlor::app {
 namespace {
@@ -78,10 +79,12 @@ struct Road {
 
   // No repeat requests, and no time scale that hides tenths: the lines come by themselves.
   void WriteSettings() {
-    QFile file(Path("quenlor.ini"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(
-        "16\r\n6\r\n1\r\n7\r\n2\r\n1\r\n0\r\n0\r\n0\r\n5\r\n2\r\n1\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
+    for (const std::string& name : {ProgramName() + ".ini", std::string("quenlor-road-driver.ini")}) {
+      QFile file(Path(name.c_str()));
+      ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+      file.write(
+          "16\r\n6\r\n1\r\n7\r\n2\r\n1\r\n0\r\n0\r\n0\r\n5\r\n2\r\n1\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
+    }
   }
 
   // Fills in the next file box with that path.

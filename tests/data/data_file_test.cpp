@@ -138,7 +138,26 @@ TEST(DataFile, TextIsUtf8AndOtherBytesAreLatin1) {
   EXPECT_THAT(Titles(contents), ElementsAre("No.", "Time", "\xC2\xB0 C", "\xC2\xB0 C"));
   EXPECT_THAT(Readings(contents), ElementsAre(Texts{"1", "0", "\xC3\xBE\xC3\xBF", "\xE2\x82\xAC"}));
   EXPECT_EQ(contents.remarks, "\xC3\xBC");
-  EXPECT_THAT(contents.List2, ElementsAre("\xC3\x83"));
+  EXPECT_THAT(contents.List2, ElementsAre("\xC3")) << "memo lines are bytes";
+}
+
+TEST(DataFile, TellsHowItsTextIsEncoded) {
+  const auto encoding = [](const char* bytes) { return ParseDataFile(bytes).encoding; };
+  EXPECT_EQ(encoding("No.,Time\r\n1,0\r\n"), TextEncoding::kUtf8);
+  EXPECT_EQ(encoding("No.,Time,\xC2\xB0\r\n"), TextEncoding::kUtf8);
+  EXPECT_EQ(encoding("\xEF\xBB\xBFNo.,Time\r\n"), TextEncoding::kUtf8WithMark);
+  EXPECT_EQ(encoding("No.,Time,\xB0\r\n"), TextEncoding::kLatin1);
+  EXPECT_EQ(encoding("No.,Time,\xB0,\xC2\xB0\r\n"), TextEncoding::kUtf8) << "damaged, but no Latin-1";
+  EXPECT_EQ(encoding("No.,Time\r\nMemo,a\r\n\xB0\r\n"), TextEncoding::kUtf8) << "memo lines do not count";
+}
+
+TEST(DataFile, AReadingWhoseNumberIsFollowedByTheOtherSeparatorIsDividedByThat) {
+  const auto contents = ParseDataFile("No.,Time,a\r\n1,0,x;y\r\n1;5;1,5\r\n12;6;7\r\n;1,2\r\n");
+  EXPECT_THAT(Readings(contents), ElementsAre(Texts{"1", "0", "x;y"}, Texts{"1", "5", "1,5"},
+                                              Texts{"12", "6", "7"}, Texts{";1", "2", ""}));
+  EXPECT_EQ(contents.separator, ',');
+  EXPECT_EQ(contents.run_count, 12);
+  EXPECT_THAT(Readings(ParseDataFile("No.;Time\r\n1,0\r\n")), ElementsAre(Texts{"1", "0"}));
 }
 
 TEST(DataFile, NulsBelongToTheirCell) {
@@ -232,7 +251,7 @@ TEST(DataFile, KeyLinesMayStandAnywhere) {
 TEST(DataFile, KeysAreTheFirstFourCharactersWhateverFollows) {
   const auto contents = ParseDataFile("No.,Time\r\nDates,d\r\nAxis\r\nInfo\r\n");
   EXPECT_EQ(contents.date, ",d");
-  EXPECT_EQ(contents.axis.ViscoColumn, std::nullopt);
+  EXPECT_EQ(contents.axis.TempColumn, std::nullopt);
   EXPECT_THAT(Readings(contents), IsEmpty());
 }
 
@@ -256,8 +275,8 @@ TEST(DataFile, TheLastAxisLineCounts) {
   const AxisValues axis = ParseDataFile("Axis,1,2,3\r\nAxis,2, 4 ,,x,7\r\n").axis;
   EXPECT_EQ(axis.ViscoColumn, 2);
   EXPECT_EQ(axis.TempColumn, 4);
-  EXPECT_EQ(axis.TimeMin, std::nullopt);
-  EXPECT_EQ(axis.TimeMax, std::nullopt);
+  EXPECT_EQ(axis.TimeMin, 0) << "what is no number counts as 0";
+  EXPECT_EQ(axis.TimeMax, 0);
   EXPECT_EQ(axis.ViscoMin, 7);
   EXPECT_EQ(axis.ViscoMax, std::nullopt);
 }

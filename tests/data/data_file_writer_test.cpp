@@ -254,5 +254,54 @@ TEST_P(RandomDocuments, HoldWhatTheFileSaysAndAreWrittenAsItStands) {
   }
 }
 
+std::string SavedAgain(const std::string& bytes) {
+  Laboratory lab;
+  lab.Open(bytes);
+  return lab.Bytes();
+}
+
+TEST(DataFileEncoding, ALatin1FileStaysOneAsLongAsItsTextsFit) {
+  const std::string file = SavedAgain(
+      "No.,Time,\xB0"
+      "C\r\n1,0,\xFC\r\nMemo,Gr\xFC\xDF"
+      "e\r\n");
+  EXPECT_THAT(file, testing::StartsWith("No.,Time,\xB0"
+                                        "C\r\n1,0,\xFC\r\n"));
+  EXPECT_THAT(file, testing::HasSubstr("\r\nMemo,Gr\xFC\xDF"
+                                       "e\r\n"));
+  EXPECT_EQ(SavedAgain(file), file);
+
+  Laboratory lab;
+  lab.Open(file);
+  lab.document.SetCell(1, 2, "\xE2\x82\xAC");
+  EXPECT_THAT(lab.Bytes(), testing::StartsWith("No.,Time,\xC2\xB0"
+                                               "C\r\n1,0,\xE2\x82\xAC\r\n"))
+      << "UTF-8";
+}
+
+TEST(DataFileEncoding, Latin1ThatWouldReadAsUtf8IsWrittenAsUtf8) {
+  Laboratory lab;
+  lab.Open(
+      "No.,Time,\xB0"
+      "C\r\n1,0,x\r\n");
+  lab.document.SetCell(1, 2, "\xC3\x83\xC2\xBC");  // two letters whose Latin-1 bytes are one in UTF-8
+  EXPECT_EQ(ParseDataFile(lab.Bytes()).table.TextMatrix(1, 2), "\xC3\x83\xC2\xBC");
+}
+
+TEST(DataFileEncoding, AByteOrderMarkIsKept) {
+  const std::string file = SavedAgain("\xEF\xBB\xBFNo.,Time\r\n1,0\r\n");
+  EXPECT_THAT(file, testing::StartsWith("\xEF\xBB\xBFNo.,Time\r\n1,0\r\n"));
+  EXPECT_EQ(SavedAgain(file), file);
+}
+
+TEST(DataFileEncoding, MemoLinesComeBackByteForByte) {
+  const std::string memo = "\xC3\x28\r\n\xFF\xFE,;\r\n\xE2\x82\xAC\r\n";
+  EXPECT_THAT(SavedAgain("No.,Time\r\n1,0\r\nMemo,a\r\n" + memo), testing::EndsWith("Memo,a\r\n" + memo));
+  EXPECT_THAT(SavedAgain("No.,Time,\xB0\r\n1,0\r\nMemo,\xB0\r\n" + memo),
+              testing::EndsWith("Memo,\xB0\r\n" + memo));
+  EXPECT_THAT(SavedAgain("No.,Time,\xC2\xB0\r\nMemo,\xC2\xB0\r\n" + memo),
+              testing::EndsWith("Memo,\xC2\xB0\r\n" + memo));
+}
+
 }  // namespace
 }  // namespace quenlor::data

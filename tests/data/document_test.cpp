@@ -364,28 +364,41 @@ TEST(DocumentTexts, EditedTextsAreOneLineSoThatFilesStayWhole) {
   EXPECT_EQ(read_back.remarks, "two lines");
 }
 
-TEST(DocumentTexts, ADocumentThatHoldsCommasIsNeverDividedByThem) {
+// Counts how often it is told that commas divide fields.
+struct CommaListener : DocumentListener {
+  void CommasDivideFields() override { ++told; }
+  int told = 0;
+};
+
+TEST(DocumentTexts, ACommaInAFieldLeavesTheSeparatorAndIsToldOnce) {
   SettingsList settings;
   Document document(settings);
+  CommaListener listener;
+  document.AddListener(listener);
   document.Load(ParseDataFile("No.,Time,Viscosity,Temp\r\n"), "a.csv", "");
+  document.AppendReading(std::vector<std::string_view>{"1.5", "2"}, {1e9, 0});
+  EXPECT_EQ(listener.told, 0);
+
+  document.SetSampleName(1, "resin, 20 C");
   EXPECT_EQ(document.FieldSeparator(), ',');
+  EXPECT_TRUE(document.CommasDivide());
+  EXPECT_EQ(listener.told, 1);
+  document.SetCell(1, 2, "1,5");
+  EXPECT_EQ(listener.told, 1) << "once for a document";
 
-  const std::vector<std::string_view> fields{"1,5", "2,5"};
-  document.AppendReading(fields, {1e9, 0});
+  document.SetFieldSeparator(';');
+  EXPECT_FALSE(document.CommasDivide());
+}
 
-  EXPECT_EQ(document.FieldSeparator(), ';');
-  document.SetFieldSeparator(',');
-  EXPECT_EQ(document.FieldSeparator(), ';') << "the menu's Dot does not tear them either";
-  std::string file;
-  WriteDataFile(document, settings, [&](std::string_view piece) { file += piece; });
-  EXPECT_EQ(ParseDataFile(file).table.TextMatrix(1, 2), "1,5");
-
+TEST(DocumentTexts, CommasAreToldWhenTheMenuLetsThemDivide) {
+  SettingsList settings;
+  Document document(settings);
+  CommaListener listener;
+  document.AddListener(listener);
   document.Load(ParseDataFile("No.;Time;A\r\n1;0;1,5\r\n"), "b.csv", "");
+  EXPECT_EQ(listener.told, 0) << "\";\" divides";
   document.SetFieldSeparator(',');
-  EXPECT_EQ(document.FieldSeparator(), ';') << "nor those of a file";
-  document.Load(ParseDataFile("No.;Time;A\r\n1;0;1.5\r\n"), "c.csv", "");
-  document.SetFieldSeparator(',');
-  EXPECT_EQ(document.FieldSeparator(), ',');
+  EXPECT_EQ(listener.told, 1);
 }
 
 }  // namespace

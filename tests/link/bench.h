@@ -119,6 +119,7 @@ class Bench : private MeasurementListener {
   // What the program told.
   Texts errors;    // the Error window's lines
   Texts received;  // the "Received Data" box, line after line
+  Texts told;      // the status line
   int state_changes = 0;
 
   // What a test does, or looks at, in that very moment.
@@ -164,6 +165,7 @@ class Bench : private MeasurementListener {
     if (on_line) on_line();
   }
   void ErrorLine(const std::string& line) override { errors.push_back(line); }
+  void Told(const std::string& text) override { told.push_back(text); }
 
  public:
   data::SettingsList settings;

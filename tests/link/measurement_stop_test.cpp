@@ -219,5 +219,28 @@ TEST(MeasurementStop, NothingIsToldAfterItsEnd) {
   EXPECT_EQ(bench.TakeSent(), "");
 }
 
+TEST(MeasurementStop, CharactersThatHadArrivedAreReadings) {
+  for (const bool at_the_end_of_the_program : {false, true}) {
+    Bench bench;
+    bench.Start();
+    bench.port.Arrive("1\r2\r");
+    if (at_the_end_of_the_program)
+      bench.measurement.StopWithoutWait();
+    else
+      bench.measurement.Stop();
+    EXPECT_TRUE(bench.Stopped());
+    EXPECT_EQ(bench.document.Grid1().Rows(), 4);
+  }
+}
+
+TEST(MeasurementStop, CharactersOfADeviceThatVanishedAreReadings) {
+  Bench bench;
+  bench.Start();
+  bench.port.Arrive("1\r");
+  bench.port.VanishDevice();
+  EXPECT_TRUE(bench.Stopped());
+  EXPECT_EQ(bench.document.Grid1().Rows(), 3);
+}
+
 }  // namespace
 }  // namespace quenlor::link

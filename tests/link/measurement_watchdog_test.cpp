@@ -181,5 +181,31 @@ TEST_F(MeasurementWatchdog, AMeasurementThatIsAnsweredGoesOn) {
   EXPECT_EQ(bench.document.Grid1().EntryRow() - 1, 1 + 301) << "the first line and an answer to each request";
 }
 
+// The interface was held up for more than the five seconds: line and timer wait for their turn together.
+TEST(MeasurementWatchdogAfterAStall, AnAnswerThatIsThereAlreadyCounts) {
+  Bench bench;
+  bench.Repeat("60", "QM");
+  bench.Start();
+  bench.Line("1");
+  bench.Advance(60);  // the request goes out
+  bench.port.Arrive("2\r");
+  bench.Advance(5.5);
+
+  EXPECT_TRUE(bench.measurement.Running());
+  EXPECT_EQ(bench.document.Grid1().Rows(), 4);
+}
+
+TEST(MeasurementWatchdogAfterAStall, HalfAnAnswerIsNone) {
+  Bench bench;
+  bench.Repeat("60", "QM");
+  bench.Start();
+  bench.Line("1");
+  bench.Advance(60);
+  bench.port.Arrive("2");
+  bench.Advance(5.5);
+
+  EXPECT_TRUE(bench.Stopped());
+}
+
 }  // namespace
 }  // namespace quenlor::link

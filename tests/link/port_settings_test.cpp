@@ -156,13 +156,12 @@ TEST(PortSettings, TheTerminatorFollowsItsMenu) {
   EXPECT_EQ(Terminator(settings), "\r");
 }
 
-TEST(PortSettings, WithoutCrLfCheckedTheTerminatorIsACarriageReturn) {
+TEST(PortSettings, ATerminatorWithoutAnItemOpensNothing) {
   data::SettingsList settings;
   for (const char* text : {"2", "", "CR/LF", "-1"}) {
     settings.Set(setting::kTerm, std::string(text));
 
-    EXPECT_EQ(Terminator(settings), "\r") << text;
-    EXPECT_TRUE(ApplyPortSettings(settings)) << text;
+    EXPECT_FALSE(ApplyPortSettings(settings)) << text;
   }
 }
 

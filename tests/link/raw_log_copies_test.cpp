@@ -97,6 +97,61 @@ TEST(RawLogCopies, AForgottenSaveIsSetAsideAfterNew) {
   EXPECT_EQ(bench.files.Content("/lab/Com_1_20240315-120100.txt"), first);
 }
 
+TEST(RawLogCopies, ReadingsThatWereSavedNeedNone) {
+  Bench bench;
+  bench.Measure({"1", "2"});
+  bench.document.Saved("monday.csv");
+  bench.New();
+  bench.Measure({"3"});
+  EXPECT_THAT(bench.Copies(), IsEmpty());
+  EXPECT_EQ(bench.RawLogText(), "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n1,00.0,3,,,\r\n");
+}
+
+TEST(RawLogCopies, ReadingsThatWereSavedNeedNoneInALaterLifeOfTheProgram) {
+  Bench bench;
+  bench.Measure({"1", "2"});
+  bench.document.Saved("monday.csv");
+
+  Bench later;
+  for (const std::string& path : bench.files.Paths()) later.files.Put(path, bench.files.Content(path));
+  later.Measure({"3"});
+  EXPECT_THAT(later.Copies(), IsEmpty());
+}
+
+TEST(RawLogCopies, AReadingSinceTheSaveIsUnsaved) {
+  Bench bench;
+  bench.Start();
+  bench.Line("1");
+  bench.document.Saved("monday.csv");
+  bench.Line("2");
+  bench.measurement.Stop();
+  bench.New();
+  bench.Start();
+  EXPECT_THAT(bench.Copies(), ElementsAre(kCopy));
+}
+
+TEST(RawLogCopies, ALogThatSomebodyChangedSinceTheSaveIsKept) {
+  Bench bench;
+  bench.Measure({"1", "2"});
+  bench.document.Saved("monday.csv");
+  std::string changed = bench.RawLogText();
+  changed[changed.size() - 6] = '7';
+  bench.files.Put("/lab/Com_1.txt", changed);
+  bench.New();
+  bench.Start();
+  EXPECT_THAT(bench.Copies(), ElementsAre(kCopy));
+}
+
+TEST(RawLogCopies, AReadingThatWasDeletedBeforeTheSaveIsKept) {
+  Bench bench;
+  bench.Measure({"1", "2"});
+  bench.document.RemoveRows(1, 1);
+  bench.document.Saved("monday.csv");
+  bench.New();
+  bench.Start();
+  EXPECT_THAT(bench.Copies(), ElementsAre(kCopy));
+}
+
 TEST(RawLogCopies, AnEditedCellIsSetAsideAtTheNextStart) {
   Bench bench;
   bench.Measure({"1"});

@@ -279,6 +279,17 @@ TEST_F(QtSerialPortTest, AHangUpUnderARunningHandlerLeavesTheEventLoopIdle) {
   EXPECT_LT(busy_turns, 100);
 }
 
+// As after a pause of the whole machine: a timer may be served before the line is.
+TEST_F(QtSerialPortTest, InputHasWhatTheSystemHoldsBeforeAnyEventTellsOfIt) {
+  ASSERT_FALSE(port_.Open(1, "9600N81"));
+  line_.Write("12.5\r\n");
+  EXPECT_EQ(port_.Input(), "12.5\r\n");
+  EXPECT_TRUE(events_.empty());
+  line_.Write("13");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !events_.empty(); })) << "what comes later is told as ever";
+  EXPECT_EQ(port_.Input(), "13");
+}
+
 TEST_F(QtSerialPortTest, AfterAHangUpTheSamePortOpensOnANewDevice) {
   auto first = std::make_unique<PseudoTerminal>();
   std::string device = first->Device();

@@ -23,7 +23,7 @@ struct DeskBench : private DocumentCommandsView {
   platform::memory::MemorySerialPort MSComm1;
   platform::memory::MemoryFileSystem files{&clock};
   platform::memory::ScriptedDialogs dialogs;
-  Session session{files, "/lab", false};
+  Session session{files, {"/lab"}, false};
   link::Measurement measurement{
       {MSComm1, clock, Timer1, Timer2, loop, files}, session.Document(), session.List(), "/lab"};
   DocumentCommands commands{session, measurement, dialogs, *this};

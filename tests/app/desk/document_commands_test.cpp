@@ -133,5 +133,27 @@ TEST_F(DocumentCommandsTest, NoEndsWithoutSaving) {
   EXPECT_TRUE(commands.ExitProgram());
 }
 
+TEST_F(DocumentCommandsTest, CommasInFieldsAreToldOnceAndAtSave) {
+  commands.New();
+  Measure({"1,2,3,4"});
+  Document().SetSampleName(1, "resin, 20 C");
+  EXPECT_THAT(said.back(), HasSubstr("Decimal Point Comma would keep them apart"));
+  dialogs.Path("/data/run.csv");
+  commands.Save();
+  EXPECT_THAT(said.back(), HasSubstr("Saved /data/run.csv; some fields hold \",\""));
+  EXPECT_THAT(files.Content("/data/run.csv"), HasSubstr("Info,No.1,resin, 20 C,"))
+      << "and nothing else changes";
+}
+
+TEST_F(DocumentCommandsTest, AnOwnTemplateKeepsItsSeparatorUntilTheMenuSaysOtherwise) {
+  files.Put("/lab/New.txt", "No.;Time;Viscosity;Temp\r\n");
+  commands.New();
+  EXPECT_EQ(Document().FieldSeparator(), ';');
+  session.List().Set(data::setting::kDP, 1);
+  files.Put("/lab/New.txt", "No.,Time,Viscosity,Temp\r\n");
+  commands.New();
+  EXPECT_EQ(Document().FieldSeparator(), ';') << "the decimal comma keeps fields apart";
+}
+
 }  // namespace
 }  // namespace quenlor::app

@@ -26,7 +26,7 @@ TEST_F(SessionTest, BeginsWithTheSettingsAndColoursOfItsFolder) {
   const graph::ColorSettings colors(graph::kDefaultColors, graph::Scheme::Black);
   files.Put("/lab/Color.txt", colors.Text());
 
-  const Session session(files, "/lab", false);
+  const Session session(files, {"/lab"}, false);
 
   EXPECT_EQ(session.List().Index(setting::kPort), 7);
   EXPECT_EQ(session.Colors(), colors);
@@ -34,14 +34,20 @@ TEST_F(SessionTest, BeginsWithTheSettingsAndColoursOfItsFolder) {
 }
 
 TEST_F(SessionTest, MakesTheFilesThatAreMissing) {
-  const Session session(files, "/lab", true);
+  const Session session(files, {"/lab"}, true);
   EXPECT_EQ(files.Content("/lab/quenlor.ini"), session.List().Text());
   EXPECT_EQ(files.Content("/lab/Color.txt"), graph::ColorSettings().Text());
   EXPECT_TRUE(session.List().DecimalComma()) << "as the system writes numbers";
 }
 
+TEST_F(SessionTest, TheSettingsFileIsCalledAfterTheProgram) {
+  const Session session(files, {"/lab", "lab2"}, false);
+  EXPECT_EQ(files.Content("/lab/lab2.ini"), session.List().Text());
+  EXPECT_EQ(files.Content("/lab/quenlor.ini"), "");
+}
+
 TEST_F(SessionTest, ALoadedFileSetsTheDocumentTheGraphAndTheMenus) {
-  Session session(files, "/lab", false);
+  Session session(files, {"/lab"}, false);
   session.Load("/data/monday.csv", kTwoRuns, "2026/11/21 09:30:00");
 
   EXPECT_EQ(session.Document().FileName(), "monday.csv");
@@ -57,18 +63,18 @@ TEST_F(SessionTest, ALoadedFileSetsTheDocumentTheGraphAndTheMenus) {
 }
 
 TEST_F(SessionTest, WhatIsSavedIsReadBack) {
-  Session session(files, "/lab", false);
+  Session session(files, {"/lab"}, false);
   session.Load("/data/monday.csv", kTwoRuns, "today");
   ASSERT_FALSE(session.Save("/data/copy.csv"));
 
-  Session other(files, "/lab", false);
+  Session other(files, {"/lab"}, false);
   other.Load("/data/copy.csv", files.Content("/data/copy.csv"), "");
   EXPECT_EQ(other.Document().Grid1().TextMatrix(2, 4), "40");
   EXPECT_EQ(other.Document().Date(), "today");
 }
 
 TEST_F(SessionTest, AFailedSaveIsTold) {
-  Session session(files, "/lab", false);
+  Session session(files, {"/lab"}, false);
   files.Refuse("/data", "Permission denied");
   const auto failed = session.Save("/data/copy.csv");
   ASSERT_TRUE(failed);
@@ -80,7 +86,7 @@ TEST_F(SessionTest, NewColoursAreKeptAndShown) {
     void Fig() override { ++figs; }
     int figs = 0;
   } view;
-  Session session(files, "/lab", false, &view);
+  Session session(files, {"/lab"}, false, &view);
   const graph::ColorSettings black(graph::kDefaultColors, graph::Scheme::Black);
   session.SetColors(black);
   EXPECT_EQ(files.Content("/lab/Color.txt"), black.Text());

@@ -14,7 +14,7 @@ constexpr const char* kPath = "/lab/quenlor.ini";
 
 struct SettingsFileTest : testing::Test {
   platform::memory::MemoryFileSystem files;
-  SettingsFile settings{files, "/lab", false};
+  SettingsFile settings{files, kPath, false};
 };
 
 TEST_F(SettingsFileTest, AMissingFileIsMadeWithTheDefaults) {
@@ -28,7 +28,7 @@ TEST_F(SettingsFileTest, WhatWasSavedIsLoaded) {
   settings.List().Set(setting::kFieldCount, "8");
   settings.SaveSettings();
 
-  SettingsFile other(files, "/lab", true);
+  SettingsFile other(files, kPath, true);
   other.LoadSettings();
   EXPECT_EQ(other.List().Text(), settings.List().Text());
 }

@@ -42,7 +42,7 @@ struct WindowBench {
         .dialogs = dialogs,
         .printer = printer,
         .clipboard = clipboard,
-        .program_folder = kFolder,
+        .place = {kFolder},
         .system_writes_comma = system_writes_comma,
         .look_for_devices = [this] { ++looks_for_devices; },
         .name_of_port = [this](int port) { return devices.count(port) ? devices[port] : std::string(); }});
