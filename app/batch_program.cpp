@@ -5,13 +5,12 @@
 #include <QHashSeed>
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 #include "app/decimal_point.h"
 #include "app/program_folder.h"
 #include "app/program_name.h"
+#include "platform/qt/native_file.h"
 #include "platform/qt/qt_file_system.h"
 
 namespace quenlor::app {
@@ -22,8 +21,7 @@ platform::Result<std::string> ReadStandardInput() {
   std::array<char, 1 << 16> piece;
   while (const std::size_t read = std::fread(piece.data(), 1, piece.size(), stdin))
     bytes.append(piece.data(), read);
-  if (std::ferror(stdin))
-    return platform::Failure{std::string("cannot read standard input: ") + std::strerror(errno)};
+  if (std::ferror(stdin)) return platform::Cannot("read standard input", platform::qt::LastReason());
   return bytes;
 }
 
@@ -31,7 +29,7 @@ platform::Done WriteStandardOutput(std::string_view text) {
   const bool written =
       std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
   if (written) return std::nullopt;
-  return platform::Failure{std::string("cannot write to standard output: ") + std::strerror(errno)};
+  return platform::Cannot("write to standard output", platform::qt::LastReason());
 }
 
 // Always one line, whatever a file is called.

@@ -37,8 +37,8 @@ std::string CommandList::BytesOf(std::string_view text) const {
 }
 
 CommandList LoadCommandList(platform::FileSystem& files, const std::string& path) {
-  if (!files.Exists(path)) files.Replace(path, kDefaultCommands);
   const auto text = files.Read(path);
+  if (NotFound(text)) files.Replace(path, kDefaultCommands);
   return CommandList(text.ok() ? std::string_view(text.value()) : kDefaultCommands);
 }
 

@@ -48,12 +48,11 @@ platform::Done RawLog::RewriteRawLog(int port_number) {
   auto lock = files_.Lock(folder_ + "/Com_" + std::to_string(port_number) + ".lock");
   if (!lock) return platform::Failure{path + " is in use by another Quenlor"};
 
-  if (files_.Exists(path)) {
-    const auto bytes = files_.Read(path);
-    if (!bytes.ok()) return bytes.failure();
-    if (!saved_logs_.Holds(Name(port_number), bytes.value()) && HoldsMoreThanTheTable(bytes.value())) {
-      if (auto failed = SetAside(path, port_number)) return failed;
-    }
+  const auto bytes = files_.Read(path);
+  if (!bytes.ok() && !NotFound(bytes)) return bytes.failure();
+  if (bytes.ok() && !saved_logs_.Holds(Name(port_number), bytes.value()) &&
+      HoldsMoreThanTheTable(bytes.value())) {
+    if (auto failed = SetAside(path, port_number)) return failed;
   }
   name_ = Name(port_number);
   if (auto failed = WriteTable(path)) return failed;
@@ -125,7 +124,7 @@ void RawLog::AppendRows(Row first, Row last) {
   auto failed = files_.Append(path_, lines);
   const bool appended = !failed;
   // Somebody has removed it: it begins anew, with everything.
-  if (failed && !files_.Exists(path_)) failed = WriteTable(path_);
+  if (NotFound(failed)) failed = WriteTable(path_);
   if (failed) {
     last_attempt_ = clock_.Now().seconds;
     if (!missing_from_) report_error_("Raw Log Not Written: " + failed->text);
@@ -141,8 +140,9 @@ void RawLog::AppendRows(Row first, Row last) {
 void RawLog::Close() {
   if (path_.empty()) return;
   if (missing_from_) AppendRows(*missing_from_, document_.Grid1().EntryRow() - 1);
+  auto failed = files_.Sync(path_);
   // Removed since the last reading: what was in it is in the table still.
-  const auto failed = missing_from_ || files_.Exists(path_) ? files_.Sync(path_) : WriteTable(path_);
+  if (NotFound(failed) && !missing_from_) failed = WriteTable(path_);
   if (failed && !missing_from_) report_error_("Raw Log Not Written: " + failed->text);
   path_.clear();
   lock_.reset();

@@ -47,17 +47,16 @@ void DocumentCommands::New() {
   for (const auto axis : {graph::Axis::Time, graph::Axis::Visco, graph::Axis::Temp})
     session_.Graph().SetAutoScaling(axis, true);
   const std::string path = session_.File("New.txt");
-  WriteNewTemplate(path);
-  // A new document never fails: where no template can be kept, the usual titles serve.
   auto bytes = session_.Files().Read(path);
+  if (NotFound(bytes)) WriteNewTemplate(path);  // an existing one is the operator's own, and stays
+  // A new document never fails: where no template can be kept, the usual titles serve.
   Load(path, bytes.ok() ? std::move(bytes.value()) : TemplateText());
   session_.Document().SetFileName(kNewName);
   view_.ClearReceivedData();
 }
 
-// An existing template is the operator's own, and stays.
 void DocumentCommands::WriteNewTemplate(const std::string& path) {
-  if (!session_.Files().Exists(path)) session_.Files().Replace(path, TemplateText());
+  session_.Files().Replace(path, TemplateText());
 }
 
 std::string DocumentCommands::TemplateText() const {

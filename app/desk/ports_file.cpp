@@ -13,8 +13,8 @@ void PortsFile::LookForDevices() {
   // Two programs that see a new device at once must not give its number twice; the later one finds it
   // in the file.
   const auto lock = files_.Lock(path_ + ".lock");
-  const bool exists = files_.Exists(path_);
-  const auto text = exists ? files_.Read(path_) : platform::Result<std::string>(std::string());
+  auto text = files_.Read(path_);
+  if (NotFound(text)) text = std::string();
   if (!text.ok() || text.value().size() > kSensibleSize) return;
   directory_.Parse(text.value());
   if (directory_.Assign(devices_.Present()) && lock) files_.Replace(path_, directory_.Text());

@@ -28,7 +28,7 @@ class ReadOnlyFiles final : public platform::FileSystem {
 
  private:
   static platform::Done Refuse(const std::string& path) {
-    return platform::Failure{path + " is only read here"};
+    return platform::Failure{path + " is only read here", platform::FailureKind::kPermission};
   }
 
   const platform::FileSystem& files_;

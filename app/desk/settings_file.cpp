@@ -11,8 +11,8 @@ constexpr std::size_t kSensibleSize = 65536;  // 19 numbers; a file far beyond t
 }  // namespace
 
 void SettingsFile::LoadSettings() {
-  if (!files_.Exists(path_)) return WriteDefaultSettings();
   auto text = files_.Read(path_);
+  if (NotFound(text)) return WriteDefaultSettings();
   if (!text.ok()) return list_.SetDefaults(system_writes_comma_);
   text.value().resize(std::min(text.value().size(), kSensibleSize));
   list_.Parse(data::ToUtf8(std::move(text.value())), system_writes_comma_);

@@ -4,13 +4,11 @@
 namespace quenlor::platform::memory {
 namespace {
 
-constexpr char kMissing[] = "No such file or directory";
-constexpr char kFolder[] = "Is a directory";
-constexpr char kFull[] = "No space left on device";
-
-Failure Failed(const std::string& what, const std::string& reason) {
-  return {"cannot " + what + ": " + reason};
-}
+const Failure kMissing{"No such file or directory", FailureKind::kNotFound};
+const Failure kFolder{"Is a directory"};
+const Failure kTaken{"File exists"};
+const Failure kUnreadable{"Permission denied", FailureKind::kPermission};
+const Failure kFull{"No space left on device", FailureKind::kFull};
 
 class BoundedSink : public ByteSink {
  public:
@@ -56,26 +54,26 @@ bool MemoryFileSystem::Exists(const std::string& path) const {
 
 Result<std::string> MemoryFileSystem::Read(const std::string& path) const {
   ++calls_.reads;
-  if (folders_.contains(path)) return Failed("read " + path, kFolder);
+  if (folders_.contains(path)) return Cannot("read " + path, kFolder);
   const auto file = files_.find(path);
-  if (file == files_.end()) return Failed("read " + path, kMissing);
-  if (unreadable_.contains(path)) return Failed("read " + path, "Permission denied");
+  if (file == files_.end()) return Cannot("read " + path, kMissing);
+  if (unreadable_.contains(path)) return Cannot("read " + path, kUnreadable);
   return file->second.bytes;
 }
 
 Result<std::int64_t> MemoryFileSystem::ModifiedAt(const std::string& path) const {
   if (folders_.contains(path)) return std::int64_t{0};
   const auto file = files_.find(path);
-  if (file == files_.end()) return Failed("read " + path, kMissing);
+  if (file == files_.end()) return Cannot("read " + path, kMissing);
   return file->second.modified_at;
 }
 
 Done MemoryFileSystem::Replace(const std::string& path, const std::function<void(ByteSink&)>& write) {
   ++calls_.replaces;
-  if (const auto reason = WhyNotChanged(path)) return Failed("replace " + path, *reason);
+  if (const auto reason = WhyNotChanged(path)) return Cannot("replace " + path, *reason);
   BoundedSink sink(room_);
   write(sink);
-  if (sink.full) return Failed("replace " + path, kFull);
+  if (sink.full) return Cannot("replace " + path, kFull);
   File replacement{sink.Take(), Now()};
   File& file = files_[path];
   if (room_)
@@ -86,10 +84,10 @@ Done MemoryFileSystem::Replace(const std::string& path, const std::function<void
 
 Done MemoryFileSystem::Append(const std::string& path, std::string_view bytes) {
   ++calls_.appends;
-  if (const auto reason = WhyNotChanged(path)) return Failed("append to " + path, *reason);
+  if (const auto reason = WhyNotChanged(path)) return Cannot("append to " + path, *reason);
   const auto file = files_.find(path);
-  if (file == files_.end()) return Failed("append to " + path, kMissing);
-  if (room_ && bytes.size() > *room_) return Failed("append to " + path, kFull);
+  if (file == files_.end()) return Cannot("append to " + path, kMissing);
+  if (room_ && bytes.size() > *room_) return Cannot("append to " + path, kFull);
   if (room_) *room_ -= bytes.size();
   file->second.bytes.append(bytes);
   file->second.modified_at = Now();
@@ -98,9 +96,9 @@ Done MemoryFileSystem::Append(const std::string& path, std::string_view bytes) {
 
 Done MemoryFileSystem::Sync(const std::string& path) {
   ++calls_.syncs;
-  if (!Exists(path)) return Failed("sync " + path, kMissing);
+  if (!Exists(path)) return Cannot("sync " + path, kMissing);
   for (const auto& [prefix, reason] : refused_) {
-    if (path.starts_with(prefix)) return Failed("sync " + path, reason);
+    if (path.starts_with(prefix)) return Cannot("sync " + path, reason);
   }
   return {};
 }
@@ -109,10 +107,10 @@ Done MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
   ++calls_.renames;
   const std::string what = "rename " + from + " to " + to;
   const auto file = files_.find(from);
-  if (file == files_.end()) return Failed(what, kMissing);
-  if (Exists(to)) return Failed(what, "File exists");
+  if (file == files_.end()) return Cannot(what, kMissing);
+  if (Exists(to)) return Cannot(what, kTaken);
   for (const std::string& path : {from, to}) {
-    if (const auto reason = WhyNotChanged(path)) return Failed(what, *reason);
+    if (const auto reason = WhyNotChanged(path)) return Cannot(what, *reason);
   }
   File moved = std::move(file->second);
   files_.erase(file);
@@ -146,7 +144,7 @@ std::vector<std::string> MemoryFileSystem::Paths() const {
   return paths;
 }
 
-std::optional<std::string> MemoryFileSystem::WhyNotChanged(const std::string& path) const {
+Done MemoryFileSystem::WhyNotChanged(const std::string& path) const {
   if (folders_.contains(path)) return kFolder;
   for (const auto& [prefix, reason] : refused_) {
     if (path.starts_with(prefix)) return reason;

@@ -40,9 +40,11 @@ class MemoryFileSystem : public FileSystem {
   void MakeFolder(const std::string& path) { folders_.insert(path); }
   void FailAfter(std::uint64_t bytes) { room_ = bytes; }  // the disk takes that many more
   void MakeRoom() { room_.reset(); }
-  void Refuse(const std::string& prefix, const std::string& reason) {
-    refused_[prefix] = reason;
-  }  // any change
+  // Any change of what begins so.
+  void Refuse(const std::string& prefix, const std::string& reason,
+              FailureKind kind = FailureKind::kPermission) {
+    refused_[prefix] = {reason, kind};
+  }
   void Allow(const std::string& prefix) { refused_.erase(prefix); }
   void Unreadable(const std::string& path) { unreadable_.insert(path); }
   void Readable(const std::string& path) { unreadable_.erase(path); }
@@ -58,14 +60,14 @@ class MemoryFileSystem : public FileSystem {
     std::int64_t modified_at = 0;
   };
 
-  std::optional<std::string> WhyNotChanged(const std::string& path) const;
+  Done WhyNotChanged(const std::string& path) const;
   std::int64_t Now() const { return clock_ ? clock_->Now().local_second : 0; }
 
   const Clock* clock_;
   std::map<std::string, File> files_;
   std::set<std::string> folders_;
   std::optional<std::uint64_t> room_;
-  std::map<std::string, std::string> refused_;
+  std::map<std::string, Failure> refused_;
   std::set<std::string> unreadable_;
   // Shared with the locks, which may outlive this object.
   std::shared_ptr<std::set<std::string>> locked_ = std::make_shared<std::set<std::string>>();

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/native_file.h"
 
-#include <QtGlobal>
+#include <QFileDevice>
 #include <cerrno>
-#include <system_error>
 #include <tuple>
 
 #ifdef Q_OS_UNIX
@@ -16,14 +15,51 @@
 #include <QFile>
 
 #include <io.h>
+#include <qt_windows.h>
 #endif
 
 namespace quenlor::platform::qt {
 namespace {
 
-std::string Text(int error) { return std::generic_category().message(error); }
+Failure ReasonOf(std::error_code error) { return {error.message(), KindOf(error)}; }
+
+Failure ReasonOf(int error_number) { return ReasonOf({error_number, std::generic_category()}); }
+
+std::error_code LastError() {
+#ifdef Q_OS_WIN
+  return {static_cast<int>(::GetLastError()), std::system_category()};
+#else
+  return {errno, std::generic_category()};
+#endif
+}
 
 }  // namespace
+
+FailureKind KindOf(std::error_code error) {
+  using std::errc;
+#ifdef EDQUOT
+  if (error == std::error_code(EDQUOT, std::generic_category())) return FailureKind::kFull;
+#endif
+  for (const errc missing : {errc::no_such_file_or_directory, errc::not_a_directory}) {
+    if (error == missing) return FailureKind::kNotFound;
+  }
+  for (const errc denied :
+       {errc::permission_denied, errc::operation_not_permitted, errc::read_only_file_system}) {
+    if (error == denied) return FailureKind::kPermission;
+  }
+  for (const errc full : {errc::no_space_on_device, errc::file_too_large}) {
+    if (error == full) return FailureKind::kFull;
+  }
+  return FailureKind::kOther;
+}
+
+Failure LastReason() { return ReasonOf(LastError()); }
+
+// Qt's own errors tell which operation failed, not why; the system's number is still there.
+Failure LastReason(const QFileDevice& file) {
+  const std::error_code error = LastError();
+  return {file.errorString().toStdString(), KindOf(error)};
+}
 
 #ifdef Q_OS_UNIX
 
@@ -53,24 +89,27 @@ std::size_t WriteAll(int file, std::string_view bytes) {
 
 }  // namespace
 
-bool IsThere(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
+Reason FindFile(const std::string& path) {
+  if (::access(path.c_str(), F_OK) == 0) return {};
+  return ReasonOf(errno);
+}
 
 Reason AppendBytes(const std::string& path, std::string_view bytes) {
   const int file = Open(path, O_WRONLY | O_APPEND | O_NONBLOCK);  // a pipe must not stop us
-  if (file < 0) return Text(errno);
+  if (file < 0) return ReasonOf(errno);
   Reason reason;
   const std::size_t written = WriteAll(file, bytes);
   if (written < bytes.size()) {
-    reason = Text(errno);
+    reason = ReasonOf(errno);
     // After an appending write the position is the end of what it wrote, wherever the file ended before.
     const off_t end = ::lseek(file, 0, SEEK_CUR);
     if (written > 0 && end >= 0 && ::ftruncate(file, end - static_cast<off_t>(written)) != 0) {
-      *reason += "; a part of it stays in the file";
+      reason->text += "; a part of it stays in the file";
     }
   }
   // A network file system may notice a full disk only now. After an interruption the file is closed
   // all the same.
-  if (::close(file) != 0 && errno != EINTR && !reason) reason = Text(errno);
+  if (::close(file) != 0 && errno != EINTR && !reason) reason = ReasonOf(errno);
   return reason;
 }
 
@@ -78,7 +117,7 @@ Reason SyncToDevice(int open_file) {
   while (::fsync(open_file) != 0) {
     if (errno == EINVAL || errno == EROFS)
       break;  // a pipe, a terminal: nothing is kept, so nothing can be late
-    if (errno != EINTR) return Text(errno);
+    if (errno != EINTR) return ReasonOf(errno);
   }
   return {};
 }
@@ -86,7 +125,7 @@ Reason SyncToDevice(int open_file) {
 Reason SyncToDevice(const std::string& path) {
   int file = Open(path, O_RDONLY | O_NONBLOCK);  // a pipe without its other end must not stop us
   if (file < 0 && errno == EACCES) file = Open(path, O_WRONLY | O_NONBLOCK);
-  if (file < 0) return Text(errno);
+  if (file < 0) return ReasonOf(errno);
   Reason reason = SyncToDevice(file);
   ::close(file);
   return reason;
@@ -114,42 +153,45 @@ void SyncFolder(const std::string& path) {
 Reason RenameFile(const std::string& from, const std::string& to) {
 #ifdef RENAME_NOREPLACE
   if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return {};
-  if (errno != EINVAL && errno != ENOSYS) return Text(errno);
+  if (errno != EINVAL && errno != ENOSYS) return ReasonOf(errno);
 #endif
   // Some network file systems cannot refuse a name that is taken; a second link always does.
-  if (::link(from.c_str(), to.c_str()) != 0) return Text(errno);
+  if (::link(from.c_str(), to.c_str()) != 0) return ReasonOf(errno);
   if (::unlink(from.c_str()) == 0) return {};
   const int error = errno;
   ::unlink(to.c_str());
-  return Text(error);
+  return ReasonOf(error);
 }
 
 #else
 
-bool IsThere(const std::string& path) { return QFile::exists(QString::fromStdString(path)); }
+Reason FindFile(const std::string& path) {
+  if (QFile::exists(QString::fromStdString(path))) return {};
+  return ReasonOf(ENOENT);
+}
 
 Reason AppendBytes(const std::string& path, std::string_view bytes) {
   QFile file(QString::fromStdString(path));
   if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::ExistingOnly |
                  QIODevice::Unbuffered)) {
-    return file.errorString().toStdString();
+    return LastReason(file);
   }
   const qint64 before = file.size();
   if (file.write(bytes.data(), static_cast<qint64>(bytes.size())) == static_cast<qint64>(bytes.size()))
     return {};
-  Reason reason = file.errorString().toStdString();
+  Reason reason = LastReason(file);
   file.resize(before);
   return reason;
 }
 
 Reason SyncToDevice(int open_file) {
   if (::_commit(open_file) == 0) return {};
-  return Text(errno);
+  return ReasonOf(errno);
 }
 
 Reason SyncToDevice(const std::string& path) {
   QFile file(QString::fromStdString(path));
-  if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) return file.errorString().toStdString();
+  if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) return LastReason(file);
   return SyncToDevice(file.handle());
 }
 
@@ -160,7 +202,7 @@ void SyncFolder(const std::string&) {}
 Reason RenameFile(const std::string& from, const std::string& to) {
   QFile file(QString::fromStdString(from));
   if (file.rename(QString::fromStdString(to))) return {};
-  return file.errorString().toStdString();
+  return LastReason(file);
 }
 
 #endif

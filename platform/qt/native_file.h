@@ -1,17 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
+
+#include "platform/result.h"
+
+class QFileDevice;
 
 namespace quenlor::platform::qt {
 
 // The file operations that Qt does not offer, or not fast enough for one call per reading. Each returns why
-// it did not work, and nothing when it did.
-using Reason = std::optional<std::string>;
+// it did not work, in the system's words alone, and nothing when it did.
+using Reason = Done;
 
-bool IsThere(const std::string& path);
+FailureKind KindOf(std::error_code error);
+
+// Why the system has refused what it, or that file, was asked for last; to be asked for at once.
+Failure LastReason();
+Failure LastReason(const QFileDevice& file);
+
+Reason FindFile(const std::string& path);  // whatever stands under that name
 
 Reason AppendBytes(const std::string& path, std::string_view bytes);
 

@@ -19,17 +19,9 @@ constexpr std::size_t kWriteBlock = 1048576;
 
 QString Name(const std::string& path) { return QString::fromStdString(path); }
 
-Failure Failed(const char* what, const std::string& path, const std::string& reason) {
-  return {std::string("cannot ") + what + " " + path + ": " + reason};
-}
-
-Failure Failed(const char* what, const std::string& path, const QString& reason) {
-  return Failed(what, path, reason.toStdString());
-}
-
 Done DoneUnless(const Reason& reason, const char* what, const std::string& path) {
   if (!reason) return {};
-  return Failed(what, path, *reason);
+  return Cannot(what + path, *reason);
 }
 
 // Gathers many small writes into few large ones.
@@ -49,11 +41,12 @@ class FileSink : public ByteSink {
     }
   }
 
-  // Whether the file took everything; its errorString tells why not.
-  bool Finish() {
+  // Why the file did not take everything, if it did not.
+  Reason Finish() {
     Put(waiting_);
     waiting_.clear();
-    return !failed_ && file_.flush();
+    if (!failed_ && !file_.flush()) failed_ = LastReason(file_);
+    return failed_;
   }
 
  private:
@@ -61,7 +54,7 @@ class FileSink : public ByteSink {
     while (!failed_ && !bytes.empty()) {
       const qint64 written = file_.write(bytes.data(), static_cast<qint64>(bytes.size()));
       if (written <= 0) {
-        failed_ = true;
+        failed_ = LastReason(file_);
       } else {
         bytes.remove_prefix(static_cast<std::size_t>(written));
       }
@@ -70,15 +63,15 @@ class FileSink : public ByteSink {
 
   QFileDevice& file_;
   std::string waiting_;
-  bool failed_ = false;
+  Reason failed_;
 };
 
 Reason WriteInPlace(const std::string& path, const std::function<void(ByteSink&)>& write) {
   QFile file(Name(path));
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return file.errorString().toStdString();
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return LastReason(file);
   FileSink sink(file);
   write(sink);
-  if (!sink.Finish()) return file.errorString().toStdString();
+  if (Reason reason = sink.Finish()) return reason;
   return SyncToDevice(file.handle());
 }
 
@@ -86,15 +79,15 @@ Reason WriteBeside(const std::string& path, const std::function<void(ByteSink&)>
   const QString name = Name(path);
   QSaveFile file(name);
   file.setDirectWriteFallback(true);
-  if (!file.open(QIODevice::WriteOnly)) return file.errorString().toStdString();
+  if (!file.open(QIODevice::WriteOnly)) return LastReason(file);
   FileSink sink(file);
   write(sink);
-  if (!sink.Finish()) return file.errorString().toStdString();
+  if (Reason reason = sink.Finish()) return reason;
   // QSaveFile copies what the user may do with the old file, which for root is everything.
   CopyPermissions(path, file.handle());
   // commit() would sync too, but go on when that fails.
   if (Reason reason = SyncToDevice(file.handle())) return reason;
-  if (!file.commit()) return file.errorString().toStdString();
+  if (!file.commit()) return LastReason(file);
   SyncFolder(QFileInfo(QFileInfo(name).canonicalFilePath()).path().toStdString());
   return {};
 }
@@ -113,16 +106,16 @@ class QtFileLock : public FileLock {
 
 }  // namespace
 
-bool QtFileSystem::Exists(const std::string& path) const { return IsThere(path); }
+bool QtFileSystem::Exists(const std::string& path) const { return !FindFile(path); }
 
 Result<std::string> QtFileSystem::Read(const std::string& path) const try {
   QFile file(Name(path));
   const QFileInfo kind(file);
-  if (kind.isDir()) return Failed("read", path, std::string("Is a directory"));
+  if (kind.isDir()) return Cannot("read " + path, {"Is a directory"});
   // A pipe that nobody writes to, or a device without end, would never be read to its end.
-  if (kind.exists() && !kind.isFile()) return Failed("read", path, std::string("Not a regular file"));
+  if (kind.exists() && !kind.isFile()) return Cannot("read " + path, {"Not a regular file"});
   if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-    return Failed("read", path, file.errorString());
+    return Cannot("read " + path, LastReason(file));
   std::string content;
   content.reserve(static_cast<std::size_t>(file.size()));  // 0 for what tells no size
   std::string block(kReadBlock, '\0');
@@ -131,39 +124,37 @@ Result<std::string> QtFileSystem::Read(const std::string& path) const try {
     if (count <= 0) break;
     content.append(block.data(), static_cast<std::size_t>(count));
   }
-  if (file.error() != QFileDevice::NoError) return Failed("read", path, file.errorString());
+  if (file.error() != QFileDevice::NoError) return Cannot("read " + path, LastReason(file));
   return content;
 } catch (const std::bad_alloc&) {
-  return Failed("read", path, std::string("it does not fit into memory"));
+  return Cannot("read " + path, {"it does not fit into memory"});
 } catch (const std::length_error&) {
-  return Failed("read", path, std::string("it does not fit into memory"));
+  return Cannot("read " + path, {"it does not fit into memory"});
 }
 
 Result<std::int64_t> QtFileSystem::ModifiedAt(const std::string& path) const {
-  const QFileInfo info(Name(path));
-  if (!info.exists()) return Failed("read", path, std::string("No such file or directory"));
-  const QDateTime time = info.lastModified();
+  if (const Reason missing = FindFile(path)) return Cannot("read " + path, *missing);
+  const QDateTime time = QFileInfo(Name(path)).lastModified();
   return std::int64_t{time.toSecsSinceEpoch() + time.offsetFromUtc()};
 }
 
 Done QtFileSystem::Replace(const std::string& path, const std::function<void(ByteSink&)>& write) {
   const QFileInfo target(Name(path));
-  if (target.isDir()) return Failed("replace", path, std::string("Is a directory"));
+  if (target.isDir()) return Cannot("replace " + path, {"Is a directory"});
   if (target.exists() && !target.isWritable())
-    return Failed("replace", path, std::string("Permission denied"));
+    return Cannot("replace " + path, {"Permission denied", FailureKind::kPermission});
   const bool is_device = target.exists() && !target.isFile();
-  return DoneUnless(is_device ? WriteInPlace(path, write) : WriteBeside(path, write), "replace", path);
+  return DoneUnless(is_device ? WriteInPlace(path, write) : WriteBeside(path, write), "replace ", path);
 }
 
 Done QtFileSystem::Append(const std::string& path, std::string_view bytes) {
-  return DoneUnless(AppendBytes(path, bytes), "append to", path);
+  return DoneUnless(AppendBytes(path, bytes), "append to ", path);
 }
 
-Done QtFileSystem::Sync(const std::string& path) { return DoneUnless(SyncToDevice(path), "sync", path); }
+Done QtFileSystem::Sync(const std::string& path) { return DoneUnless(SyncToDevice(path), "sync ", path); }
 
 Done QtFileSystem::Rename(const std::string& from, const std::string& to) {
-  if (const Reason reason = RenameFile(from, to)) return Failed("rename", from + " to " + to, *reason);
-  return {};
+  return DoneUnless(RenameFile(from, to), "rename ", from + " to " + to);
 }
 
 std::unique_ptr<FileLock> QtFileSystem::Lock(const std::string& path) {

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/qt/native_file.h"
 #include "platform/qt/page_painter.h"
 
 namespace quenlor::platform::qt {
@@ -57,9 +58,11 @@ Done QtPrinter::Print(const std::string& title, int pages,
   printer.setCopyCount(1);  // each copy is printed as a document of its own
   printer.setDocName(QString::fromStdString(title));
   bool printed = false;
+  Failure failure{"cannot print " + title};
   {
     QPainter painter;
     printed = painter.begin(&printer);
+    if (!printed && !printer.outputFileName().isEmpty()) failure = Cannot("print " + title, LastReason());
     for (int number = 0; printed && number < pages; ++number) {
       if (number > 0) printed = printer.newPage();
       if (!printed) break;
@@ -71,7 +74,7 @@ Done QtPrinter::Print(const std::string& title, int pages,
   printed = printed && printer.printerState() != QPrinter::Error;
   if (!printed) BeginAnew();
   Chosen().setCopyCount(copies);
-  if (!printed) return Failure{"cannot print " + title};
+  if (!printed) return failure;
   return std::nullopt;
 }
 

@@ -201,7 +201,7 @@ TEST_F(RawLogFailures, AFileThatDisappearsAfterTheLastReadingIsThereAgainAfterSt
 
 TEST_F(RawLogFailures, AFolderThatIsGoneIsLikeAFullDisk) {
   bench.files.MakeRoom();
-  bench.files.Refuse("/lab", "No such file or directory");
+  bench.files.Refuse("/lab", "No such file or directory", platform::FailureKind::kNotFound);
   bench.Line("2");
   bench.files.Allow("/lab");
   bench.Advance(1);
@@ -301,7 +301,7 @@ TEST(RawLogSync, WhatDoesNotReachTheDeviceAtTheEndIsTold) {
   Bench bench;
   bench.Start();
   bench.Line("1");
-  bench.files.Refuse("/lab", "Input/output error");
+  bench.files.Refuse("/lab", "Input/output error", platform::FailureKind::kOther);
 
   bench.measurement.Stop();
 
@@ -311,7 +311,7 @@ TEST(RawLogSync, WhatDoesNotReachTheDeviceAtTheEndIsTold) {
 }
 
 TEST_F(RawLogFailures, AFailureThatWasToldIsNotToldAgainBySyncing) {
-  bench.files.Refuse("/lab", "Input/output error");
+  bench.files.Refuse("/lab", "Input/output error", platform::FailureKind::kOther);
   bench.Line("2");
 
   bench.measurement.Stop();

@@ -9,7 +9,10 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "platform/memory/memory_file_system.h"
 #include "platform/memory/test_clock.h"
@@ -20,6 +23,22 @@ namespace quenlor::platform {
 namespace fs = std::filesystem;
 
 // The two disks on which the promises of a file system are tried, in one shape.
+
+// For a moment, somebody whom file modes keep out.
+class Nobody {
+ public:
+  Nobody() : was_root_(geteuid() == 0) {
+    if (was_root_ && setresuid(65534, 65534, 0) != 0) ADD_FAILURE() << "cannot become nobody";
+  }
+  ~Nobody() {
+    if (was_root_ && setresuid(0, 0, 0) != 0) ADD_FAILURE() << "cannot become root again";
+  }
+  Nobody(const Nobody&) = delete;
+  Nobody& operator=(const Nobody&) = delete;
+
+ private:
+  bool was_root_;
+};
 
 // The disk of the adapter: a folder of its own, and a limit on the size of files for a disk that fills up.
 class RealDisk {
@@ -35,6 +54,14 @@ class RealDisk {
 
   std::string Path(const std::string& name) const { return folder_.path().toStdString() + "/" + name; }
   void MakeFolder(const std::string& path) { fs::create_directory(path); }
+  // What the file allows nobody to do, reading and writing, is tried as somebody whom that concerns.
+  template <class Try>
+  auto WhenForbidden(const std::string& path, const Try& attempt) {
+    fs::permissions(folder_.path().toStdString(), fs::perms{0755});
+    fs::permissions(path, fs::perms::none);
+    const Nobody nobody;
+    return attempt();
+  }
   void LimitFilesTo(std::uint64_t bytes) {
     rlimit limit = before_;
     limit.rlim_cur = bytes;
@@ -66,6 +93,12 @@ class MemoryDisk {
  public:
   std::string Path(const std::string& name) const { return "/disk/" + name; }
   void MakeFolder(const std::string& path) { files.MakeFolder(path); }
+  template <class Try>
+  auto WhenForbidden(const std::string& path, const Try& attempt) {
+    files.Unreadable(path);
+    files.Refuse(path, "Permission denied");
+    return attempt();
+  }
   void LimitFilesTo(std::uint64_t bytes) { files.FailAfter(bytes); }
   void LiftLimit() { files.MakeRoom(); }
   std::int64_t Now() const { return clock.Now().local_second; }
@@ -81,5 +114,11 @@ class MemoryDisk {
 
 // A thing that worked has nothing to tell.
 inline std::string Told(const Done& done) { return done ? done->text : "done"; }
+
+inline FailureKind KindOf(const Done& done) { return done.value().kind; }
+template <class T>
+FailureKind KindOf(const Result<T>& result) {
+  return result.failure().kind;
+}
 
 }  // namespace quenlor::platform

@@ -138,6 +138,50 @@ TYPED_TEST(FileSystemContract, AMissingFileIsToldByName) {
   EXPECT_FALSE(this->files().Exists(path)) << "asking makes none";
 }
 
+TYPED_TEST(FileSystemContract, AMissingFileIsAKindOfFailureOfItsOwn) {
+  const std::string path = this->Path("missing");
+  EXPECT_TRUE(NotFound(this->files().Read(path)));
+  EXPECT_TRUE(NotFound(this->files().ModifiedAt(path)));
+  EXPECT_TRUE(NotFound(this->files().Append(path, "x")));
+  EXPECT_TRUE(NotFound(this->files().Sync(path)));
+  EXPECT_TRUE(NotFound(this->files().Rename(path, this->Path("b"))));
+  ASSERT_EQ(Told(this->files().Replace(path, "x")), "done");
+  EXPECT_FALSE(NotFound(this->files().Read(path)));
+  EXPECT_FALSE(NotFound(this->files().Append(path, "x")));
+}
+
+TYPED_TEST(FileSystemContract, AFolderIsNotMissing) {
+  const std::string path = this->Path("folder");
+  this->disk.MakeFolder(path);
+  EXPECT_EQ(KindOf(this->files().Read(path)), FailureKind::kOther);
+  EXPECT_EQ(KindOf(this->files().Replace(path, "x")), FailureKind::kOther);
+  EXPECT_EQ(KindOf(this->files().Append(path, "x")), FailureKind::kOther);
+}
+
+TYPED_TEST(FileSystemContract, WhatTheUserMayNotUseIsNotMissing) {
+  const std::string path = this->Path("a");
+  ASSERT_EQ(Told(this->files().Replace(path, "x")), "done");
+  this->disk.WhenForbidden(path, [&] {
+    EXPECT_TRUE(this->files().Exists(path));
+    EXPECT_EQ(KindOf(this->files().Read(path)), FailureKind::kPermission);
+    EXPECT_EQ(KindOf(this->files().Replace(path, "y")), FailureKind::kPermission);
+    EXPECT_EQ(KindOf(this->files().Append(path, "y")), FailureKind::kPermission);
+    EXPECT_EQ(KindOf(this->files().Sync(path)), FailureKind::kPermission);
+  });
+}
+
+TYPED_TEST(FileSystemContract, WhereNoRoomIsLeftThatIsTheKind) {
+  ASSERT_EQ(Told(this->files().Replace(this->Path("a"), "old")), "done");
+  this->disk.LimitFilesTo(4096);
+  const Done small_writes = this->files().Replace(this->Path("a"), [](ByteSink& sink) {
+    for (int line = 0; line < 100000; ++line) sink.Write("a line of a new content\r\n");
+  });
+  const Done new_file = this->files().Replace(this->Path("b"), std::string(4097, 'n'));
+  const Done appended = this->files().Append(this->Path("a"), std::string(4097, 'n'));
+  this->disk.LiftLimit();
+  for (const Done& done : {small_writes, new_file, appended}) EXPECT_EQ(KindOf(done), FailureKind::kFull);
+}
+
 TYPED_TEST(FileSystemContract, AppendingAddsAtTheEnd) {
   ASSERT_EQ(Told(this->files().Replace(this->Path("log"), "one\r\n")), "done");
   EXPECT_EQ(Told(this->files().Append(this->Path("log"), "")), "done");

@@ -7,10 +7,10 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/stat.h>
+#include <sys/mount.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
+#include "platform/qt/native_file.h"
 #include "tests/platform/disks.h"
 
 namespace quenlor::platform {
@@ -33,21 +33,6 @@ class QtFileSystemTest : public testing::Test {
     return ::stat(Path(name).c_str(), &info) == 0 ? info.st_mode & 07777U : 0U;
   }
 
-  // For a moment, somebody whom file modes keep out.
-  class Nobody {
-   public:
-    Nobody() : was_root_(geteuid() == 0) {
-      if (was_root_ && setresuid(65534, 65534, 0) != 0) ADD_FAILURE() << "cannot become nobody";
-    }
-    ~Nobody() {
-      if (was_root_ && setresuid(0, 0, 0) != 0) ADD_FAILURE() << "cannot become root again";
-    }
-    Nobody(const Nobody&) = delete;
-    Nobody& operator=(const Nobody&) = delete;
-
-   private:
-    bool was_root_;
-  };
   void Chmod(const std::string& path, unsigned mode) { ASSERT_EQ(::chmod(path.c_str(), mode), 0); }
 
   RealDisk disk_;
@@ -157,9 +142,87 @@ TEST_F(QtFileSystemTest, AMissingFolderIsToldByTheNameOfTheFile) {
             "cannot append to " + Path("no/a") + ": No such file or directory");
 }
 
+TEST_F(QtFileSystemTest, WhatALinkOrAFolderDoesNotHoldIsMissing) {
+  fs::create_symlink("nothing", Path("link"));
+  Write("a", "no folder");
+  for (const std::string& path : {Path("link"), Path("no/a"), Path("a/b")}) {
+    EXPECT_FALSE(files_.Exists(path));
+    EXPECT_TRUE(NotFound(files_.Read(path)));
+    EXPECT_TRUE(NotFound(files_.ModifiedAt(path)));
+    EXPECT_TRUE(NotFound(files_.Append(path, "x")));
+    EXPECT_TRUE(NotFound(files_.Sync(path)));
+  }
+  EXPECT_TRUE(NotFound(files_.Replace(Path("no/a"), "x")));
+}
+
+TEST_F(QtFileSystemTest, WhatAForbiddenFolderHoldsIsNotKnownToBeMissing) {
+  fs::create_directory(Path("folder"));
+  Write("folder/a", "secret");
+  const Done done = disk_.WhenForbidden(Path("folder"), [&]() -> Done {
+    EXPECT_EQ(KindOf(files_.Read(Path("folder/a"))), FailureKind::kPermission);
+    EXPECT_EQ(KindOf(files_.ModifiedAt(Path("folder/a"))), FailureKind::kPermission);
+    EXPECT_EQ(KindOf(files_.Append(Path("folder/a"), "x")), FailureKind::kPermission);
+    return files_.Replace(Path("folder/b"), "x");
+  });
+  EXPECT_EQ(KindOf(done), FailureKind::kPermission);
+}
+
+TEST(QtFileSystemKinds, FollowFromTheSystemsErrors) {
+  const auto kind = [](int error) { return qt::KindOf({error, std::generic_category()}); };
+  EXPECT_EQ(kind(ENOENT), FailureKind::kNotFound);
+  EXPECT_EQ(kind(ENOTDIR), FailureKind::kNotFound);
+  EXPECT_EQ(kind(EACCES), FailureKind::kPermission);
+  EXPECT_EQ(kind(EPERM), FailureKind::kPermission);
+  EXPECT_EQ(kind(EROFS), FailureKind::kPermission);
+  EXPECT_EQ(kind(ENOSPC), FailureKind::kFull);
+  EXPECT_EQ(kind(EDQUOT), FailureKind::kFull);
+  EXPECT_EQ(kind(EFBIG), FailureKind::kFull);
+  EXPECT_EQ(kind(EIO), FailureKind::kOther);
+  EXPECT_EQ(kind(EISDIR), FailureKind::kOther);
+  EXPECT_EQ(kind(0), FailureKind::kOther);
+}
+
+// A disk of 64 kB.
+class SmallDisk : public QtFileSystemTest {
+ protected:
+  void SetUp() override {
+    if (!Mount(0)) GTEST_SKIP() << "only root can mount a file system, and not in every container";
+  }
+  ~SmallDisk() override { ::umount(Path("").c_str()); }
+  bool Mount(unsigned long flags) {
+    return ::mount("quenlor", Path("").c_str(), "tmpfs", flags, "size=64k") == 0;
+  }
+};
+
+TEST_F(SmallDisk, KeepsWhatItHasWhenItIsFull) {
+  ASSERT_EQ(Told(files_.Replace(Path("a"), "old")), "done");
+  const Done replaced = files_.Replace(Path("a"), std::string(100'000, 'n'));
+  EXPECT_EQ(Told(replaced), "cannot replace " + Path("a") + ": No space left on device");
+  EXPECT_EQ(KindOf(replaced), FailureKind::kFull);
+  EXPECT_EQ(KindOf(files_.Replace(Path("b"), std::string(100'000, 'n'))), FailureKind::kFull);
+  const Done appended = files_.Append(Path("a"), std::string(100'000, 'n'));
+  EXPECT_EQ(Told(appended), "cannot append to " + Path("a") + ": No space left on device");
+  EXPECT_EQ(KindOf(appended), FailureKind::kFull);
+  EXPECT_EQ(Content("a"), "old");
+  EXPECT_THAT(disk_.Names(), testing::ElementsAre("a"));
+}
+
+TEST_F(SmallDisk, MayBeThereToBeReadOnly) {
+  ASSERT_EQ(Told(files_.Replace(Path("a"), "old")), "done");
+  ASSERT_TRUE(Mount(MS_REMOUNT | MS_RDONLY));
+  EXPECT_EQ(KindOf(files_.Replace(Path("a"), "new")), FailureKind::kPermission);
+  EXPECT_EQ(KindOf(files_.Replace(Path("b"), "new")), FailureKind::kPermission);
+  EXPECT_EQ(KindOf(files_.Append(Path("a"), "new")), FailureKind::kPermission);
+  EXPECT_EQ(Content("a"), "old");
+}
+
 TEST_F(QtFileSystemTest, AFullDeviceIsTold) {
-  EXPECT_EQ(Told(files_.Append("/dev/full", "x")), "cannot append to /dev/full: No space left on device");
-  EXPECT_EQ(Told(files_.Replace("/dev/full", "x")), "cannot replace /dev/full: No space left on device");
+  const Done appended = files_.Append("/dev/full", "x");
+  const Done replaced = files_.Replace("/dev/full", "x");
+  EXPECT_EQ(Told(appended), "cannot append to /dev/full: No space left on device");
+  EXPECT_EQ(Told(replaced), "cannot replace /dev/full: No space left on device");
+  EXPECT_EQ(KindOf(appended), FailureKind::kFull);
+  EXPECT_EQ(KindOf(replaced), FailureKind::kFull);
   EXPECT_TRUE(fs::is_character_file("/dev/full"));
 }
 

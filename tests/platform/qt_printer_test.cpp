@@ -116,7 +116,10 @@ TEST_F(QtPrinterTest, AFileThatCannotBeMadeIsAFailure) {
     dialog.done(QDialog::Accepted);
   });
   EXPECT_TRUE(printer_.Choose());
-  EXPECT_TRUE(printer_.Print("report", 1, DrawLine));
+  const Done done = printer_.Print("report", 1, DrawLine);
+  ASSERT_TRUE(done);
+  EXPECT_EQ(done->text, "cannot print report: No such file or directory");
+  EXPECT_EQ(done->kind, FailureKind::kNotFound);
 }
 
 TEST_F(QtPrinterTest, PrintingGoesOnAfterAFailure) {

@@ -37,7 +37,7 @@ TEST_F(DocumentWindowTest, FailedSaveLeavesTheOldFileAndTheDataUnsaved) {
   Start();
   Reading("1");
   files.Put("/data/run.csv", "old");
-  files.Refuse("/data", "No space left on device");
+  files.Refuse("/data", "No space left on device", platform::FailureKind::kFull);
   dialogs.Path("/data/run.csv");
   Choose("mSave");
   EXPECT_EQ(files.Content("/data/run.csv"), "old");

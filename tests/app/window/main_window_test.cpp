@@ -62,6 +62,18 @@ TEST_F(MainWindowTest, UnwritableFolderStillGivesAWorkingProgram) {
   EXPECT_EQ(Find<GridView>("Grid1")->model()->headerData(1, Qt::Horizontal).toString(), "Viscosity");
 }
 
+TEST_F(MainWindowTest, FilesThatCannotBeReadAreNotMissingAndStay) {
+  const char* const names[] = {"quenlor.ini", "Command_V.txt", "New.txt"};
+  for (const char* name : names) {
+    PutFile(name, "the operator's own");
+    files.Unreadable(std::string(kFolder) + "/" + name);
+  }
+  Open();
+  EXPECT_EQ(Find<QComboBox>("Combo1")->currentText(), "QM");
+  EXPECT_EQ(Find<GridView>("Grid1")->model()->headerData(1, Qt::Horizontal).toString(), "Viscosity");
+  for (const char* name : names) EXPECT_EQ(File(name), "the operator's own") << name;
+}
+
 TEST_F(MainWindowTest, NoiseInItsFilesDoesNotKeepItFromStarting) {
   std::string noise;
   for (int i = 0; i < 5000; ++i) noise.push_back(static_cast<char>(i * 37 + i / 7));
