@@ -10,29 +10,25 @@
 
 #include "app/plain_tip.h"
 #include "app/window/grid_models.h"
-#include "data/utf8.h"
 #include "graph/plot_look.h"
 #include "platform/qt/qt_drawing_surface.h"
+#include "platform/qt/to_qstring.h"
 
 namespace quenlor::app {
 namespace {
+
+using platform::qt::ToShortQString;
 
 constexpr double kTwipsPerPixel = 15;
 // With fewer readings a redraw is over before a pointer could change.
 constexpr graph::Index kManyReadings = 200'000;
 
-// A caption lays out all of its text to show an inch of it.
-constexpr std::size_t kMostCaptionCharacters = 300;
-
-QString ToText(std::string_view text) {
-  text = data::Utf8Prefix(text, kMostCaptionCharacters);
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 int Pixels(double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
 
 // The legend's two lines, as a label divides them.
-QString TwoLines(std::string_view text) { return ToText(text).replace(QLatin1Char('\r'), QLatin1Char('\n')); }
+QString TwoLines(std::string_view text) {
+  return ToShortQString(text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
 
 QFont LabelFont(const QWidget* widget, double text_height) {
   QFont font = widget->font();
@@ -195,8 +191,7 @@ void GraphPane::LayoutLabels() {
   FillCaptions(texts);
   const auto text_width = [this](std::string_view text, double text_height) {
     const QFontMetricsF font(LabelFont(this, text_height));
-    return font.horizontalAdvance(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))) *
-           kTwipsPerPixel;
+    return font.horizontalAdvance(platform::qt::ToQString(text)) * kTwipsPerPixel;
   };
   const graph::LabelLayout layout =
       graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), texts, text_width);
@@ -217,11 +212,11 @@ void GraphPane::LayoutLabels() {
 }
 
 void GraphPane::FillCaptions(const graph::Captions& texts) {
-  for (std::size_t i = 0; i < Label5.size(); ++i) Label5[i]->setText(ToText(texts.Label5[i]));
-  for (std::size_t i = 0; i < Label6.size(); ++i) Label6[i]->setText(ToText(texts.Label6[i]));
-  for (std::size_t i = 1; i < Label7.size(); ++i) Label7[i]->setText(ToText(texts.Label7[i].text));
-  for (std::size_t i = 1; i < Label8.size(); ++i) Label8[i]->setText(ToText(texts.Label8[i].text));
-  for (std::size_t i = 1; i < Label9.size(); ++i) Label9[i]->setText(ToText(texts.Label9[i].text));
+  for (std::size_t i = 0; i < Label5.size(); ++i) Label5[i]->setText(ToShortQString(texts.Label5[i]));
+  for (std::size_t i = 0; i < Label6.size(); ++i) Label6[i]->setText(ToShortQString(texts.Label6[i]));
+  for (std::size_t i = 1; i < Label7.size(); ++i) Label7[i]->setText(ToShortQString(texts.Label7[i].text));
+  for (std::size_t i = 1; i < Label8.size(); ++i) Label8[i]->setText(ToShortQString(texts.Label8[i].text));
+  for (std::size_t i = 1; i < Label9.size(); ++i) Label9[i]->setText(ToShortQString(texts.Label9[i].text));
   for (std::size_t i = 0; i < Label10.size(); ++i) Label10[i]->setText(TwoLines(texts.Label10[i]));
 
   const QColor ink = ToQColor(colors_.GridColor());

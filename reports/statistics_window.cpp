@@ -13,14 +13,16 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
-#include "reports/statistics_grid.h"
+#include "platform/qt/grid_view.h"
+#include "platform/qt/to_qstring.h"
 #include "reports/statistics_widths.h"
 
 namespace quenlor::reports {
 namespace {
 
-constexpr int kMostColumnPixels = 4000;  // of one text nobody reads more
+constexpr int kWidestRowTitle = 400;  // pixels; the cells beside it are to be seen
 
 class BusyPointer {
  public:
@@ -41,6 +43,44 @@ struct StatisticsWindow::Content {
   StatisticsSheet Sheet() const { return {file_name, date, table}; }
 };
 
+// What the grid shows of the content.
+class StatisticsWindow::GridTable : public platform::qt::GridTable {
+ public:
+  using platform::qt::GridTable::GridTable;
+
+  void Show(std::shared_ptr<const Content> content) {
+    beginResetModel();
+    content_ = std::move(content);
+    endResetModel();
+  }
+
+  int rowCount(const QModelIndex& parent = {}) const override {
+    if (parent.isValid() || content_ == nullptr) return 0;
+    constexpr StatisticsTable::Row kMost = std::numeric_limits<int>::max();
+    return static_cast<int>(std::min(content_->table.Rows() - 1, kMost));
+  }
+  int columnCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() || content_ == nullptr ? 0 : content_->table.Cols() - 1;
+  }
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (role != Qt::DisplayRole || !index.isValid()) return {};
+    return Text(index.row() + 1, index.column() + 1);
+  }
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (role != Qt::DisplayRole) return {};
+    return orientation == Qt::Horizontal ? Text(0, section + 1) : Text(section + 1, 0);
+  }
+  QString CornerTitle() const override { return Text(0, 0); }
+
+ private:
+  QString Text(StatisticsTable::Row row, int col) const {
+    return content_ == nullptr ? QString()
+                               : platform::qt::ToShortQString(content_->table.TextMatrix(row, col));
+  }
+
+  std::shared_ptr<const Content> content_;
+};
+
 StatisticsWindow::StatisticsWindow(platform::Printer& printer, platform::Clipboard& clipboard,
                                    QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -48,8 +88,9 @@ StatisticsWindow::StatisticsWindow(platform::Printer& printer, platform::Clipboa
       printer_(printer),
       clipboard_(clipboard),
       content_(std::make_shared<Content>()),
-      model_(new StatisticsModel(this)),
-      Grid1(new StatisticsGrid(this)),
+      table_(new GridTable(this)),
+      Grid1(new platform::qt::GridView(table_, QStringLiteral("Grid1"),
+                                       tr("Last reading of every run and statistics"), this)),
       Print(new QPushButton(tr("Print(&P)"), this)),
       Copy(new QPushButton(tr("Copy(&C)"), this)) {
   setObjectName(QStringLiteral("Form4"));
@@ -61,21 +102,9 @@ StatisticsWindow::StatisticsWindow(platform::Printer& printer, platform::Clipboa
 StatisticsWindow::~StatisticsWindow() = default;
 
 void StatisticsWindow::BuildWindow() {
-  Grid1->setObjectName(QStringLiteral("Grid1"));
-  Grid1->setAccessibleName(tr("Last reading of every run and statistics"));
-  Grid1->setModel(model_);
   Grid1->setFrameShape(QFrame::NoFrame);
-  Grid1->setSelectionMode(QAbstractItemView::ContiguousSelection);
-  Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  Grid1->setWordWrap(false);
-  Grid1->setTabKeyNavigation(false);
-  Grid1->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  for (QHeaderView* header : {Grid1->horizontalHeader(), Grid1->verticalHeader()}) {
-    header->setHighlightSections(false);
-    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  }
-  Grid1->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  Grid1->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+  Grid1->verticalHeader()->setHighlightSections(false);
+  Grid1->verticalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 
   Print->setObjectName(QStringLiteral("Print"));
   Print->setToolTip(tr("Prints the table (Ctrl+P)"));
@@ -118,7 +147,7 @@ void StatisticsWindow::Show(StatisticsTable table, std::string file_name, std::s
     const double twips_per_pixel = 1440.0 / logicalDpiX();
     const QFontMetricsF font(this->font(), this);
     const MeasureText measure = [&](std::string_view text) {
-      return font.horizontalAdvance(ToQString(text)) * twips_per_pixel;
+      return font.horizontalAdvance(platform::qt::ToQString(text)) * twips_per_pixel;
     };
     content->sizes = {
         .column_widths = ColumnWidths(content->table, measure),
@@ -128,7 +157,7 @@ void StatisticsWindow::Show(StatisticsTable table, std::string file_name, std::s
         .line_height = font.height() * twips_per_pixel,
     };
     content_ = std::move(content);
-    model_->SetTable({content_, &content_->table});
+    table_->Show(content_);
     FitColumns();
     if (!testAttribute(Qt::WA_Resized)) FitWindow();
   }
@@ -148,11 +177,10 @@ void StatisticsWindow::FitColumns() {
       std::max(cell_margin, header_margin) + grid_line - kColumnMarginTwips / twips_per_pixel;
   const auto pixels = [&](int twips) {
     const double width = std::ceil(twips / twips_per_pixel + std::max(0.0, missing));
-    return static_cast<int>(std::min<double>(width, kMostColumnPixels));
+    return static_cast<int>(std::min<double>(width, platform::qt::GridView::kWidestColumn));
   };
   const std::vector<int>& widths = content_->sizes.column_widths;
-  static_cast<StatisticsGrid*>(Grid1)->ShowInCorner(model_->Text(0, 0));
-  Grid1->verticalHeader()->setFixedWidth(std::min(pixels(widths.front()), kMostColumnPixels / 10));
+  Grid1->verticalHeader()->setFixedWidth(std::min(pixels(widths.front()), kWidestRowTitle));
   for (int col = 1; col < content_->table.Cols(); ++col)
     Grid1->setColumnWidth(col - 1, pixels(widths[static_cast<std::size_t>(col)]));
 }
@@ -165,7 +193,7 @@ void StatisticsWindow::FitWindow() {
   const QHeaderView& down = *Grid1->verticalHeader();
   const int scroll_bar = Grid1->verticalScrollBar()->sizeHint().width();
   constexpr int kMostRows = 24;
-  const int rows = std::min(model_->rowCount(), kMostRows) * down.defaultSectionSize();
+  const int rows = std::min(table_->rowCount(), kMostRows) * down.defaultSectionSize();
   const int buttons = layout()->sizeHint().height() - Grid1->sizeHint().height();
   const QSize wanted(down.width() + across.length() + scroll_bar + 2,
                      across.sizeHint().height() + rows + scroll_bar + buttons);

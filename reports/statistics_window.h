@@ -3,7 +3,6 @@
 
 #include <QDialog>
 #include <QPushButton>
-#include <QTableView>
 #include <memory>
 #include <string>
 
@@ -11,9 +10,11 @@
 #include "platform/printer.h"
 #include "reports/statistics_page.h"
 
-namespace quenlor::reports {
+namespace quenlor::platform::qt {
+class GridView;
+}
 
-class StatisticsModel;
+namespace quenlor::reports {
 
 // "Statistics": the table of the last readings and their statistics, to be looked at, printed and copied.
 //
@@ -32,6 +33,7 @@ class StatisticsWindow : public QDialog {
 
  private:
   struct Content;
+  class GridTable;
 
   void BuildWindow();
   void ConnectHandlers();
@@ -44,9 +46,9 @@ class StatisticsWindow : public QDialog {
   platform::Printer& printer_;
   platform::Clipboard& clipboard_;
   std::shared_ptr<const Content> content_;
-  StatisticsModel* model_;
+  GridTable* table_;
   bool printing_ = false;
-  QTableView* Grid1;
+  platform::qt::GridView* Grid1;
   QPushButton* Print;
   QPushButton* Copy;
 };

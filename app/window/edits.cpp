@@ -15,9 +15,9 @@ void Edits::Change(const std::string& caption, const std::string& text,
   });
 }
 
-void Edits::Grid1_KeyDown(const GridView& Grid1, int KeyCode) {
+void Edits::Grid1_KeyDown(const platform::qt::GridView& Grid1, int KeyCode) {
   constexpr int kDeleteKey = 46;
-  const GridSelection rows = Grid1.Selection();
+  const platform::qt::GridSelection rows = Grid1.Selection();
   data::Document& document = session_.Document();
   if (KeyCode != kDeleteKey ||
       !data::MayDelete(document.Grid1(), rows.Row, rows.RowSel, rows.Col, rows.ColSel))
@@ -31,9 +31,9 @@ void Edits::Grid1_KeyDown(const GridView& Grid1, int KeyCode) {
   });
 }
 
-void Edits::Grid1_DblClick(const GridView& Grid1) {
+void Edits::Grid1_DblClick(const platform::qt::GridView& Grid1) {
   if (measurement_.Running()) return;
-  const GridSelection cells = Grid1.Selection();
+  const platform::qt::GridSelection cells = Grid1.Selection();
   const data::EditChoice choice =
       data::ChooseEdit(session_.Document(), cells.Row, cells.RowSel, cells.Col, cells.ColSel);
   if (choice.mode == data::EditChoice::Mode::kNothing) return;

@@ -6,10 +6,10 @@
 #include <string>
 
 #include "app/desk/session.h"
-#include "app/grid_view.h"
 #include "app/window/one_at_a_time.h"
 #include "link/measurement.h"
 #include "platform/dialogs.h"
+#include "platform/qt/grid_view.h"
 
 namespace quenlor::app {
 
@@ -27,8 +27,8 @@ class Edits {
         limit_entered_(std::move(limit_entered)),
         window_(window) {}
 
-  void Grid1_KeyDown(const GridView& Grid1, int KeyCode);
-  void Grid1_DblClick(const GridView& Grid1);
+  void Grid1_KeyDown(const platform::qt::GridView& Grid1, int KeyCode);
+  void Grid1_DblClick(const platform::qt::GridView& Grid1);
   void Label5_DblClick(int Index);   // range ends
   void Label6_DblClick(int Index);   // file name and remarks
   void Label10_DblClick(int Index);  // sample names

@@ -9,8 +9,6 @@
 namespace quenlor::app {
 namespace {
 
-constexpr int kMostCellCharacters = 1000;  // a view lays out all of a text to show its first inch
-
 int ToCount(data::Document::Row rows) {
   return static_cast<int>(std::min<data::Document::Row>(rows, std::numeric_limits<int>::max()));
 }
@@ -20,7 +18,7 @@ int ToCount(data::Document::Row rows) {
 QColor ToQColor(graph::Color color) { return {color.Red(), color.Green(), color.Blue()}; }
 
 GridModel::GridModel(data::Document& document, const graph::ColorSettings& colors, QObject* parent)
-    : QAbstractTableModel(parent), document_(document), colors_(colors) {
+    : GridTable(parent), document_(document), colors_(colors) {
   document_.AddListener(*this);
 }
 
@@ -29,12 +27,6 @@ GridModel::~GridModel() { document_.RemoveListener(*this); }
 void GridModel::ShowAll() {
   shown_rows_ = ToCount(TableRows() - 1);
   shown_cols_ = std::max(TableCols() - 1, 0);
-}
-
-QString GridModel::Text(data::Document::Row row, int col) const {
-  const std::string_view text = TableText(row, col);
-  return QString::fromUtf8(text.data(),
-                           static_cast<qsizetype>(std::min<std::size_t>(text.size(), kMostCellCharacters)));
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {

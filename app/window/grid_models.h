@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QAbstractTableModel>
 #include <QColor>
 #include <optional>
 
 #include "data/document.h"
 #include "graph/color_settings.h"
+#include "platform/qt/grid_view.h"
+#include "platform/qt/to_qstring.h"
 
 namespace quenlor::app {
 
-// A grid of the document for a table view. Row 0 and column 0 of the table are the view's headers, so cell
-// (r, c) of the model is (r + 1, c + 1) of the table.
+// A grid of the document.
 //
 // Nothing is copied. Rows that arrive are shown at the next Sync, many at once: a view's work after an
 // insertion is the same for one row and for a thousand.
-class GridModel : public QAbstractTableModel, protected data::DocumentListener {
+class GridModel : public platform::qt::GridTable, protected data::DocumentListener {
   Q_OBJECT
 
  public:
@@ -29,13 +29,10 @@ class GridModel : public QAbstractTableModel, protected data::DocumentListener {
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
-  // The title of column 0, for the corner between the headers.
-  QString CornerTitle() const { return Text(0, 0); }
+  QString CornerTitle() const override { return Text(0, 0); }
+  bool Sync() override;
 
   void ColorsChanged();
-
-  // Shows what has arrived since the last call; true when rows were added.
-  bool Sync();
 
  protected:
   virtual data::Document::Row TableRows() const = 0;
@@ -45,7 +42,9 @@ class GridModel : public QAbstractTableModel, protected data::DocumentListener {
   virtual std::optional<long long> RunOfRow(data::Document::Row row) const = 0;
   virtual bool TextsInRunColor() const { return true; }
 
-  QString Text(data::Document::Row row, int col) const;
+  QString Text(data::Document::Row row, int col) const {
+    return platform::qt::ToShortQString(TableText(row, col));
+  }
   void ShowAll();  // in the constructor of the last class, when the table can be asked
   const data::Document& Document() const { return document_; }
 

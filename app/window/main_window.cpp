@@ -86,10 +86,11 @@ void MainWindow::ConnectHandlers() {
   connect(menus_.mColor, &QAction::triggered, this, &MainWindow::mColor_Click);
   connect(&menus_, &Menus::LineChosen, this, &MainWindow::ShowLineWidth);
   connect(&menus_, &Menus::Range_Click, this, [this](int Index) { edits_.Label5_DblClick(Index); });
-  const GridView* Grid1 = tables_.Measurement();
-  connect(Grid1, &GridView::Grid_KeyDown, this,
+  const platform::qt::GridView* Grid1 = tables_.Measurement();
+  connect(Grid1, &platform::qt::GridView::Grid_KeyDown, this,
           [this, Grid1](int KeyCode) { edits_.Grid1_KeyDown(*Grid1, KeyCode); });
-  connect(Grid1, &GridView::Grid_DblClick, this, [this, Grid1] { edits_.Grid1_DblClick(*Grid1); });
+  connect(Grid1, &platform::qt::GridView::Grid_DblClick, this,
+          [this, Grid1] { edits_.Grid1_DblClick(*Grid1); });
   connect(&Picture1, &GraphPane::Label5_DblClick, this, [this](int Index) { edits_.Label5_DblClick(Index); });
   connect(&Picture1, &GraphPane::Label6_DblClick, this, [this](int Index) { edits_.Label6_DblClick(Index); });
   connect(&Picture1, &GraphPane::Label10_DblClick, this,

@@ -10,13 +10,13 @@
 #include "app/plain_tip.h"
 #include "app/window/named.h"
 #include "data/text_number.h"
+#include "platform/qt/to_qstring.h"
 
 namespace quenlor::app {
 namespace {
 
 namespace setting = data::setting;
-
-QString Text(const std::string& text) { return QString::fromStdString(text); }
+using platform::qt::ToQString;
 
 }  // namespace
 
@@ -48,7 +48,7 @@ void MeasurePanel::ConnectHandlers() {
 
 void MeasurePanel::LoadCommandList() {
   command_list_ = link::LoadCommandList(session_.Files(), session_.File("Command_V.txt"));
-  for (const std::string& entry : command_list_.Entries()) Combo1->addItem(Text(entry));
+  for (const std::string& entry : command_list_.Entries()) Combo1->addItem(ToQString(entry));
   Combo1->setCurrentIndex(Combo1->count() - 1);
   Combo1_Change();
 }
@@ -96,8 +96,8 @@ void MeasurePanel::ShowChoices() {
   const data::SettingsList& list = session_.List();
   Check1->setChecked(list.Index(setting::kRepeat) == 1);
   Check5->setChecked(list.Index(setting::kAutoStop) == 1);
-  Text2->setText(Text(list[setting::kRepeatSeconds]));
-  Text1->setText(Text(list[setting::kAutoStopMinutes]));
+  Text2->setText(ToQString(list[setting::kRepeatSeconds]));
+  Text1->setText(ToQString(list[setting::kAutoStopMinutes]));
 }
 
 void MeasurePanel::StateChanged() {
@@ -119,7 +119,7 @@ void MeasurePanel::LineReceived(const std::string& line) {
 
 void MeasurePanel::ErrorLine(const std::string& line) {
   if (!Form5) Form5 = new link::ErrorWindow(window());
-  Form5->AppendLine(Text(line));
+  Form5->AppendLine(ToQString(line));
   if (!Form5->isVisible()) Form5->show();
 }
 
@@ -127,9 +127,9 @@ void MeasurePanel::Told(const std::string& text) { status_.Say(text); }
 
 void MeasurePanel::ShowLine() {
   if (!std::exchange(line_waits_, false)) return;
-  Text3->setText(Text(last_line_));
+  Text3->setText(ToQString(last_line_));
   Text3->setCursorPosition(0);
-  Text3->setToolTip(PlainTip(Text(last_line_)));
+  Text3->setToolTip(PlainTip(ToQString(last_line_)));
 }
 
 void MeasurePanel::ClearReceivedData() {

@@ -5,15 +5,13 @@
 #include <utility>
 
 #include "link/port_settings.h"
+#include "platform/qt/to_qstring.h"
 
 namespace quenlor::app {
 namespace {
 
 namespace setting = data::setting;
-
-QString Text(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+using platform::qt::ToQString;
 
 using Captions = std::vector<std::string_view>;
 
@@ -154,7 +152,7 @@ void Menus::AddGroup(QMenu* menu, const GroupRow& row) {
   }
   row.group.Build(menu, QString::fromLatin1(row.array), row.first, row.element,
                   [this, click = row.click](int Index) { (this->*click)(Index); });
-  for (const std::string_view item : row.items) row.group.Add(Text(item));
+  for (const std::string_view item : row.items) row.group.Add(ToQString(item));
   if (row.element != OptionGroup::kNoElement) groups_.push_back(&row.group);
 }
 
@@ -229,7 +227,8 @@ void Menus::FillColumnMenu(OptionGroup& group, int chosen_column) {
   const data::MeasurementTable& table = session_.Document().Grid1();
   const int last = std::min(table.Cols(), kMostItems + 2);
   for (int col = 2; col < last; ++col)
-    group.Add(Text(table.TextMatrix(0, col)).replace(QLatin1Char('&'), QStringLiteral("&&")));
+    group.Add(platform::qt::ToShortQString(table.TextMatrix(0, col))
+                  .replace(QLatin1Char('&'), QStringLiteral("&&")));
   group.Check(chosen_column - 1);
 }
 
@@ -243,7 +242,7 @@ void Menus::ShowDevices() {
   for (int port = Port.First(); port <= Port.Last(); ++port) {
     const std::string device = devices_.name_of_port(port);
     const QString tip = device.empty() ? tr("Port %1: there is no device").arg(port)
-                                       : tr("Port %1: %2").arg(port).arg(Text(device));
+                                       : tr("Port %1: %2").arg(port).arg(ToQString(device));
     Port.Item(port)->setToolTip(tip);
     Port.Item(port)->setStatusTip(tip);
   }
@@ -259,7 +258,7 @@ void Menus::TellOfUnreachableDevice() {
     return status_.Say(tr("Port %1 (%2) lies beyond the Com Port menu; the first line of %3 is the number "
                           "of its items")
                            .arg(port)
-                           .arg(Text(device), Text(session_.SettingsName()))
+                           .arg(ToQString(device), ToQString(session_.SettingsName()))
                            .toStdString());
   }
 }

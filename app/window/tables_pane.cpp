@@ -5,6 +5,8 @@
 
 namespace quenlor::app {
 
+using platform::qt::GridView;
+
 TablesPane::TablesPane(Session& session, QWidget* received_data, QWidget* parent)
     : QWidget(parent),
       grid1_model_(session.Document(), session.Colors()),

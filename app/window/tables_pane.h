@@ -4,8 +4,8 @@
 #include <QTabWidget>
 
 #include "app/desk/session.h"
-#include "app/grid_view.h"
 #include "app/window/grid_models.h"
+#include "platform/qt/grid_view.h"
 
 namespace quenlor::app {
 
@@ -16,7 +16,7 @@ class TablesPane : public QWidget {
  public:
   TablesPane(Session& session, QWidget* received_data, QWidget* parent);
 
-  GridView* Measurement() const { return Grid1; }
+  platform::qt::GridView* Measurement() const { return Grid1; }
 
   // Shows what has arrived. Returns how long the work took, in milliseconds.
   int Sync();
@@ -26,9 +26,9 @@ class TablesPane : public QWidget {
   Grid1Model grid1_model_;
   Grid2Model grid2_model_;
   Grid4Model grid4_model_;
-  GridView* Grid1 = nullptr;
-  GridView* Grid2 = nullptr;
-  GridView* Grid4 = nullptr;
+  platform::qt::GridView* Grid1 = nullptr;
+  platform::qt::GridView* Grid2 = nullptr;
+  platform::qt::GridView* Grid4 = nullptr;
 };
 
 }  // namespace quenlor::app

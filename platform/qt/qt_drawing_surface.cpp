@@ -4,9 +4,10 @@
 #include <QFontMetricsF>
 #include <QPaintEngine>
 #include <QPen>
-#include <QString>
 #include <algorithm>
 #include <cmath>
+
+#include "platform/qt/to_qstring.h"
 
 namespace quenlor::platform::qt {
 namespace {
@@ -39,10 +40,6 @@ int FlagOf(Down down) {
       break;
   }
   return Qt::AlignBottom;
-}
-
-QString ToQString(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 void DrawShape(QPainter& painter, QPoint centre, QSize half, bool circle) {

@@ -7,6 +7,7 @@
 #include <QFontMetricsF>
 #include <QHeaderView>
 #include <QPointer>
+#include <QTableView>
 #include <QTest>
 #include <functional>
 

@@ -54,10 +54,10 @@ TEST_F(TableWindowTest, ArrivingRowsLeaveTheSelectionAlone) {
   Reading("2");
   ShowRows(3);
   SelectRows(0, 0);
-  const GridSelection before = Find<GridView>("Grid1")->Selection();
+  const platform::qt::GridSelection before = Find<GridView>("Grid1")->Selection();
   for (int i = 0; i < 200; ++i) Line("3");
   ShowRows(203);
-  const GridSelection after = Find<GridView>("Grid1")->Selection();
+  const platform::qt::GridSelection after = Find<GridView>("Grid1")->Selection();
   EXPECT_EQ(after.Row, before.Row);
   EXPECT_EQ(after.RowSel, before.RowSel);
   EXPECT_EQ(after.ColSel, window->Document().Grid1().Cols() - 1);

@@ -18,6 +18,8 @@
 
 namespace quenlor::app {
 
+using platform::qt::GridView;
+
 // The real main window on a bench: line, clock, disk and boxes are the test's.
 struct WindowBench {
   static constexpr const char* kFolder = "/lab";

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "app/grid_view.h"
+#include "platform/qt/grid_view.h"
 
 #include <QAbstractButton>
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -9,22 +10,19 @@
 #include <QScrollBar>
 #include <QStyleOptionHeader>
 #include <algorithm>
-#include <cmath>
 
-namespace quenlor::app {
+namespace quenlor::platform::qt {
 namespace {
 
-constexpr double kTwipsPerPixel = 15;
 constexpr int kFittedRows = 64;  // of a burst only the last rows are measured; texts of a run are much alike
+constexpr int kFittedColumns = 256;  // wider tables are not read by eye
+constexpr int kCellMargins = 15;
+constexpr int kHeaderMargins = 23;
 
-int TextWidth(const QFontMetrics& font, const QString& text) {
-  return font.horizontalAdvance(text) + static_cast<int>(std::ceil(100 / kTwipsPerPixel));
-}
-
-// Column 0: a style shades a header's colour as it likes, but a run's colour is to be the one of the graph.
-class RunHeader : public QHeaderView {
+// Column 0: a style shades a header's colour as it likes, but one that the model tells has a meaning.
+class ColoredHeader : public QHeaderView {
  public:
-  explicit RunHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
+  explicit ColoredHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
     setSectionsClickable(true);
     setHighlightSections(true);
   }
@@ -47,12 +45,12 @@ class RunHeader : public QHeaderView {
 
 }  // namespace
 
-GridView::GridView(GridModel* model, const QString& name, const QString& title, QWidget* parent)
-    : QTableView(parent), model_(model) {
+GridView::GridView(GridTable* table, const QString& name, const QString& title, QWidget* parent)
+    : QTableView(parent), table_(table) {
   setObjectName(name);
   setAccessibleName(title);
-  setVerticalHeader(new RunHeader(this));
-  setModel(model);
+  setVerticalHeader(new ColoredHeader(this));
+  setModel(table);
   setSelectionMode(ContiguousSelection);
   setEditTriggers(NoEditTriggers);
   setWordWrap(false);
@@ -65,7 +63,7 @@ GridView::GridView(GridModel* model, const QString& name, const QString& title, 
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   // Texts that are too long for a header's first glance must not decide how wide it is.
-  horizontalHeader()->setMaximumSectionSize(4000);
+  horizontalHeader()->setMaximumSectionSize(kWidestColumn);
   verticalHeader()->setResizeContentsPrecision(0);
 
   corner_ = findChild<QAbstractButton*>();
@@ -73,11 +71,13 @@ GridView::GridView(GridModel* model, const QString& name, const QString& title, 
   connect(this, &QTableView::doubleClicked, this, &GridView::Grid_DblClick);
   connect(verticalHeader(), &QHeaderView::sectionDoubleClicked, this, &GridView::Grid_DblClick);
   connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &GridView::Grid_DblClick);
-  connect(model, &QAbstractItemModel::modelReset, this, [this] { FitTitles(); });
-  connect(model, &QAbstractItemModel::headerDataChanged, this, [this](Qt::Orientation orientation) {
+  connect(table, &QAbstractItemModel::headerDataChanged, this, [this](Qt::Orientation orientation) {
     if (orientation == Qt::Horizontal) FitTitles();
   });
-  connect(model, &QAbstractItemModel::modelReset, this, [this] { FitNewRows(0); });
+  connect(table, &QAbstractItemModel::modelReset, this, [this] {
+    FitTitles();
+    FitNewRows(0);
+  });
   FitTitles();
   FitNewRows(0);
 }
@@ -85,8 +85,8 @@ GridView::GridView(GridModel* model, const QString& name, const QString& title, 
 int GridView::Sync() {
   QElapsedTimer timer;
   timer.start();
-  const int first_new = std::max(0, model_->rowCount() - 1);
-  if (!model_->Sync()) return 0;
+  const int first_new = std::max(0, table_->rowCount() - 1);
+  if (!table_->Sync()) return 0;
   FitNewRows(first_new);
   // A hand on the scroll bar wins over the newest row, until it lets go.
   if (isVisible() && !verticalScrollBar()->isSliderDown()) {
@@ -102,8 +102,8 @@ GridSelection GridView::Selection() const {
   GridSelection result{selection.first().top(), selection.first().bottom(), selection.first().left(),
                        selection.first().right()};
   for (const QItemSelectionRange& range : selection) {
-    result.Row = std::min<data::Document::Row>(result.Row, range.top());
-    result.RowSel = std::max<data::Document::Row>(result.RowSel, range.bottom());
+    result.Row = std::min<std::int64_t>(result.Row, range.top());
+    result.RowSel = std::max<std::int64_t>(result.RowSel, range.bottom());
     result.Col = std::min(result.Col, range.left());
     result.ColSel = std::max(result.ColSel, range.right());
   }
@@ -121,44 +121,52 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// The corner between the headers carries the title of column 0.
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
   if (watched != corner_ || event->type() != QEvent::Paint) return QTableView::eventFilter(watched, event);
+  PaintCorner();
+  return true;
+}
+
+// The title of column 0 stands on the left where the texts of that column do, else in the middle.
+void GridView::PaintCorner() {
   QPainter painter(corner_);
   QStyleOptionHeader option;
   option.initFrom(corner_);
   option.rect = corner_->rect();
-  option.text = model_->CornerTitle();
-  option.textAlignment = Qt::AlignCenter;
+  option.text = table_->CornerTitle();
+  const bool left = verticalHeader()->defaultAlignment().testFlag(Qt::AlignLeft);
+  option.textAlignment = left ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter;
   option.orientation = Qt::Horizontal;
   option.section = 0;
   corner_->style()->drawControl(QStyle::CE_Header, &option, &painter, corner_);
-  return true;
 }
 
 void GridView::FitColumnWidth(int column, int width) {
-  if (width > columnWidth(column)) setColumnWidth(column, std::min(width, 4000));
+  if (width > columnWidth(column)) setColumnWidth(column, std::min(width, kWidestColumn));
 }
 
 void GridView::FitNewRows(int first) {
-  const int rows = model_->rowCount();
-  const int columns = std::min(model_->columnCount(), 256);  // wider tables are not read by eye
+  const int rows = table_->rowCount();
+  const int columns = std::min(table_->columnCount(), kFittedColumns);
   const QFontMetrics font = fontMetrics();
   for (int row = std::max(first, rows - kFittedRows); row < rows; ++row) {
     for (int column = 0; column < columns; ++column) {
-      FitColumnWidth(column, TextWidth(font, model_->index(row, column).data().toString()) + 8);
+      FitColumnWidth(column,
+                     font.horizontalAdvance(table_->index(row, column).data().toString()) + kCellMargins);
     }
   }
 }
 
 void GridView::FitTitles() {
   // Column 0 is as wide as its title at least, also while no reading shows it how wide it must be.
-  verticalHeader()->setMinimumWidth(TextWidth(verticalHeader()->fontMetrics(), model_->CornerTitle()) + 16);
-  const int columns = std::min(model_->columnCount(), 256);
+  const QFontMetrics font = verticalHeader()->fontMetrics();
+  verticalHeader()->setMinimumWidth(font.horizontalAdvance(table_->CornerTitle()) + kHeaderMargins);
+  if (corner_ != nullptr) corner_->update();
+  const int columns = std::min(table_->columnCount(), kFittedColumns);
   for (int column = 0; column < columns; ++column) {
-    const QString title = model_->headerData(column, Qt::Horizontal).toString();
-    FitColumnWidth(column, TextWidth(horizontalHeader()->fontMetrics(), title) + 16);
+    const QString title = table_->headerData(column, Qt::Horizontal).toString();
+    FitColumnWidth(column, horizontalHeader()->fontMetrics().horizontalAdvance(title) + kHeaderMargins);
   }
 }
 
-}  // namespace quenlor::app
+}  // namespace quenlor::platform::qt
