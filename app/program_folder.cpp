@@ -14,17 +14,16 @@ bool CanBeWritten(const QString& folder) {
   return QTemporaryFile(folder + QStringLiteral("/.quenlor")).open();
 }
 
-bool SameFolder(const QString& one, const QString& other) {
-  return QDir(one).canonicalPath() == QDir(other).canonicalPath() && !QDir(one).canonicalPath().isEmpty();
+// Beside the folder of the programs; app/CMakeLists.txt has it put there.
+bool IsInstalled(const QString& executable_folder) {
+  return QDir(executable_folder).exists(QStringLiteral("../share/quenlor/installed.txt"));
 }
 
 }  // namespace
 
-QString ProgramFolder(const QString& chosen, const QString& executable_folder,
-                      const QString& installed_folder, const QString& user_folder) {
+QString ProgramFolder(const QString& chosen, const QString& executable_folder, const QString& user_folder) {
   QString folder = executable_folder;
-  if (SameFolder(executable_folder, installed_folder) || !CanBeWritten(executable_folder))
-    folder = user_folder;
+  if (IsInstalled(executable_folder) || !CanBeWritten(executable_folder)) folder = user_folder;
   if (!chosen.isEmpty()) folder = QDir(chosen).absolutePath();
   QDir().mkpath(folder);
   return folder;
@@ -32,13 +31,14 @@ QString ProgramFolder(const QString& chosen, const QString& executable_folder,
 
 QString ProgramFolder(const QString& chosen) {
   return ProgramFolder(chosen, QCoreApplication::applicationDirPath(),
-                       QStringLiteral(QUENLOR_INSTALLED_FOLDER),
                        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
 }
 
 QString FolderToRead(const QString& chosen, const QString& executable_folder, const QString& user_folder) {
   if (!chosen.isEmpty()) return QDir(chosen).absolutePath();
-  return QDir(executable_folder).exists(QStringLiteral("quenlor.ini")) ? executable_folder : user_folder;
+  const bool kept_there =
+      !IsInstalled(executable_folder) && QDir(executable_folder).exists(QStringLiteral("quenlor.ini"));
+  return kept_there ? executable_folder : user_folder;
 }
 
 QString FolderToRead(const QString& chosen) {

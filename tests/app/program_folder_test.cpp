@@ -18,36 +18,72 @@ struct Folders {
     QDir().mkpath(path);
     return path;
   }
+  // As installing into that prefix leaves it; gives the folder of the programs.
+  QString Install(const std::string& prefix) {
+    Write(Make((prefix + "/share/quenlor").c_str()) + QStringLiteral("/installed.txt"));
+    return Make((prefix + "/bin").c_str());
+  }
+  static void Write(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+  }
+  static bool IsEmpty(const QString& folder) {
+    return QDir(folder).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+  }
 };
 
 TEST(ProgramFolder, TheGivenFolderWinsAndIsMade) {
   Folders folders;
   const QString chosen = folders.root.filePath(QStringLiteral("a/b"));
-  EXPECT_EQ(ProgramFolder(chosen, folders.Make("exe"), {}, folders.Make("user")), chosen);
+  EXPECT_EQ(ProgramFolder(chosen, folders.Make("exe"), folders.Make("user")), chosen);
   EXPECT_TRUE(QDir(chosen).exists());
 }
 
 TEST(ProgramFolder, ElseTheFolderOfTheExecutable) {
   Folders folders;
   const QString executable = folders.Make("exe");
-  EXPECT_EQ(ProgramFolder({}, executable, folders.Make("bin"), folders.Make("user")), executable);
-  EXPECT_TRUE(QDir(executable).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
-      << "trying leaves no trace";
+  EXPECT_EQ(ProgramFolder({}, executable, folders.Make("user")), executable);
+  EXPECT_TRUE(Folders::IsEmpty(executable)) << "trying leaves no trace";
 }
 
-TEST(ProgramFolder, AnInstalledProgramUsesTheUsersFolder) {
+TEST(ProgramFolder, AnInstalledProgramUsesTheUsersFolderWhereverItIsInstalled) {
+  for (const char* prefix : {"usr", "opt/lab/quenlor", "home/.local"}) {
+    Folders folders;
+    const QString executable = folders.Install(prefix);
+    const QString user = folders.root.filePath(QStringLiteral("user/data"));
+    EXPECT_EQ(ProgramFolder({}, executable, user), user) << prefix;
+    EXPECT_TRUE(QDir(user).exists()) << prefix;
+    EXPECT_TRUE(Folders::IsEmpty(executable)) << prefix;
+  }
+}
+
+TEST(ProgramFolder, AnInstalledProgramThatIsMovedAsAWholeStaysOne) {
   Folders folders;
-  const QString executable = folders.Make("bin");
-  const QString user = folders.root.filePath(QStringLiteral("user/data"));
-  EXPECT_EQ(ProgramFolder({}, executable, executable + QStringLiteral("/."), user), user);
-  EXPECT_TRUE(QDir(user).exists());
+  folders.Install("before");
+  ASSERT_TRUE(QDir().rename(folders.root.filePath("before"), folders.root.filePath("after")));
+  const QString user = folders.Make("user");
+  EXPECT_EQ(ProgramFolder({}, folders.root.filePath("after/bin"), user), user);
+}
+
+TEST(ProgramFolder, AnUnpackedProgramKeepsItsFilesBesideItself) {
+  Folders folders;
+  const QString executable = folders.Make("quenlor/bin");
+  folders.Make("quenlor/share/doc");
+  folders.Make("quenlor/share/quenlor");  // somebody else's folder of that name says nothing
+  EXPECT_EQ(ProgramFolder({}, executable, folders.Make("user")), executable);
+}
+
+TEST(ProgramFolder, TheGivenFolderWinsForAnInstalledProgramToo) {
+  Folders folders;
+  const QString chosen = folders.Make("chosen");
+  EXPECT_EQ(ProgramFolder(chosen, folders.Install("usr"), folders.Make("user")), chosen);
 }
 
 TEST(ProgramFolder, AFolderThatCannotBeWrittenGivesWayToTheUsersFolder) {
   Folders folders;
   const QString user = folders.Make("user");
   // A folder that is not there refuses everybody, root as well.
-  EXPECT_EQ(ProgramFolder({}, folders.root.filePath(QStringLiteral("gone")), {}, user), user);
+  EXPECT_EQ(ProgramFolder({}, folders.root.filePath(QStringLiteral("gone")), user), user);
 }
 
 TEST(FolderToRead, IsWhereSettingsHaveBeenKeptAndNothingIsMade) {
@@ -59,9 +95,16 @@ TEST(FolderToRead, IsWhereSettingsHaveBeenKeptAndNothingIsMade) {
   EXPECT_EQ(FolderToRead(chosen, executable, user), chosen);
   EXPECT_FALSE(QDir(user).exists());
   EXPECT_FALSE(QDir(chosen).exists());
-  QFile settings(executable + QStringLiteral("/quenlor.ini"));
-  ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+  Folders::Write(executable + QStringLiteral("/quenlor.ini"));
   EXPECT_EQ(FolderToRead({}, executable, user), executable);
+}
+
+TEST(FolderToRead, IsTheUsersForAnInstalledProgramWhateverStandsBesideIt) {
+  Folders folders;
+  const QString executable = folders.Install("usr");
+  const QString user = folders.root.filePath(QStringLiteral("user"));
+  Folders::Write(executable + QStringLiteral("/quenlor.ini"));
+  EXPECT_EQ(FolderToRead({}, executable, user), user);
 }
 
 }  // namespace

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// The program as a shell sees it: what it says and how it ends, without any display.
+// The program as a shell sees it: what it says, how it ends and where it leaves its files, without any
+// display.
 
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -56,6 +59,44 @@ TEST(TheProgram, EndsWith2OnWrongUsageAndSaysWhy) {
     EXPECT_THAT(ended.errors, HasSubstr("(see quenlor --help)"));
     EXPECT_THAT(ended.output, IsEmpty());
   }
+}
+
+// The program is started without a word about folders, and ended once its settings are there.
+class ProgramFiles : public testing::Test {
+ protected:
+  QString Path(const QString& name) const { return folder_.filePath(name); }
+
+  bool MakesItsSettings(const QString& program, const QString& settings) {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), Path("data"));
+    process.setProcessEnvironment(environment);
+    process.start(program, QStringList());
+    const bool made = QTest::qWaitFor([&] { return QFile::exists(settings); }, 20'000);
+    process.kill();
+    process.waitForFinished(20'000);
+    return made;
+  }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(ProgramFiles, OfACopyInstalledAnywhereStandInTheUsersDataFolder) {
+  ASSERT_EQ(
+      QProcess::execute(QStringLiteral(QUENLOR_CMAKE),
+                        {"--install", QStringLiteral(QUENLOR_BUILD_FOLDER), "--prefix", Path("prefix")}),
+      0);
+  const QStringList programs = QDir(Path("prefix/bin")).entryList(QDir::Files);
+  EXPECT_TRUE(MakesItsSettings(Path("prefix/bin/quenlor"), Path("data/Quenlor/quenlor.ini")));
+  EXPECT_EQ(QDir(Path("prefix/bin")).entryList(QDir::Files | QDir::Hidden), programs);
+}
+
+TEST_F(ProgramFiles, OfAnUnpackedCopyStandBesideIt) {
+  ASSERT_TRUE(QDir().mkpath(Path("unpacked/bin")));
+  ASSERT_TRUE(QFile::copy(QStringLiteral(QUENLOR_PROGRAM), Path("unpacked/bin/quenlor")));
+  EXPECT_TRUE(MakesItsSettings(Path("unpacked/bin/quenlor"), Path("unpacked/bin/quenlor.ini")));
+  EXPECT_FALSE(QDir(Path("data/Quenlor")).exists());
 }
 
 }  // namespace
