@@ -1,5 +1,7 @@
-# How the targets of this tree are declared: warnings are errors, sources are the folder's, Qt only where said.
+# How the targets of this tree are declared: sources are the folder's, Qt only where said. Warnings are errors where
+# the tree is worked on; whoever builds it with a compiler of their own only reads them.
 
+option(QUENLOR_WERROR "Treat warnings as errors" OFF)
 option(QUENLOR_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
 option(QUENLOR_FUZZ "Build the fuzz targets (needs clang)" OFF)
 option(QUENLOR_BENCH "Build the benchmarks (needs Google Benchmark)" OFF)
@@ -7,7 +9,10 @@ option(QUENLOR_BENCH "Build the benchmarks (needs Google Benchmark)" OFF)
 add_library(quenlor_flags INTERFACE)
 target_include_directories(quenlor_flags INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(quenlor_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough)
+if(QUENLOR_WERROR)
+  target_compile_options(quenlor_flags INTERFACE -Werror)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # Two warnings of g++ 12 are wrong once it has inlined enough: it takes the empty side of an optional for an
   # uninitialised variable, and sees a string overlap with the text that it is put together from.
