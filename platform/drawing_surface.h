@@ -52,7 +52,7 @@ class DrawingSurface {
   virtual void DrawCircle(Point centre, double radius) = 0;
   // Two diagonals of a rectangle of twice the half sizes.
   virtual void DrawCross(Point centre, double half_width, double half_height) = 0;
-  // One line of text in letters of the height given.
+  // One line of text in letters of the height given; control characters are blanks.
   virtual void DrawText(Point position, Across across, Down down, std::string_view text, double height) = 0;
   // How wide that line of text would be, in the viewport's units across.
   virtual double TextWidth(std::string_view text, double height) const = 0;

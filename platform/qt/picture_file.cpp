@@ -34,17 +34,6 @@ std::string WithoutDate(QByteArray pdf) {
   return pdf.toStdString();
 }
 
-// What no XML file may hold becomes a blank, control characters and U+FFFE and U+FFFF: such a file would not
-// be opened at all.
-std::string WellFormed(std::string svg) {
-  std::ranges::replace_if(
-      svg, [](unsigned char c) { return c < ' ' && c != '\n' && c != '\r' && c != '\t'; }, ' ');
-  for (const char* const unknown : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"}) {
-    for (std::size_t at = 0; (at = svg.find(unknown, at)) != std::string::npos;) svg.replace(at, 3, 3, ' ');
-  }
-  return svg;
-}
-
 QPageLayout LayoutOf(const PageSetup& setup) {
   return {QPageSize(setup.paper == Paper::kA4 ? QPageSize::A4 : QPageSize::Letter),
           setup.landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
@@ -101,7 +90,7 @@ std::string SvgOf(QSize pixels, const DrawPicture& draw) {
     QtDrawingSurface surface(painter, pixels * kSvgPartsPerPixel, kSvgPartsPerPixel);
     draw(surface);
   }
-  return WellFormed(buffer.data().toStdString());
+  return buffer.data().toStdString();
 }
 
 std::string PdfOf(QSize pixels, const DrawPicture& draw) {

@@ -42,6 +42,17 @@ int FlagOf(Down down) {
   return Qt::AlignBottom;
 }
 
+// What is no character is a blank: each font shows something else for it, and no SVG file may hold it.
+QString Drawable(std::string_view text) {
+  QString drawable = ToQString(text);
+  for (QChar& unit : drawable) {
+    const bool control = unit.category() == QChar::Other_Control;
+    const bool unknown = unit == QChar(0xFFFE) || unit == QChar(0xFFFF);
+    if (control || unknown) unit = QLatin1Char(' ');
+  }
+  return drawable;
+}
+
 void DrawShape(QPainter& painter, QPoint centre, QSize half, bool circle) {
   const QPoint rising(half.width(), -half.height());
   const QPoint falling(half.width(), half.height());
@@ -180,13 +191,13 @@ void QtDrawingSurface::DrawText(Point position, Across across, Down down, std::s
   if (!painter_.isActive()) return;
   painter_.setFont(FontOf(height));
   painter_.drawText(TextAnchor(PlaceOf(position)),
-                    FlagOf(across) | FlagOf(down) | Qt::TextDontClip | Qt::TextSingleLine, ToQString(text));
+                    FlagOf(across) | FlagOf(down) | Qt::TextDontClip | Qt::TextSingleLine, Drawable(text));
 }
 
 double QtDrawingSurface::TextWidth(std::string_view text, double height) const {
   const double across = viewport_.Across(1);
   if (!painter_.isActive() || !(across > 0)) return 0;
-  return QFontMetricsF(FontOf(height)).horizontalAdvance(ToQString(text)) / across;
+  return QFontMetricsF(FontOf(height)).horizontalAdvance(Drawable(text)) / across;
 }
 
 QFont QtDrawingSurface::FontOf(double height) const {

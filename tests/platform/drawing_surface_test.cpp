@@ -26,6 +26,7 @@ namespace {
 using memory::RecordingSurface;
 using qt::QtDrawingSurface;
 using testing::ElementsAre;
+using namespace std::string_view_literals;
 using Kind = RecordingSurface::Call::Kind;
 
 constexpr Rgb kRed{255, 0, 0};
@@ -355,6 +356,14 @@ INSTANTIATE_TEST_SUITE_P(All, QtSurfaceText,
                                          TextPlace{Across::kRight, Down::kTop, {10, 15, 10, 15}},
                                          TextPlace{Across::kLeft, Down::kBottom, {20, 0, 10, 15}},
                                          TextPlace{Across::kCentre, Down::kCentre, {15, 8, 10, 14}}));
+
+TEST_F(QtSurface, WhatIsNoCharacterIsABlank) {
+  for (const std::string_view unknown :
+       {"\0"sv, "\x1F"sv, "\t"sv, "\n"sv, "\x7F"sv, "\xC2\x9F"sv, "\xEF\xBF\xBE"sv, "\xEF\xBF\xBF"sv}) {
+    const std::string text = "a" + std::string(unknown) + "b";
+    EXPECT_EQ(surface_.TextWidth(text, 9), surface_.TextWidth("a b", 9)) << testing::PrintToString(unknown);
+  }
+}
 
 TEST(QtSurfaceOnAPage, WritesLinesMarkersAndText) {
   QBuffer bytes;
