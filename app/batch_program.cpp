@@ -12,6 +12,7 @@
 #include "app/program_name.h"
 #include "platform/qt/native_file.h"
 #include "platform/qt/qt_file_system.h"
+#include "platform/qt/system_reasons.h"
 
 namespace quenlor::app {
 namespace {
@@ -52,6 +53,7 @@ ExitStatus RunBatchProgram(const CommandLine& line, int& argc, char** argv) {
   QHashSeed::setDeterministicGlobalSeed();  // so that equal input gives equal bytes
   const QGuiApplication application(argc, argv);
   QGuiApplication::setApplicationName(QStringLiteral("Quenlor"));
+  platform::qt::SystemReasonsInEnglish();
   platform::qt::QtFileSystem files;
   return RunBatch(line,
                   {.files = files,

@@ -16,6 +16,7 @@
 #include "platform/qt/qt_serial_devices.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timer.h"
+#include "platform/qt/system_reasons.h"
 
 namespace quenlor::app {
 namespace {
@@ -36,6 +37,7 @@ struct Program::Parts {
         MSComm1(system_port),
         dialogs([this] { return FrontWindow(); }),
         printer([this] { return FrontWindow(); }) {
+    platform::qt::SystemReasonsInEnglish();
     for (const int number : line.virtual_ports)
       MSComm1.Add(number, std::make_unique<VirtualPort>(viscometer));
     window = std::make_unique<MainWindow>(

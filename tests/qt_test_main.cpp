@@ -6,10 +6,13 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/qt/system_reasons.h"
+
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QStandardPaths::setTestModeEnabled(true);
   QApplication application(argc, argv);
+  quenlor::platform::qt::SystemReasonsInEnglish();
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }
