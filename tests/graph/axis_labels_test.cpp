@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "data/text_number.h"
+
 namespace quenlor::graph {
 namespace {
 
@@ -179,7 +181,7 @@ TEST_P(LogLabelTable, EveryLabelStandsWhereItsValueIs) {
   double below = 0;
   for (std::size_t i = 1; i <= inner.size(); ++i) {
     const double exponent = min + labels.Label8[i].place * (max - min);
-    EXPECT_NEAR(std::pow(10.0, exponent) / std::stod(labels.Label8[i].text), 1, 1e-9);
+    EXPECT_NEAR(std::pow(10.0, exponent) / data::C_Val(labels.Label8[i].text), 1, 1e-9);
     EXPECT_GT(labels.Label8[i].place, below);
     EXPECT_LT(labels.Label8[i].place, 1);
     below = labels.Label8[i].place;

@@ -51,9 +51,10 @@ TEST(PrintForm, ShowsWhatIsDrawnOnThePage) {
   form.ShowPage(kCard);
   form.Draw(DrawCross);
   const QImage shown = Shown(form);
-  EXPECT_GT(shown.pixelColor(100, 150).blue(), shown.pixelColor(100, 150).red() + 100);
-  EXPECT_GT(shown.pixelColor(200, 50).blue(), shown.pixelColor(200, 50).red() + 100);
-  EXPECT_EQ(shown.pixelColor(100, 50), QColor(Qt::white));
+  const auto at = [&](int x, int y) { return shown.pixelColor(QPoint(x, y) * shown.devicePixelRatio()); };
+  EXPECT_GT(at(100, 150).blue(), at(100, 150).red() + 100);
+  EXPECT_GT(at(200, 50).blue(), at(200, 50).red() + 100);
+  EXPECT_EQ(at(100, 50), QColor(Qt::white));
 }
 
 TEST(PrintForm, KeepsThePageUntilTheNextOne) {
