@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "reports/map_to_position.h"
+
 #include <cmath>
 #include <limits>
 #include <type_traits>
 
 #include <gtest/gtest.h>
-
-#include "reports/map_to_position.h"
 
 namespace quenlor::reports {
 namespace {

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "reports/painted_cells.h"
+
 #include <set>
 #include <utility>
 
 #include <gtest/gtest.h>
 
-#include "reports/painted_cells.h"
 #include "tests/graph/random_readings.h"
 
 namespace quenlor::reports {

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "graph/plot_curves.h"
+
 #include <cmath>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "graph/plot_curves.h"
 #include "tests/graph/plot_calls.h"
 
 namespace quenlor::graph {
