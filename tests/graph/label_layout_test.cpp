@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graph/label_layout.h"
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -126,9 +127,17 @@ TEST(LabelLayout, NoTextIsCutFromTheSmallestUsualWindowOn) {
   }
 }
 
-TEST(LabelLayout, ASizeOfNothingIsNoTrouble) {
+TEST(LabelLayout, ASizeOfNothingLeavesReadableLettersInPlaces) {
   for (const double size : {0.0, 1.0, -5.0}) {
-    LayoutLabels(size, size, GraphKind::ViscoTempTime, Labels(ViscoAxis::Log), TextWidth);
+    const LabelLayout layout =
+        LayoutLabels(size, size, GraphKind::ViscoTempTime, Labels(ViscoAxis::Log), TextWidth);
+    EXPECT_GE(layout.text_height, 7 * 15) << size;
+    EXPECT_GE(layout.legend_text_height, 7 * 15) << size;
+    for (const Placed& placed : Visible(layout)) {
+      const Box& box = placed.label.box;
+      for (const double value : {box.left, box.top, box.width, box.height})
+        EXPECT_TRUE(std::isfinite(value)) << placed.name << " at " << size;
+    }
   }
 }
 

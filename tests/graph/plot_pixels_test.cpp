@@ -185,15 +185,17 @@ int PaintedPixels(const QImage& image) {
   return DifferentPixels(image, white);
 }
 
-TEST(PlotPicture, OfSizeZeroIsNone) {
+TEST(PlotPicture, OfSizeZeroPaintsNothing) {
   const ValueArrays values = ValuesOf({{1, 0, 1, 2}, {1, 1, 2, 3}});
   Plot plot(values);
   plot.Set(TwoCurvesWithMarkers(), {});
-  QImage image;
-  QPainter painter;
+  QImage image(20, 20, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
   QtDrawingSurface surface(painter, {0, 0});
   plot.Fig(surface, {0, 0});
   plot.PlotRow(surface, surface.Whole(), 2);
+  EXPECT_EQ(PaintedPixels(image), 0);
 }
 
 TEST(PlotPicture, OfOnePixelAndOfOneRowAndColumnIsOne) {

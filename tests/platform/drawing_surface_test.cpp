@@ -71,11 +71,16 @@ TEST(Viewport, RoundSizesLieBetweenThoseOfTheTwoWays) {
 struct SurfaceUnderTest {
   virtual ~SurfaceUnderTest() = default;
   virtual DrawingSurface& Surface() = 0;
+  virtual bool WasClearedTo(Rgb color) = 0;  // just now
 };
 
 struct Twin : SurfaceUnderTest {
   RecordingSurface surface{100, 50, 2};
   DrawingSurface& Surface() override { return surface; }
+  bool WasClearedTo(Rgb color) override {
+    const auto& last = surface.Calls().back();
+    return last.kind == Kind::kClear && last.pen.color == color;
+  }
 };
 
 struct Adapter : SurfaceUnderTest {
@@ -83,6 +88,9 @@ struct Adapter : SurfaceUnderTest {
   QPainter painter{&image};
   QtDrawingSurface surface{painter, image.size(), 2};
   DrawingSurface& Surface() override { return surface; }
+  bool WasClearedTo(Rgb color) override {
+    return image.pixelColor(50, 25) == QColor(color.red, color.green, color.blue);
+  }
 };
 
 template <class Under>
@@ -105,7 +113,7 @@ TYPED_TEST(DrawingSurfaceContract, KeepsTheViewport) {
   EXPECT_EQ(this->under_.Surface().CurrentViewport(), viewport);
 }
 
-TYPED_TEST(DrawingSurfaceContract, BearsEveryCoordinate) {
+TYPED_TEST(DrawingSurfaceContract, BearsEveryCoordinateAndDrawsOn) {
   DrawingSurface& surface = this->under_.Surface();
   const double kFar[] = {0,
                          1e308,
@@ -130,6 +138,9 @@ TYPED_TEST(DrawingSurfaceContract, BearsEveryCoordinate) {
     }
   }
   surface.DrawLines({});
+
+  surface.Clear(kBlue);
+  EXPECT_TRUE(this->under_.WasClearedTo(kBlue));
 }
 
 TYPED_TEST(DrawingSurfaceContract, MeasuresTextInTheViewportsUnits) {
