@@ -16,6 +16,8 @@ instrument::ViscometerOptions Options(std::string_view text) {
   return std::get<instrument::ViscometerOptions>(instrument::ParseOptionsText(text));
 }
 
+bool WaitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 10'000); }
+
 struct Listener {
   explicit Listener(platform::SerialPort& port) : port_(port) {
     port.OnComm([this](int event) {
@@ -23,11 +25,28 @@ struct Listener {
       if (event == platform::comm_event::kReceive) received += port_.Input();
     });
   }
-  bool WaitFor(const std::function<bool()>& holds) { return QTest::qWaitFor(holds, 10'000); }
 
   platform::SerialPort& port_;
   std::vector<int> events;
   std::string received;
+};
+
+// An instrument that speaks every hundredth of a second. When it has been heard a few times more, another one
+// like it had as much to say.
+class Witness {
+ public:
+  Witness() {
+    EXPECT_FALSE(port_.Open(1, "2400E71"));
+    port_.Output("START\r");
+  }
+  void HearMore() {
+    const std::size_t heard = listener_.events.size();
+    EXPECT_TRUE(WaitFor([&] { return listener_.events.size() >= heard + 5; }));
+  }
+
+ private:
+  VirtualPort port_{Options("--interval 0.01")};
+  Listener listener_{port_};
 };
 
 TEST(VirtualPort, AnswersLikeAnInstrumentOnALine) {
@@ -35,7 +54,7 @@ TEST(VirtualPort, AnswersLikeAnInstrumentOnALine) {
   Listener listener(port);
   ASSERT_FALSE(port.Open(1, "2400E71"));
   port.Output("QUENLOR\r\n");
-  EXPECT_TRUE(listener.WaitFor([&] { return listener.received.find("\n3,") != std::string::npos; }));
+  EXPECT_TRUE(WaitFor([&] { return listener.received.find("\n3,") != std::string::npos; }));
   EXPECT_TRUE(listener.received.starts_with("1,"));
 }
 
@@ -51,10 +70,10 @@ TEST(VirtualPort, TellsNothingWhileClosedAndNothingOfThatTimeLater) {
   ASSERT_FALSE(port.Open(1, "2400E71"));
   port.Output("START\r");
   port.Close();
-  QTest::qWait(100);
+  Witness().HearMore();
   EXPECT_TRUE(listener.events.empty());
   ASSERT_FALSE(port.Open(1, "2400E71"));
-  EXPECT_TRUE(listener.WaitFor([&] { return !listener.received.empty(); }));
+  EXPECT_TRUE(WaitFor([&] { return !listener.received.empty(); }));
   EXPECT_FALSE(listener.received.starts_with("1,"));
 }
 
@@ -63,14 +82,15 @@ TEST(VirtualPort, HangUpIsTheEndOfThePortToldOnce) {
   Listener listener(port);
   ASSERT_FALSE(port.Open(1, "2400E71"));
   port.Output("START\r");
-  EXPECT_TRUE(listener.WaitFor([&] { return !port.PortOpen(); }));
-  QTest::qWait(50);
+  EXPECT_TRUE(WaitFor([&] { return !port.PortOpen(); }));
+  Witness().HearMore();
   EXPECT_EQ(std::count(listener.events.begin(), listener.events.end(), platform::comm_event::kPortGone), 1);
   EXPECT_EQ(std::count(listener.received.begin(), listener.received.end(), '\r'), 2);
   EXPECT_TRUE(port.Open(1, "2400E71")) << "a dead instrument stays dead";
 }
 
 TEST(VirtualPort, IsNotEnteredAgainWhileItsListenerLetsEventsRun) {
+  Witness witness;
   VirtualPort port(Options("--interval 0.001"));
   int depth = 0;
   int deepest = 0;
@@ -78,12 +98,12 @@ TEST(VirtualPort, IsNotEnteredAgainWhileItsListenerLetsEventsRun) {
   port.OnComm([&](int) {
     deepest = std::max(deepest, ++depth);
     port.Input();
-    if (++calls < 5) QTest::qWait(20);
+    if (++calls < 5) witness.HearMore();
     --depth;
   });
   ASSERT_FALSE(port.Open(1, "2400E71"));
   port.Output("START\r");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return calls > 6; }, 10'000));
+  EXPECT_TRUE(WaitFor([&] { return calls > 6; }));
   EXPECT_EQ(deepest, 1);
 }
 

@@ -18,6 +18,7 @@
 #include <sys/stat.h>
 
 #include "platform/qt/device_access.h"
+#include "tests/event_turns.h"
 #include "tests/platform/pseudo_terminal.h"
 
 namespace quenlor::platform::qt {
@@ -313,9 +314,16 @@ TEST_F(QtSerialPortTest, ClearingCharactersThatWereJustArrivingLosesNoPort) {
 
   for (int round = 0; round < 50; ++round) {
     line_.WriteThrough("noise");
+    bool cleared = false;
     QMetaObject::invokeMethod(
-        qApp, [&] { port_.ClearInBuffer(); }, Qt::QueuedConnection);
-    QTest::qWait(1);
+        qApp,
+        [&] {
+          port_.ClearInBuffer();
+          cleared = true;
+        },
+        Qt::QueuedConnection);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return cleared; }));
+    tests::TakeTurns();
   }
   line_.Write("12");
 
@@ -373,7 +381,8 @@ TEST_F(QtSerialPortTest, ErrorsThatRepeatWhileTheHandlerRunsAreToldOnceAfterIt) 
   ++counters_->framing;
 
   ASSERT_TRUE(QTest::qWaitFor([&] { return events_.size() > 1; }));
-  QTest::qWait(50);
+  const int looks = looks_;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return looks_ > looks + 1; }));
   EXPECT_THAT(events_, ElementsAre(comm_event::kFraming, comm_event::kParity));
 }
 
@@ -472,7 +481,7 @@ TEST_F(QtSerialPortTest, DestroyingAnOpenPortTellsNothing) {
     events.clear();
   }
 
-  QTest::qWait(20);
+  tests::TakeTurns();
   EXPECT_THAT(events, IsEmpty());
 }
 

@@ -11,6 +11,7 @@
 
 #include "platform/memory/memory_serial_port.h"
 #include "platform/qt/qt_serial_port.h"
+#include "tests/event_turns.h"
 #include "tests/platform/pseudo_terminal.h"
 
 namespace quenlor::platform {
@@ -28,7 +29,7 @@ class TwinLine {
  public:
   SerialPort& Port() { return port_; }
   void Write(std::string_view bytes) { port_.Feed(bytes); }
-  std::string Read() { return port_.TakeSent(); }
+  std::string Read(std::size_t) { return port_.TakeSent(); }
   void Vanish() { port_.VanishDevice(); }
   void TakeTurns() {}
 
@@ -47,15 +48,15 @@ class SystemLine {
       EXPECT_TRUE(QTest::qWaitFor([&] { return pseudo_terminal_.WaitingForTheProgram() == 0; }));
     }
   }
-  std::string Read() {
+  // As much as is expected, or what the program sends of its own accord.
+  std::string Read(std::size_t expected) {
     std::string arrived;
-    (void)QTest::qWaitFor([&] { return !(arrived += pseudo_terminal_.Read()).empty(); }, 200);
+    if (expected == 0) tests::TakeTurns();
+    (void)QTest::qWaitFor([&] { return (arrived += pseudo_terminal_.Read()).size() >= expected; });
     return arrived;
   }
   void Vanish() { pseudo_terminal_.HangUp(); }
-  void TakeTurns() {
-    for (int turn = 0; turn < 20; ++turn) QTest::qWait(1);
-  }
+  void TakeTurns() { tests::TakeTurns(); }
 
  private:
   tests::PseudoTerminal pseudo_terminal_;
@@ -77,6 +78,8 @@ class SerialPortContract : public testing::Test {
   }
 
   void Open() { ASSERT_FALSE(Port().Open(kPort, "9600N81")); }
+
+  void ExpectSent(const std::string& bytes) { EXPECT_EQ(line_.Read(bytes.size()), bytes); }
 
   bool Heard(int event) {
     return QTest::qWaitFor([&] { return std::count(events_.begin(), events_.end(), event) > 0; });
@@ -104,7 +107,7 @@ TYPED_TEST(SerialPortContract, OutputReachesTheOtherEnd) {
 
   this->Port().Output("V\r");
 
-  EXPECT_EQ(this->line_.Read(), "V\r");
+  this->ExpectSent("V\r");
 }
 
 TYPED_TEST(SerialPortContract, WhatTheOtherEndSendsIsToldAndWaitsInInput) {
@@ -193,7 +196,7 @@ TYPED_TEST(SerialPortContract, OutputJustBeforeClosingReachesTheOtherEnd) {
   this->Port().Output("STOP\r");
   this->Port().Close();
 
-  EXPECT_EQ(this->line_.Read(), "STOP\r");
+  this->ExpectSent("STOP\r");
 }
 
 TYPED_TEST(SerialPortContract, AClosedPortTellsNothing) {
@@ -220,7 +223,7 @@ TYPED_TEST(SerialPortContract, CallsOnAClosedPortDoNothing) {
   this->line_.TakeTurns();
 
   EXPECT_FALSE(this->Port().PortOpen());
-  EXPECT_EQ(this->line_.Read(), "");
+  this->ExpectSent("");
   EXPECT_THAT(this->events_, IsEmpty());
 }
 
@@ -244,7 +247,7 @@ TYPED_TEST(SerialPortContract, ClosedAndOpenedAgainTheLineWorks) {
 
   this->Open();
   this->Port().Output("V\r");
-  EXPECT_EQ(this->line_.Read(), "V\r");
+  this->ExpectSent("V\r");
   this->line_.Write("12");
 
   EXPECT_TRUE(this->Heard(ev::kReceive));
@@ -369,7 +372,7 @@ TYPED_TEST(SerialPortContract, TheHandlerMayAnswer) {
   this->line_.Write("12");
   ASSERT_TRUE(this->Heard(ev::kReceive));
 
-  EXPECT_EQ(this->line_.Read(), "got 12");
+  this->ExpectSent("got 12");
 }
 
 TYPED_TEST(SerialPortContract, CharactersThatComeWhileTheHandlerRunsAreToldAfterIt) {
