@@ -24,7 +24,7 @@ constexpr int kDevicesMilliseconds = 200;
 }  // namespace
 
 MainWindow::MainWindow(const MainWindowPorts& ports)
-    : refresh_([this](bool whole) { return ShowNews(whole); }, [this] { Picture1.LayoutLabels(); }),
+    : refresh_([this](bool whole) { return ShowNews(whole); }, [this] { Picture1.LayoutLabels(); }, this),
       session_(ports.measurement.files, ports.place, ports.system_writes_comma, &refresh_),
       measurement_(ports.measurement, session_.Document(), session_.List(), ports.place.folder),
       documents_(session_, measurement_, ports.dialogs, *this),

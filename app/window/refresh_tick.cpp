@@ -13,8 +13,10 @@ constexpr int kRefreshShare = 8;
 
 }  // namespace
 
-RefreshTick::RefreshTick(std::function<int(bool whole)> show, std::function<void()> captions_changed)
-    : show_(std::move(show)), captions_changed_(std::move(captions_changed)) {
+RefreshTick::RefreshTick(std::function<int(bool whole)> show, std::function<void()> captions_changed,
+                         QObject* window)
+    : show_(std::move(show)), captions_changed_(std::move(captions_changed)), timer_(window) {
+  timer_.setObjectName(QStringLiteral("Refresh"));
   timer_.setSingleShot(true);
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Now(); });
 }

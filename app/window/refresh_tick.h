@@ -16,7 +16,7 @@ namespace quenlor::app {
 // tables took. It is never called so often that they take more than a small part of the time.
 class RefreshTick : public graph::GraphView, public data::DocumentListener, public link::MeasurementListener {
  public:
-  RefreshTick(std::function<int(bool whole)> show, std::function<void()> captions_changed);
+  RefreshTick(std::function<int(bool whole)> show, std::function<void()> captions_changed, QObject* window);
 
   void Now();
 
@@ -30,7 +30,7 @@ class RefreshTick : public graph::GraphView, public data::DocumentListener, publ
 
   std::function<int(bool)> show_;
   std::function<void()> captions_changed_;
-  QTimer timer_;
+  QTimer timer_;        // the window's "Refresh"
   bool whole_ = false;  // the graph is to be drawn anew
 };
 

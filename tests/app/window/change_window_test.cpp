@@ -6,7 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/app/window/graph_bench.h"
+#include "tests/app/window/change_editor.h"
+#include "tests/app/window/window_test.h"
 
 namespace quenlor::app {
 namespace {
@@ -14,10 +15,17 @@ namespace {
 using testing::HasSubstr;
 namespace setting = data::setting;
 
-class ChangeWindowTest : public GraphBench {
+class ChangeWindowTest : public WindowTest {
  protected:
   bool Ticked(const char* box) { return Find<QAbstractButton>(box)->isChecked(); }
   const data::AxisRanges& Ranges() { return window->Document().Ranges(); }
+
+  void EditByDoubleClick(const char* caption, const char* typed) {
+    EXPECT_TRUE(Edit([&] { DoubleClick(caption); }, Enter(typed))) << caption;
+  }
+  void EditByMenu(const char* item, const char* typed) {
+    EXPECT_TRUE(Edit([&] { Pick("mScale", item); }, Enter(typed))) << item;
+  }
 };
 
 TEST_F(ChangeWindowTest, DoubleClickOnARangeEndOpensItsEditorWithItsTextSelected) {
@@ -190,6 +198,22 @@ TEST_F(ChangeWindowTest, OnTheLogAxisNothingBelowZeroEndsItAndNoEndMeetsTheOther
   EditByDoubleClick("Label5[2]", "-5");
   EXPECT_EQ(Ranges().ViscoLogMin, 0) << "what has no logarithm counts as one";
   EXPECT_TRUE(Becomes("Label5[2]", "1"));
+}
+
+TEST_F(ChangeWindowTest, HugeTypedLimitsLeaveTheWindowWorking) {
+  Open();
+  Run({"10 mPa.s,20 C", "50 mPa.s,30 C"});
+  ASSERT_TRUE(Becomes("Label10[1]", "No.1\n50"));
+  for (const char* item : {"Range[1]", "Range[3]", "Range[5]"}) EditByMenu(item, "1e308");
+  for (const char* item : {"Range[0]", "Range[2]", "Range[4]"}) EditByMenu(item, "-1e308");
+  for (const char* kind : {"Option1[1]", "Option1[2]", "Option1[0]"}) {
+    Tick(kind);
+    Find<QWidget>("Picture1")->grab();
+    Picture();
+  }
+  for (const char* box : {"Check2", "Check3", "Check4"}) Tick(box);
+  EXPECT_TRUE(Becomes("Label5[1]", "3"));
+  EXPECT_TRUE(Becomes("Label5[3]", "80"));
 }
 
 TEST_F(ChangeWindowTest, CancelAndEscapeChangeNothing) {

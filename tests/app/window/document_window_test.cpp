@@ -157,21 +157,21 @@ TEST_F(DocumentWindowTest, DroppedFilesAreTakenByTheirEndingAlone) {
   Open();
   for (const char* name : {"/d/data.txt", "/d/data.TXT", "/d/data.Csv", "/d/csv"}) {
     files.Put(name, "No.,Time,A\r\n1,0,1\r\n");
-    DropFile(name);
+    Drop(name);
     EXPECT_EQ(Readings(), "") << name;
   }
   files.Put("/d/data.CSV", "No.,Time,A\r\n1,0,5\r\n");
-  DropFile("/d/data.CSV");
+  Drop("/d/data.CSV");
   EXPECT_EQ(Readings(), "1|0|5\n");
   files.Put("/d/data.csv", "No.,Time,A\r\n1,0,6\r\n");
-  DropFile("/d/data.csv");
+  Drop("/d/data.csv");
   EXPECT_EQ(Readings(), "1|0|6\n");
 }
 
 TEST_F(DocumentWindowTest, CsvWithATrailingBlankEndingNeverMatchesText) {
   Open();
   files.Put("/d/data.txt ", "No.,Time,A\r\n1,0,1\r\n");
-  DropFile("/d/data.txt ");
+  Drop("/d/data.txt ");
   EXPECT_EQ(Readings(), "") << "four characters never equal five";
 }
 
@@ -181,7 +181,7 @@ TEST_F(DocumentWindowTest, ADropStopsTheMeasurementAndAsks) {
   Reading("1");
   files.Put("/d/x.csv", "No.,Time,A\r\n");
   dialogs.Answer(Answer::kNo);
-  DropFile("/d/x.csv");
+  Drop("/d/x.csv");
   EXPECT_FALSE(Running());
   EXPECT_EQ(Readings(), "1|00:00:00|1|||\n");
 }

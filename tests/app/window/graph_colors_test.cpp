@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "graph/color_table.h"
-#include "tests/app/window/graph_bench.h"
+#include "tests/app/window/window_test.h"
 
 namespace quenlor::app {
 namespace {
@@ -19,7 +19,7 @@ const QColor kRed(255, 0, 0);
 const QColor kBlue(0, 153, 255);
 const QColor kGreen(0, 187, 0);
 
-class GraphColorsTest : public GraphBench {
+class GraphColorsTest : public WindowTest {
  protected:
   QImage Pane() { return Find<QWidget>("Picture1")->grab().toImage(); }
 

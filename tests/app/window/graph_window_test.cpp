@@ -8,7 +8,8 @@
 
 #include "data/text_number.h"
 #include "graph/color_table.h"
-#include "tests/app/window/graph_bench.h"
+#include "tests/app/window/change_editor.h"
+#include "tests/app/window/window_test.h"
 
 namespace quenlor::app {
 namespace {
@@ -18,7 +19,7 @@ using platform::Answer;
 const QColor kRed(255, 0, 0);
 const QColor kGreen(0, 187, 0);
 
-class GraphWindowTest : public GraphBench {
+class GraphWindowTest : public WindowTest {
  protected:
   TableAndGraph& Halves() { return *window->findChild<TableAndGraph*>(); }
   const data::AxisRanges& Ranges() { return window->Document().Ranges(); }
@@ -300,7 +301,7 @@ TEST_F(GraphWindowTest, AFileMayFallOnEitherPictureAndOnACaption) {
   for (const char* target : {"Picture1", "Picture2", "Label5[3]", "Label6[4]"}) {
     const std::string text = std::to_string(++value);
     files.Put("/d/x.csv", "No.,Time,A\r\n1,0," + text + "\r\n");
-    EXPECT_TRUE(DropOn(target, "/d/x.csv")) << target;
+    EXPECT_TRUE(Drop("/d/x.csv", target)) << target;
     EXPECT_EQ(Readings(), "1|0|" + text + "\n") << target;
     EXPECT_TRUE(Becomes("Label10[1]", "No.1\n" + text)) << target;
   }
@@ -312,7 +313,7 @@ TEST_F(GraphWindowTest, AFileThatFallsOnTheGraphOfUnsavedDataIsAskedAbout) {
   Reading("1");
   files.Put("/d/x.csv", "No.,Time,A\r\n1,0,7\r\n");
   dialogs.Answer(Answer::kNo);
-  EXPECT_TRUE(DropOn("Picture2", "/d/x.csv"));
+  EXPECT_TRUE(Drop("/d/x.csv"));
   EXPECT_EQ(Readings(), "1|00:00:00|1|||\n");
   EXPECT_FALSE(Running());
 }
@@ -376,22 +377,6 @@ TEST_F(GraphWindowTest, AnEmptyDocumentHasAPictureInEveryKindOnBothAxes) {
   }
   EXPECT_EQ(Text("Label5[1]"), "3");
   EXPECT_EQ(Text("Label5[3]"), "100");
-}
-
-TEST_F(GraphWindowTest, HugeTypedLimitsLeaveTheWindowWorking) {
-  Open();
-  Run({"10 mPa.s,20 C", "50 mPa.s,30 C"});
-  ASSERT_TRUE(Becomes("Label10[1]", "No.1\n50"));
-  for (const char* item : {"Range[1]", "Range[3]", "Range[5]"}) EditByMenu(item, "1e308");
-  for (const char* item : {"Range[0]", "Range[2]", "Range[4]"}) EditByMenu(item, "-1e308");
-  for (const char* kind : {"Option1[1]", "Option1[2]", "Option1[0]"}) {
-    Tick(kind);
-    Pane();
-    Picture();
-  }
-  for (const char* box : {"Check2", "Check3", "Check4"}) Tick(box);
-  EXPECT_TRUE(Becomes("Label5[1]", "3"));
-  EXPECT_TRUE(Becomes("Label5[3]", "80"));
 }
 
 }  // namespace

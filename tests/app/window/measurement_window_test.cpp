@@ -62,7 +62,7 @@ TEST_F(MeasurementWindowTest, StopWaitsTwoSecondsInWhichItsButtonAndTheMenusAreR
     EXPECT_FALSE(Find<QPushButton>("Command1")->isEnabled());
     EXPECT_FALSE(window->menuBar()->isEnabled());
     Find<QAction>("mNew")->trigger();
-    EXPECT_FALSE(DropFile("/x.csv"));
+    EXPECT_FALSE(Drop("/x.csv"));
     Line("2.0");
   };
   Click("Command1");

@@ -5,14 +5,14 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/app/window/graph_bench.h"
+#include "tests/app/window/window_test.h"
 
 namespace quenlor::app {
 namespace {
 
 namespace setting = data::setting;
 
-class OptionWindowTest : public GraphBench {
+class OptionWindowTest : public WindowTest {
  protected:
   bool Checked(const std::string& item) { return Find<QAction>(item.c_str())->isChecked(); }
   bool Ticked(const char* box) { return Find<QAbstractButton>(box)->isChecked(); }

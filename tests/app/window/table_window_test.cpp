@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/app/window/change_editor.h"
 #include "tests/app/window/window_test.h"
 
 namespace quenlor::app {
@@ -79,19 +80,7 @@ TEST_F(TableWindowTest, DoubleClickEditsACellOnlyWhileStopped) {
   double_click(0, 1);  // a box would wait for ever here
   Click("Command1");
 
-  bool asked = false;
-  QTimer::singleShot(0, [&] {
-    auto* form = QApplication::activeModalWidget();
-    ASSERT_NE(form, nullptr);
-    EXPECT_EQ(form->windowTitle(), "Data");
-    auto* text = form->findChild<QLineEdit*>("Text1");
-    EXPECT_EQ(text->selectedText(), "1.0");
-    QTest::keyClicks(text, "7.5");
-    QTest::mouseClick(form->findChild<QPushButton*>("Command1"), Qt::LeftButton);
-    asked = true;
-  });
-  double_click(0, 1);
-  EXPECT_TRUE(asked);
+  EXPECT_EQ(Edit([&] { double_click(0, 1); }, Enter("7.5")), (Editor{"Data", "1.0", "1.0"}));
   EXPECT_EQ(Readings(), "1|00:00:00|7.5|||\n");
   double_click(1, 1);  // the entry row is not edited
 }

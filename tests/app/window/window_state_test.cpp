@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/app/window/window_bench.h"
+#include "tests/app/window/window_test.h"
 
 namespace quenlor::app {
 namespace {
@@ -26,7 +26,7 @@ TEST(WindowStateText, AnythingElseIsNothing) {
   }
 }
 
-class WindowStateTest : public testing::Test, protected WindowBench {
+class WindowStateTest : public WindowTest {
  protected:
   TableAndGraph& Halves() { return *window->findChild<TableAndGraph*>(); }
   void End() {
