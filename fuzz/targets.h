@@ -8,6 +8,8 @@ namespace quenlor::fuzz {
 // One function a parser: gives it the input, whatever that is, and throws BrokenPromise when what comes out
 // is not what the parser's header promises. Each is the whole of a fuzzer, and is run on its corpus by the
 // ordinary tests.
+void ColorSettings(std::string_view input);
+void CommandLine(std::string_view input);
 void CommandList(std::string_view input);
 void DataFile(std::string_view input);
 void LineSettings(std::string_view input);
@@ -20,5 +22,6 @@ void TextNumber(std::string_view input);
 void Utf8(std::string_view input);
 void Viscometer(std::string_view input);
 void ViscometerOptions(std::string_view input);
+void WindowState(std::string_view input);
 
 }  // namespace quenlor::fuzz

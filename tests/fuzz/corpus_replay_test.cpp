@@ -65,12 +65,14 @@ struct Parser {
 // What a parser is called in the names of tests.
 void PrintTo(const Parser& parser, std::ostream* stream) { *stream << parser.unit; }
 
-const Parser kParsers[] = {{"command_list", CommandList},     {"data_file", DataFile},
+const Parser kParsers[] = {{"color_settings", ColorSettings}, {"command_line", CommandLine},
+                           {"command_list", CommandList},     {"data_file", DataFile},
                            {"line_settings", LineSettings},   {"line_splitter", LineSplitter},
                            {"port_directory", PortDirectory}, {"raw_log", RawLog},
                            {"reception", Reception},          {"settings_list", SettingsList},
                            {"text_number", TextNumber},       {"utf8", Utf8},
-                           {"viscometer", Viscometer},        {"viscometer_options", ViscometerOptions}};
+                           {"viscometer", Viscometer},        {"viscometer_options", ViscometerOptions},
+                           {"window_state", WindowState}};
 
 class CorpusReplay : public testing::TestWithParam<Parser> {};
 

@@ -14,8 +14,9 @@ constexpr std::size_t kLongest = 20'000;
 // What the parsers look for; blind changes rarely make it.
 constexpr std::string_view kCharacters = ",; .:=\r\n-09E\x06\0\x80\xC3\xE9\xFF"sv;
 constexpr std::string_view kWords[] = {
-    "\r\n",          "E400",   "1,5",    "\xC3\xA9", "\xEF\xBB\xBF", "No.,",   "\nNo.;", "\nInfo,No.2,",
-    "\nInfo;No.30;", "\nAxis", "\nDate", "\nMemo",   "\nTemp",       "\n--\n", "Q\r\n",  "STOP\r\n",
+    "\r\n",         "E400",          "1,5",    "\xC3\xA9", "\xEF\xBB\xBF", "No.,",   "\nNo.;",
+    "\nInfo,No.2,", "\nInfo;No.30;", "\nAxis", "\nDate",   "\nMemo",       "\nTemp", "\n--\n",
+    "Q\r\n",        "STOP\r\n",      "&h",     "White",    "\n--",
 };
 
 }  // namespace
