@@ -12,6 +12,8 @@ template <class... Replays>
 struct Overloaded : Replays... {
   using Replays::operator()...;
 };
+template <class... Replays>
+Overloaded(Replays...) -> Overloaded<Replays...>;  // clang 14 does not find it by itself
 
 }  // namespace
 
