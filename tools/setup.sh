@@ -12,3 +12,8 @@ install_packages() {
   "${as_root[@]}" apt-get update -qq
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
 }
+
+# The C++ files of the project, one a line.
+sources() {
+  find . \( -name build -o -name .git \) -prune -o \( -name '*.h' -o -name '*.cpp' \) -printf '%P\n' | sort
+}
