@@ -5,7 +5,6 @@
 #include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
-#include <cmath>
 #include <utility>
 
 #include "app/plain_tip.h"
@@ -17,13 +16,12 @@
 namespace quenlor::app {
 namespace {
 
+using platform::kTwipsPerPixel;
+using platform::PixelsOf;
 using platform::qt::ToShortQString;
 
-constexpr double kTwipsPerPixel = 15;
 // With fewer readings a redraw is over before a pointer could change.
 constexpr graph::Index kManyReadings = 200'000;
-
-int Pixels(double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
 
 // The legend's two lines, as a label divides them.
 QString TwoLines(std::string_view text) {
@@ -185,7 +183,7 @@ void GraphPane::LayoutLabels() {
   const double twips_high = height() * kTwipsPerPixel;
   const graph::Frame plot =
       graph::PlotLayout(static_cast<float>(twips_wide), static_cast<float>(twips_high)).Picture2();
-  Picture2->setGeometry(Pixels(plot.left), Pixels(plot.top), Pixels(plot.width), Pixels(plot.height));
+  Picture2->setGeometry(PixelsOf(plot.left), PixelsOf(plot.top), PixelsOf(plot.width), PixelsOf(plot.height));
   plot_.Set(Settings(), document_.Ranges());  // how wide the plot is decides about smooth lines
   const graph::Captions texts = graph::CaptionsOf(document_, graph_);
   FillCaptions(texts);
@@ -243,8 +241,8 @@ void GraphPane::FillCaptions(const graph::Captions& texts) {
 
 void GraphPane::Place(Caption* caption, const graph::PlacedLabel& placed) {
   caption->setVisible(placed.visible && !caption->text().isEmpty());
-  caption->setGeometry(Pixels(placed.box.left), Pixels(placed.box.top), Pixels(placed.box.width),
-                       Pixels(placed.box.height));
+  caption->setGeometry(PixelsOf(placed.box.left), PixelsOf(placed.box.top), PixelsOf(placed.box.width),
+                       PixelsOf(placed.box.height));
   caption->setAlignment(AlignmentOf(placed.side));
 }
 

@@ -3,16 +3,11 @@
 
 #include <QMouseEvent>
 #include <algorithm>
-#include <cmath>
 
 namespace quenlor::app {
-namespace {
 
-constexpr double kTwipsPerPixel = 15;
-
-int Pixels(double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
-
-}  // namespace
+using platform::kTwipsPerPixel;
+using platform::PixelsOf;
 
 namespace posi {
 
@@ -57,11 +52,11 @@ void TableAndGraph::resizeEvent(QResizeEvent* /*event*/) {
 
 // A side for which no width would be left keeps its size.
 void TableAndGraph::Posi_Resize() {
-  Posi->setGeometry(Pixels(left_), 0, Pixels(posi::kWidth), height());
-  const int table_width = Pixels(left_ - 100);
+  Posi->setGeometry(PixelsOf(left_), 0, PixelsOf(posi::kWidth), height());
+  const int table_width = PixelsOf(left_ - 100);
   if (table_width > 0) tables_->setGeometry(0, 0, table_width, height());
-  const int graph_left = Pixels(left_ + 100);
-  const int graph_width = Pixels(ScaleWidth() - (left_ + 100) - 200);
+  const int graph_left = PixelsOf(left_ + 100);
+  const int graph_width = PixelsOf(ScaleWidth() - (left_ + 100) - 200);
   Picture1->move(graph_left, 0);
   if (graph_width > 0 && height() > 0) Picture1->resize(graph_width, height());
 }

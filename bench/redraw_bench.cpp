@@ -18,7 +18,6 @@ using graph::GraphKind;
 using graph::Index;
 
 constexpr QSize kPixels(1200, 800);
-constexpr double kTwipsPerPixel = 15;
 
 std::vector<double> Numbers(const graph::ValueColumn& column, Index begin, Index end) {
   std::vector<double> numbers;
@@ -79,8 +78,8 @@ class Redraw {
     plain_.AddRun(color, Numbers(xs, begin, end), Numbers(values.Visco(), begin, end));
   }
 
-  const graph::PlotLayout layout_{static_cast<float>(kPixels.width() * kTwipsPerPixel),
-                                  static_cast<float>(kPixels.height() * kTwipsPerPixel)};
+  const graph::PlotLayout layout_{static_cast<float>(kPixels.width() * platform::kTwipsPerPixel),
+                                  static_cast<float>(kPixels.height() * platform::kTwipsPerPixel)};
   OpenDocument opened_;
   graph::Plot plot_;
   QImage picture_;

@@ -12,9 +12,8 @@ namespace {
 using platform::Across;
 using platform::Down;
 using platform::DrawingSurface;
+using platform::kTwipsPerPixel;
 using platform::Point;
-
-constexpr double kTwipsPerPixel = 15;
 
 class CaptionPainter {
  public:

@@ -7,7 +7,8 @@
 namespace quenlor::graph {
 namespace {
 
-constexpr double kTwipsPerPixel = 15;
+using platform::kTwipsPerPixel;
+
 constexpr double kSmallestText = 7 * kTwipsPerPixel;
 constexpr double kSmallestLegendText = 8 * kTwipsPerPixel;
 constexpr double kLargestText = 24 * kTwipsPerPixel;

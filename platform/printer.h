@@ -14,7 +14,6 @@ namespace quenlor::platform {
 // Pages are drawn in dots this fine, on whatever they come to stand: finer is no printer that an office has.
 inline constexpr int kPageDotsPerInch = 1200;
 inline constexpr double kPageDotsPerPen = kPageDotsPerInch / 96.0;
-inline constexpr double kTwipsPerInch = 1440;
 
 // What a printer can print on of its page, in twips.
 struct PageSize {

@@ -5,6 +5,12 @@
 
 namespace quenlor::platform {
 
+// Windows and pages are measured in twips. A pixel is a 96th of an inch, whatever the screen, and so is a pen
+// of width 1.
+inline constexpr double kTwipsPerInch = 1440;
+inline constexpr double kTwipsPerPixel = kTwipsPerInch / 96;
+inline int PixelsOf(double twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
+
 struct Point {
   double x = 0;
   double y = 0;

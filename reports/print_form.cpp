@@ -9,11 +9,8 @@
 #include "platform/qt/page_painter.h"
 
 namespace quenlor::reports {
-namespace {
 
-constexpr double kTwipsPerPixel = 15;
-
-}  // namespace
+using platform::kTwipsPerPixel;
 
 PrintForm::PrintForm(QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint) {

@@ -52,9 +52,9 @@ class Page {
 
  private:
   double Twips(int dots) const {
-    constexpr double kTwipsPerPen = 15;  // 1440 of them are an inch, and so are 96 pens
+    const double twips = dots * platform::kTwipsPerPixel;
     const double pen = surface_.PenScale();
-    return pen > 0 ? dots * kTwipsPerPen / pen : dots * kTwipsPerPen;
+    return pen > 0 ? twips / pen : twips;
   }
 
   PixelRectangle PlotDots() const {

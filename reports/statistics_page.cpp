@@ -16,8 +16,9 @@ using platform::DrawingSurface;
 using platform::Point;
 using Row = StatisticsTable::Row;
 
-constexpr double kEdgeTwips = 15;         // keeps the last lines of the grid on the paper
-constexpr double kLeastRoomTwips = 1440;  // of paper too small for anything, so that pages still end
+constexpr double kEdgeTwips = platform::kTwipsPerPixel;  // keeps the last lines of the grid on the paper
+// Paper too small for anything counts as so large, so that pages still end.
+constexpr double kLeastRoomTwips = platform::kTwipsPerInch;
 constexpr double kLeastMarginTwips = 20;  // between a text and the line at its right
 constexpr platform::Rgb kBlack{0, 0, 0};
 

@@ -144,7 +144,7 @@ void StatisticsWindow::Show(StatisticsTable table, std::string file_name, std::s
     content->table = std::move(table);
     content->file_name = std::move(file_name);
     content->date = std::move(date);
-    const double twips_per_pixel = 1440.0 / logicalDpiX();
+    const double twips_per_pixel = platform::kTwipsPerInch / logicalDpiX();
     const QFontMetricsF font(this->font(), this);
     const MeasureText measure = [&](std::string_view text) {
       return font.horizontalAdvance(platform::qt::ToQString(text)) * twips_per_pixel;
@@ -169,7 +169,7 @@ void StatisticsWindow::Show(StatisticsTable table, std::string file_name, std::s
 
 // A style may need more room beside a text than the columns' margin.
 void StatisticsWindow::FitColumns() {
-  const double twips_per_pixel = 1440.0 / logicalDpiX();
+  const double twips_per_pixel = platform::kTwipsPerInch / logicalDpiX();
   const int grid_line = 1;
   const int cell_margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, Grid1) + 1);
   const int header_margin = 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, Grid1);

@@ -152,7 +152,7 @@ TEST_F(StatisticsWindowTest, NoTextOfTheGridIsCut) {
   Show({Readings(200, "a long unit"), 2, 4});
 
   const QFontMetricsF font(window->font());
-  constexpr double kMargin = 100 / 15.0;
+  constexpr double kMargin = 100 / platform::kTwipsPerPixel;
   for (int column = 0; column < Grid().model()->columnCount(); ++column) {
     const auto room = [&](const QString& text) {
       return Grid().columnWidth(column) - font.horizontalAdvance(text);
