@@ -50,4 +50,21 @@ constexpr Color RunColor(const ColorTable& colors, long long run) {
   return colors[static_cast<std::size_t>((run % 10 + 10) % 10)];
 }
 
+// The colours of a viscosity and a temperature curve. Those of a single series tell the quantities apart;
+// from two series on, colours tell the series apart and say nothing about the quantity.
+struct QuantityColors {
+  Color visco;
+  Color temp;
+};
+
+constexpr QuantityColors CurveColors(const ColorTable& colors, long long run, bool several_series) {
+  const Color series = RunColor(colors, run);
+  return {series, several_series ? series : colors[3]};
+}
+
+// Those of the samples beside the titles of the axes.
+constexpr QuantityColors SampleColors(const ColorTable& colors, Color neutral, bool several_series) {
+  return several_series ? QuantityColors{neutral, neutral} : QuantityColors{colors[1], colors[3]};
+}
+
 }  // namespace quenlor::graph

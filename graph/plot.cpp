@@ -28,11 +28,8 @@ void Plot::DrawPicture1(DrawingSurface& surface, const PixelRectangle& area, con
   if (area.Empty()) return;
   surface.SetViewport(layout.Picture1Viewport(area));
   surface.Clear(ToRgb(settings_.BackColor));
-  // From two series on, colours tell the series apart and say nothing about the quantity.
-  const bool neutral = values_.SeriesCount() >= 2;
-  const Color visco = neutral ? settings_.GridColor : settings_.colors[1];
-  const Color temp = neutral ? settings_.GridColor : settings_.colors[3];
-  graph::DrawLegend(surface, layout, settings_.kind, visco, temp, settings_.LineWidth);
+  const QuantityColors samples = SampleColors(settings_.colors, settings_.GridColor, values_.SeveralSeries());
+  graph::DrawLegend(surface, layout, settings_.kind, samples, settings_.LineWidth);
 }
 
 void Plot::DrawBackground(DrawingSurface& surface, const PixelRectangle& area) const {
@@ -80,7 +77,7 @@ KeptPlot::Inputs KeptPlot::InputsNow(const DrawingSurface& surface, const PixelR
           area,
           surface.PenScale(),
           plot_.values_.Generation(),
-          plot_.values_.SeriesCount() >= 2};
+          plot_.values_.SeveralSeries()};
 }
 
 bool KeptPlot::GrewDense(const PixelRectangle& area) const {

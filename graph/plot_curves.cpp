@@ -69,11 +69,10 @@ void CurvePainter::PaintRows(Index begin, Index end) {
 void CurvePainter::EnterRun(std::size_t run) {
   const ValueArrays::Run& entered = values_.Runs()[run];
   run_begin_ = entered.first;
-  const platform::Rgb series = ToRgb(RunColor(settings_.colors, entered.number));
-  const platform::Rgb temp = values_.SeriesCount() >= 2 ? series : ToRgb(settings_.colors[3]);
+  const QuantityColors colors = CurveColors(settings_.colors, entered.number, values_.SeveralSeries());
   curves_.clear();
-  if (axes_.ShowsVisco()) curves_.push_back({Quantity::Visco, series});
-  if (axes_.ShowsTemp()) curves_.push_back({Quantity::Temp, temp});
+  if (axes_.ShowsVisco()) curves_.push_back({Quantity::Visco, ToRgb(colors.visco)});
+  if (axes_.ShowsTemp()) curves_.push_back({Quantity::Temp, ToRgb(colors.temp)});
 
   const bool smooth =
       settings_.smooth_sparse_runs && IsSparse(values_.RunEnd(run) - run_begin_, viewport_.Area());

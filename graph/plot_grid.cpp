@@ -101,8 +101,8 @@ void DrawGrid(DrawingSurface& surface, const PlotAxes& axes, Color grid_color) {
   if (axes.Kind() == GraphKind::ViscoTempTime) DrawTempTicks(pen, axes);
 }
 
-void DrawLegend(DrawingSurface& surface, const PlotLayout& layout, GraphKind kind, Color visco, Color temp,
-                int line_width) {
+void DrawLegend(DrawingSurface& surface, const PlotLayout& layout, GraphKind kind,
+                const QuantityColors& colors, int line_width) {
   if (kind != GraphKind::ViscoTempTime) return;
   const double unit = layout.UnitX;
   const double y = 0.3 * layout.UnitY;
@@ -110,7 +110,7 @@ void DrawLegend(DrawingSurface& surface, const PlotLayout& layout, GraphKind kin
   const int scale_width =
       static_cast<int>(std::clamp(std::nearbyint(Bounded(layout.scale_width)), 0.0, kWidest));
 
-  surface.SetPen({ToRgb(visco), 1.0 * line_width});
+  surface.SetPen({ToRgb(colors.visco), 1.0 * line_width});
   surface.DrawLine({0.8 * unit, y}, {1.2 * unit, y});
   const int radius = scale_width / 200;
   surface.DrawCircle({unit, y}, radius);
@@ -118,7 +118,7 @@ void DrawLegend(DrawingSurface& surface, const PlotLayout& layout, GraphKind kin
   const int half = scale_width / 150;
   // A thin pen ends earlier on the device, so its cross is drawn a little longer at one end.
   const double longer = line_width == 2 ? half : std::nearbyint(half * 1.1 + 10);
-  surface.SetPen({ToRgb(temp), 1.0 * line_width});
+  surface.SetPen({ToRgb(colors.temp), 1.0 * line_width});
   surface.DrawLine({6.8 * unit, y}, {7.2 * unit, y});
   surface.DrawLine({7 * unit - half, y + half}, {7 * unit + half, y - longer});
   surface.DrawLine({7 * unit - half, y - half}, {7 * unit + half, y + longer});

@@ -43,7 +43,7 @@ struct PlotLayout {
 void DrawGrid(platform::DrawingSurface& surface, const PlotAxes& axes, Color grid_color);
 
 // The sample of each of the two curves, on the viewport of Picture1. Nothing for the graphs with one curve.
-void DrawLegend(platform::DrawingSurface& surface, const PlotLayout& layout, GraphKind kind, Color visco,
-                Color temp, int line_width);
+void DrawLegend(platform::DrawingSurface& surface, const PlotLayout& layout, GraphKind kind,
+                const QuantityColors& colors, int line_width);
 
 }  // namespace quenlor::graph

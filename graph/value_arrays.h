@@ -51,6 +51,7 @@ class ValueArrays {
   std::size_t RunOf(Index index) const;                                  // its place in Runs()
   Index RunEnd(std::size_t run) const;                                   // the index after its last reading
   int SeriesCount() const { return static_cast<int>(numbers_.size()); }  // distinct run numbers
+  bool SeveralSeries() const { return SeriesCount() >= 2; }
 
   // The newest reading of run `number`, 1 to 10, as a row of the table; 0 when it has none.
   Table::Row LastRow(int number) const { return last_rows_[static_cast<std::size_t>(number)]; }

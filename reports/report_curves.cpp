@@ -157,11 +157,10 @@ class CurveReader {
   void ReadAll() {
     if (values_.Size() == 0) return;
     for (std::size_t run = values_.RunOf(values_.Size() - 1) + 1; run-- > 0;) {
-      const graph::Color series = graph::RunColor(settings_.colors, values_.Runs()[run].number);
-      // From two series on, colours tell the series apart, else the quantities.
-      const graph::Color temp = values_.SeriesCount() >= 2 ? series : settings_.colors[3];
-      ReadCurve(run, Quantity::kTemp, graph::ToRgb(InkOf(temp)));
-      ReadCurve(run, Quantity::kVisco, graph::ToRgb(InkOf(series)));
+      const graph::QuantityColors colors =
+          graph::CurveColors(settings_.colors, values_.Runs()[run].number, values_.SeveralSeries());
+      ReadCurve(run, Quantity::kTemp, graph::ToRgb(InkOf(colors.temp)));
+      ReadCurve(run, Quantity::kVisco, graph::ToRgb(InkOf(colors.visco)));
     }
   }
 

@@ -119,22 +119,19 @@ class Page {
   // The sample of each of the two curves, beside the title of its axis.
   void DrawSamples() {
     if (content_.settings.kind != GraphKind::ViscoTempTime) return;
-    // From two series on, colours tell the series apart and say nothing about the quantity.
-    const bool neutral = content_.values.SeriesCount() >= 2;
-    const auto ink = [&](std::size_t entry) {
-      return neutral ? kInk : ToRgb(InkOf(content_.settings.colors[entry]));
-    };
+    const graph::QuantityColors samples =
+        graph::SampleColors(content_.settings.colors, graph::kBlack, content_.values.SeveralSeries());
     const MarkerSizes markers =
         MarkersOn(grid_.Right() - grid_.Left(), grid_.Bottom() - grid_.Top(), content_.settings.kind);
     const double y = grid_.TitleRow();
     const double unit = grid_.UnitX();
-    const auto draw_line = [&](platform::Rgb color, double left) {
-      surface_.SetPen({color, 1.0 * content_.settings.LineWidth, LineStyle::kSolid, true});
+    const auto draw_line = [&](graph::Color color, double left) {
+      surface_.SetPen({ToRgb(InkOf(color)), 1.0 * content_.settings.LineWidth, LineStyle::kSolid, true});
       surface_.DrawLine({left, y}, {left + 0.4 * unit, y});
     };
-    draw_line(ink(1), 0.8 * unit);
+    draw_line(samples.visco, 0.8 * unit);
     surface_.DrawCircle({unit, y}, markers.circle);
-    draw_line(ink(3), 6.8 * unit);
+    draw_line(samples.temp, 6.8 * unit);
     surface_.DrawCross({7 * unit, y}, markers.cross_across, markers.cross_down);
   }
 
