@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/shown_labels.h"
+
 namespace quenlor::graph {
 namespace {
 
@@ -64,15 +66,6 @@ class Layout {
   double line_;
 };
 
-// Every how manyth of the labels of an axis is shown, so that each has room; the ends always are.
-int Stride(double room, double needed, int divisions) {
-  if (needed <= room || room <= 0) return 1;
-  for (const int stride : {2, 3, 5}) {
-    if (divisions % stride == 0 && needed <= room * stride) return stride;
-  }
-  return divisions;
-}
-
 using TextWidth = std::function<double(std::string_view text, double text_height)>;
 
 // The height at which a text is that wide.
@@ -132,19 +125,17 @@ LabelLayout LayoutLabels(double width, double height, GraphKind kind, const Axis
   // The viscosity axis.
   result.Label5[2] = at.LeftOfPlot(0);
   result.Label5[3] = at.LeftOfPlot(1);
-  double last_shown = 0;
+  const auto apart = LabelsApart(labels.Label8, least_distance);
   for (std::size_t i = 1; i <= static_cast<std::size_t>(labels.Label8Count); ++i) {
-    const double place = labels.Label8[i].place;
-    result.Label8[i] = at.LeftOfPlot(place);
-    result.Label8[i].visible = place - last_shown >= least_distance && 1 - place >= least_distance;
-    if (result.Label8[i].visible) last_shown = place;
+    result.Label8[i] = at.LeftOfPlot(labels.Label8[i].place);
+    result.Label8[i].visible = apart[i];
   }
 
   // The axis below: time, or temperature.
   const double below_title = at.BelowTop() + at.Line();
   if (time_axis) {
     const double room = at.X(kPlotWidth / 6);
-    const int stride = Stride(room, Widest(labels.Label7, measure) + gap, 6);
+    const int stride = LabelStride(Widest(labels.Label7, measure) + gap, room, 6);
     for (int i = 1; i <= 5; ++i) {
       result.Label7[static_cast<std::size_t>(i)] = at.BelowPlot(i / 6.0, room * stride);
       result.Label7[static_cast<std::size_t>(i)].visible = i % stride == 0;
@@ -157,7 +148,7 @@ LabelLayout LayoutLabels(double width, double height, GraphKind kind, const Axis
   }
   if (kind == GraphKind::ViscoTemp) {
     const double room = at.X(kPlotWidth / 10);
-    const int stride = Stride(room, Widest(labels.Label9, measure) + gap, 10);
+    const int stride = LabelStride(Widest(labels.Label9, measure) + gap, room, 10);
     for (int i = 1; i <= 9; ++i) {
       result.Label9[static_cast<std::size_t>(i)] = at.BelowPlot(i / 10.0, room * stride);
       result.Label9[static_cast<std::size_t>(i)].visible = i % stride == 0;
@@ -167,7 +158,7 @@ LabelLayout LayoutLabels(double width, double height, GraphKind kind, const Axis
     result.Label6[2] = {
         {at.PlotX(0.5) - at.X(1.5), below_title, at.X(3), at.Line()}, TextSide::kCentre, true};
   } else if (kind == GraphKind::ViscoTempTime) {
-    const int stride = Stride(0.1, least_distance, 10);
+    const int stride = LabelStride(least_distance, 0.1, 10);
     for (int i = 1; i <= 9; ++i) {
       result.Label9[static_cast<std::size_t>(i)] = at.RightOfPlot(i / 10.0);
       result.Label9[static_cast<std::size_t>(i)].visible = i % stride == 0;

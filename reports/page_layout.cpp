@@ -6,6 +6,7 @@
 
 #include "data/utf8.h"
 #include "graph/fit_text.h"
+#include "graph/shown_labels.h"
 #include "reports/map_to_position.h"
 #include "reports/page_text.h"
 
@@ -138,13 +139,10 @@ class Placing {
     const double height = ScaleHeight(labels_.Label4, labels_.Label1[2], labels_.Label1[3], X(0.85));
     Write(labels_.Label1[2], Beside(left, 0), TextSide::kRight, height);
     Write(labels_.Label1[3], Beside(left, 1), TextSide::kRight, height);
-    const double distance = line_ / (grid_.Bottom() - grid_.Top());
-    double last = 0;
+    const auto apart = graph::LabelsApart(captions_.Label8, line_ / (grid_.Bottom() - grid_.Top()));
     for (std::size_t i = 1; i < labels_.Label4.size(); ++i) {
-      const double place = captions_.Label8[i].place;
-      if (!(place - last >= distance) || !(1 - place >= distance)) continue;
-      Write(labels_.Label4[i], Beside(left, place), TextSide::kRight, height);
-      if (labels_.Label4[i].visible) last = place;
+      if (apart[i])
+        Write(labels_.Label4[i], Beside(left, captions_.Label8[i].place), TextSide::kRight, height);
     }
   }
 
@@ -158,14 +156,6 @@ class Placing {
     }
   }
 
-  // Every how manyth number of a scale of so many divisions stands clear of the next one.
-  static int Stride(int divisions, double division, double widest) {
-    for (const int stride : {1, 2, 3, 5}) {
-      if (divisions % stride == 0 && widest <= stride * division) return stride;
-    }
-    return divisions;
-  }
-
   template <class Ticks>
   void PlaceScaleBelow(Ticks& ticks, PageLabel& low, PageLabel& high, double top) {
     const int divisions = static_cast<int>(ticks.size());
@@ -173,7 +163,7 @@ class Placing {
     const double gap = Width("0", text_height_);
     double widest = std::max(Width(low.text, text_height_), Width(high.text, text_height_));
     for (const PageLabel& tick : ticks) widest = std::max(widest, Width(tick.text, text_height_));
-    const int stride = Stride(divisions, division, widest + gap);
+    const int stride = graph::LabelStride(widest + gap, division, divisions);
     // The ends stand over the edges of the plot, a unit away from those of the page.
     const double room = std::min(stride * division, X(2)) - gap;
     const double height = ScaleHeight(ticks, low, high, room);
