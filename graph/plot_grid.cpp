@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include "graph/graph_math.h"
 
@@ -12,71 +11,41 @@ namespace {
 
 using platform::DrawingSurface;
 using platform::LineStyle;
-using platform::Pen;
 using platform::Segment;
 
-class GridPen {
- public:
-  GridPen(DrawingSurface& surface, Color color) : surface_(surface), pen_{ToRgb(color)} {}
-
-  void Draw(const std::vector<Segment>& lines, LineStyle style) {
-    pen_.style = style;
-    surface_.SetPen(pen_);
-    surface_.DrawLines(lines);
-  }
-
- private:
-  DrawingSurface& surface_;
-  Pen pen_;
-};
-
-Segment Vertical(double x) { return {{x, 0}, {x, PlotAxes::kHeight}}; }
-
-void DrawVerticalLines(GridPen& pen, const PlotAxes& axes) {
+void AddVerticalLines(const PlotAxes& axes, GridLines& lines) {
   constexpr double kDistance = 1000;
-  std::vector<Segment> solid;
-  std::vector<Segment> dotted;
   const int last = static_cast<int>(axes.XExtent() / kDistance);
   for (int i = 0; i <= last; ++i) {
     const double x = i * kDistance;
     const bool end_or_middle = i == 0 || i == last || i * 2 == last;
-    (end_or_middle ? solid : dotted).push_back(Vertical(x));
+    (end_or_middle ? lines.solid : lines.dotted).push_back({{x, 0}, {x, PlotAxes::kHeight}});
   }
-  pen.Draw(dotted, LineStyle::kDotted);
-  pen.Draw(solid, LineStyle::kSolid);
 }
 
-void DrawHorizontalLines(GridPen& pen, const PlotAxes& axes) {
+void AddHorizontalLines(const PlotAxes& axes, GridLines& lines) {
   const auto horizontal = [&](double y) { return Segment{{0, y}, {axes.XExtent(), y}}; };
-  std::vector<Segment> solid;
-  std::vector<Segment> dotted;
-  if (axes.Visco() == ViscoAxis::Log) {
-    const int decades = axes.Decades();
-    for (int decade = 1; decade <= decades; ++decade) {
-      for (int multiple = 2; multiple <= 9; ++multiple) {
-        const double from_top = decade - static_cast<double>(Log10(multiple));
-        dotted.push_back(horizontal(from_top * PlotAxes::kHeight / decades));
-      }
-    }
-    for (int decade = 0; decades > 0 && decade <= decades; ++decade) {
-      solid.push_back(horizontal(decade * PlotAxes::kHeight / decades));
-    }
-  } else {
-    for (int tenth = 0; tenth <= 10; ++tenth) {
-      (tenth % 5 == 0 ? solid : dotted).push_back(horizontal(tenth * 1000));
+  if (axes.Visco() == ViscoAxis::Linear) {
+    for (int tenth = 0; tenth <= 10; ++tenth)
+      (tenth % 5 == 0 ? lines.solid : lines.dotted).push_back(horizontal(tenth * 1000));
+    return;
+  }
+  const int decades = axes.Decades();
+  for (int decade = 1; decade <= decades; ++decade) {
+    for (int multiple = 2; multiple <= 9; ++multiple) {
+      const double from_top = decade - static_cast<double>(Log10(multiple));
+      lines.dotted.push_back(horizontal(from_top * PlotAxes::kHeight / decades));
     }
   }
-  pen.Draw(dotted, LineStyle::kDotted);
-  pen.Draw(solid, LineStyle::kSolid);
+  for (int decade = 0; decades > 0 && decade <= decades; ++decade)
+    lines.solid.push_back(horizontal(decade * PlotAxes::kHeight / decades));
 }
 
-void DrawTempTicks(GridPen& pen, const PlotAxes& axes) {
-  std::vector<Segment> ticks;
+void AddTempTicks(const PlotAxes& axes, GridLines& lines) {
   for (int tenth = 1; tenth <= 9; ++tenth) {
     const double y = tenth * 1000;
-    ticks.push_back({{axes.XExtent() - 50, y}, {axes.XExtent(), y}});
+    lines.ticks.push_back({{axes.XExtent() - 50, y}, {axes.XExtent(), y}});
   }
-  pen.Draw(ticks, LineStyle::kSolid);
 }
 
 }  // namespace
@@ -94,11 +63,21 @@ platform::PixelRectangle PlotLayout::Picture2Pixels(const platform::PixelRectang
           picture1.Row(frame.top + frame.height) - top};
 }
 
+GridLines GridLinesOf(const PlotAxes& axes) {
+  GridLines lines;
+  AddVerticalLines(axes, lines);
+  AddHorizontalLines(axes, lines);
+  if (axes.Kind() == GraphKind::ViscoTempTime) AddTempTicks(axes, lines);
+  return lines;
+}
+
 void DrawGrid(DrawingSurface& surface, const PlotAxes& axes, Color grid_color) {
-  GridPen pen(surface, grid_color);
-  DrawVerticalLines(pen, axes);
-  DrawHorizontalLines(pen, axes);
-  if (axes.Kind() == GraphKind::ViscoTempTime) DrawTempTicks(pen, axes);
+  const GridLines lines = GridLinesOf(axes);
+  surface.SetPen({ToRgb(grid_color), 1, LineStyle::kDotted});
+  surface.DrawLines(lines.dotted);
+  surface.SetPen({ToRgb(grid_color)});
+  surface.DrawLines(lines.solid);
+  if (!lines.ticks.empty()) surface.DrawLines(lines.ticks);
 }
 
 void DrawLegend(DrawingSurface& surface, const PlotLayout& layout, GraphKind kind,

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <vector>
+
 #include "graph/color_table.h"
 #include "graph/plot_axes.h"
 #include "platform/drawing_surface.h"
@@ -38,8 +40,16 @@ struct PlotLayout {
   platform::Viewport Picture1Viewport(const platform::PixelRectangle& area) const;
 };
 
-// The grid, and with two curves the ticks of the temperature axis, in plot units on the viewport of Picture2.
-// A logarithmic axis without a decade has no horizontal lines.
+// The lines of the grid, and with two curves the ticks of the temperature axis, in plot units. A logarithmic
+// axis without a decade has no horizontal lines.
+struct GridLines {
+  std::vector<platform::Segment> dotted;
+  std::vector<platform::Segment> solid;
+  std::vector<platform::Segment> ticks;
+};
+GridLines GridLinesOf(const PlotAxes& axes);
+
+// All of them, on the viewport of Picture2.
 void DrawGrid(platform::DrawingSurface& surface, const PlotAxes& axes, Color grid_color);
 
 // The sample of each of the two curves, on the viewport of Picture1. Nothing for the graphs with one curve.

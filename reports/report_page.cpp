@@ -4,7 +4,6 @@
 #include <cmath>
 #include <vector>
 
-#include "graph/graph_math.h"
 #include "graph/plot_grid.h"
 #include "reports/page_colors.h"
 #include "reports/page_layout.h"
@@ -15,7 +14,6 @@ namespace {
 
 using graph::GraphKind;
 using graph::ToRgb;
-using graph::ViscoAxis;
 using platform::DrawingSurface;
 using platform::LineStyle;
 using platform::PixelRectangle;
@@ -37,7 +35,8 @@ class Page {
         content_(content),
         whole_(surface.Whole()),
         grid_{Twips(whole_.width), Twips(whole_.height)},
-        viewport_(whole_, {0, 0, grid_.width, grid_.height}) {}
+        viewport_(whole_, {0, 0, grid_.width, grid_.height}),
+        lines_(LinesOnPage()) {}
 
   void Draw() {
     surface_.SetViewport(viewport_);
@@ -68,6 +67,22 @@ class Page {
   Segment Vertical(double x) const { return {{x, grid_.Top()}, {x, grid_.Bottom()}}; }
   Segment Horizontal(double y) const { return {{grid_.Left(), y}, {grid_.Right(), y}}; }
 
+  // The lines of the screen's grid, laid over the plot of the page.
+  graph::GridLines LinesOnPage() const {
+    graph::PlotAxes axes;
+    axes.SetScales(content_.ranges, content_.settings.kind, content_.settings.visco_axis);
+    const double across = (grid_.Right() - grid_.Left()) / axes.XExtent();
+    const double down = (grid_.Bottom() - grid_.Top()) / graph::PlotAxes::kHeight;
+    graph::GridLines lines = graph::GridLinesOf(axes);
+    for (auto* some : {&lines.dotted, &lines.solid, &lines.ticks}) {
+      for (Segment& line : *some) {
+        for (platform::Point* end : {&line.from, &line.to})
+          *end = {grid_.Left() + end->x * across, grid_.Top() + end->y * down};
+      }
+    }
+    return lines;
+  }
+
   void DrawThin(const std::vector<Segment>& lines, double width, LineStyle style) {
     if (lines.empty()) return;
     surface_.SetPen({kInk, width, style, true});
@@ -75,44 +90,15 @@ class Page {
   }
 
   void DrawGrid() {
-    std::vector<Segment> dotted;
-    std::vector<Segment> solid;
-    const int divisions = content_.settings.kind == GraphKind::ViscoTemp ? 10 : 6;
-    for (int i = 0; i <= divisions; ++i) {
-      const double x = grid_.UnitX() * (1 + 6.0 * i / divisions);
-      (i % (divisions / 2) == 0 ? solid : dotted).push_back(Vertical(x));
-    }
-    if (content_.settings.visco_axis == ViscoAxis::Log) {
-      const int decades = content_.ranges.ViscoLogMax - content_.ranges.ViscoLogMin;
-      const double decade = (grid_.Bottom() - grid_.Top()) / std::max(decades, 1);
-      for (int i = 1; i <= decades; ++i) {
-        const double lower_end = grid_.Top() + i * decade;
-        for (int multiple = 2; multiple <= 9; ++multiple) {
-          dotted.push_back(Horizontal(lower_end - static_cast<double>(graph::Log10(multiple)) * decade));
-        }
-      }
-      for (int i = 0; decades > 0 && i <= decades; ++i) {
-        solid.push_back(Horizontal(grid_.Top() + i * decade));
-      }
-    } else {
-      for (int i = 0; i <= 10; ++i) {
-        (i % 5 == 0 ? solid : dotted).push_back(Horizontal(grid_.UnitY() * (1 + i)));
-      }
-    }
-    DrawThin(dotted, kDottedLine, LineStyle::kDotted);
-    DrawThin(solid, kSolidLine, LineStyle::kSolid);
+    DrawThin(lines_.dotted, kDottedLine, LineStyle::kDotted);
+    DrawThin(lines_.solid, kSolidLine, LineStyle::kSolid);
   }
 
   // Over the curves, so that they end at a clean edge.
   void DrawFrame() {
     std::vector<Segment> lines = {Vertical(grid_.Left()), Horizontal(grid_.Top()), Vertical(grid_.Right()),
                                   Horizontal(grid_.Bottom())};
-    if (content_.settings.kind == GraphKind::ViscoTempTime) {
-      for (int i = 1; i <= 9; ++i) {
-        const double y = grid_.UnitY() * (1 + i);
-        lines.push_back({{grid_.Right() - 0.05 * grid_.UnitX(), y}, {grid_.Right(), y}});
-      }
-    }
+    lines.insert(lines.end(), lines_.ticks.begin(), lines_.ticks.end());
     DrawThin(lines, kFrameLine, LineStyle::kSolid);
   }
 
@@ -187,6 +173,7 @@ class Page {
   const PixelRectangle whole_;
   const PageGrid grid_;
   const platform::Viewport viewport_;
+  const graph::GridLines lines_;
 };
 
 }  // namespace
