@@ -9,6 +9,7 @@
 
 #include "app/plain_tip.h"
 #include "app/window/grid_models.h"
+#include "graph/fit_text.h"
 #include "graph/plot_look.h"
 #include "platform/qt/qt_drawing_surface.h"
 #include "platform/qt/to_qstring.h"
@@ -18,6 +19,7 @@ namespace {
 
 using platform::kTwipsPerPixel;
 using platform::PixelsOf;
+using platform::qt::ToQString;
 using platform::qt::ToShortQString;
 
 // With fewer readings a redraw is over before a pointer could change.
@@ -45,10 +47,13 @@ Qt::Alignment AlignmentOf(graph::TextSide side) {
 
 void Caption::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
+  const auto text_width = [this](std::string_view part) {
+    return fontMetrics().horizontalAdvance(ToQString(part));
+  };
   QStringList lines;
   for (const QString& line : text().split(QLatin1Char('\n'))) {
-    const bool fits = fontMetrics().horizontalAdvance(line) <= width() + 1;  // a pixel is lost to rounding
-    lines += fits ? line : fontMetrics().elidedText(line, Qt::ElideRight, width());
+    // A pixel is lost to rounding.
+    lines += ToQString(graph::FitText(line.toStdString(), width() + 1, text_width));
   }
   painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(rect(), static_cast<int>(alignment()), lines.join(QLatin1Char('\n')));
@@ -189,7 +194,7 @@ void GraphPane::LayoutLabels() {
   FillCaptions(texts);
   const auto text_width = [this](std::string_view text, double text_height) {
     const QFontMetricsF font(LabelFont(this, text_height));
-    return font.horizontalAdvance(platform::qt::ToQString(text)) * kTwipsPerPixel;
+    return font.horizontalAdvance(ToQString(text)) * kTwipsPerPixel;
   };
   const graph::LabelLayout layout =
       graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), texts, text_width);

@@ -7,6 +7,13 @@
 
 namespace quenlor::graph {
 
+inline constexpr std::string_view kEllipsis = "…";  // where a text was cut
+
+// The longest beginning of the text, in whole characters, for which `fits` is true; it is true of shorter
+// ones, then. No beginning is longer than four thousand bytes: nothing has room for more, and measuring takes
+// time.
+std::string_view LongestPrefix(std::string_view text, const std::function<bool(std::string_view)>& fits);
+
 // The text itself where it is no wider than that, else as much of its beginning as fits before a "…", without
 // blanks between the two. Empty when not even that fits. `text_width` measures a text in the unit of `width`.
 std::string FitText(std::string_view text, double width,

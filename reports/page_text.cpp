@@ -9,22 +9,7 @@
 namespace quenlor::reports {
 namespace {
 
-constexpr std::string_view kEllipsis = "…";
-
-// More bytes than any line of a page holds. A text is measured no farther, however long it is.
-constexpr std::size_t kMostBytes = 2000;
-
-// The longest beginning of the text for which `fits` is true, in whole characters; `fits` is true of shorter
-// ones, then.
-std::string_view LongestPrefix(std::string_view text, const std::function<bool(std::string_view)>& fits) {
-  std::size_t shortest = 0;
-  std::size_t too_long = std::min(text.size(), kMostBytes) + 1;
-  while (too_long - shortest > 1) {
-    const std::size_t middle = shortest + (too_long - shortest) / 2;
-    (fits(data::Utf8Prefix(text, middle)) ? shortest : too_long) = middle;
-  }
-  return data::Utf8Prefix(text, shortest);
-}
+using graph::kEllipsis;
 
 std::string_view WithoutBlanksBefore(std::string_view text) {
   return text.substr(std::min(text.find_first_not_of(' '), text.size()));
@@ -42,8 +27,8 @@ std::string_view FirstCharacter(std::string_view text) {
 
 // What stands in the first line of a text that is too long for one.
 std::string_view FirstLine(std::string_view text, double width, const WidthOf& measure) {
-  const std::string_view prefix =
-      LongestPrefix(text, [&](std::string_view part) { return measure(WithoutBlanksAfter(part)) <= width; });
+  const std::string_view prefix = graph::LongestPrefix(
+      text, [&](std::string_view part) { return measure(WithoutBlanksAfter(part)) <= width; });
   if (prefix.size() == text.size()) return text;
   if (prefix.empty()) return FirstCharacter(text);  // or there would be no end
   // Between two words, if there are any; a blank just behind the prefix has room there.

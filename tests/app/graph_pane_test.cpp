@@ -88,5 +88,22 @@ TEST(GraphPane, DrawsAtFirstWhatItDrawsLater) {
   EXPECT_TRUE(pane.grab().toImage() == first);
 }
 
+TEST(Caption, ShowsOfALongTextWhatFitsBeforeAnEllipsis) {
+  const auto shown = [](const QString& text, int width) {
+    Caption caption(text);
+    caption.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    caption.resize(width, 40);
+    return caption.grab().toImage();
+  };
+  const QString name = QStringLiteral("Polymer 12");
+  const QString cut = QStringLiteral("Polymer…");
+  const QFontMetrics font(QLabel().font());
+  const int room = font.horizontalAdvance(QStringLiteral("Polymer …"));
+  ASSERT_LT(room, font.horizontalAdvance(name));
+  EXPECT_TRUE(shown(name, room) == shown(cut, room));
+  EXPECT_TRUE(shown(name + u'\n' + name, room) == shown(cut + u'\n' + cut, room));
+  EXPECT_FALSE(shown(name, 400) == shown(cut, 400)) << "all of it has room";
+}
+
 }  // namespace
 }  // namespace quenlor::app
