@@ -12,6 +12,8 @@ namespace quenlor::graph {
 // Which curves are drawn, in the order of the "Selection" frame (Option1).
 enum class GraphKind { ViscoTime, ViscoTempTime, ViscoTemp };
 
+enum class Quantity { Visco, Temp };  // of a curve
+
 // Where a value stands on the plot (Picture2).
 //
 // Plot units: x from 0 to 6000 over time, to 10000 over temperature; y from 0 at the top to 10000 at the

@@ -14,16 +14,12 @@ using platform::Point;
 using platform::Segment;
 using platform::Viewport;
 
-constexpr double kCircleRadius = 50;
-// Tall and narrow, to tell it from the circle.
-constexpr double kCrossHalfWidth = 40;
-constexpr double kCrossHalfHeight = 80;
-
+constexpr MarkerSizes kMarkers;
 constexpr std::size_t kMostLinesAtOnce = 4096;
 
 int ReachOf(const Viewport& viewport, double pen) {
-  const double marker = std::max(
-      {viewport.Round(kCircleRadius), viewport.Across(kCrossHalfWidth), viewport.Down(kCrossHalfHeight)});
+  const double marker = std::max({viewport.Round(kMarkers.circle), viewport.Across(kMarkers.cross_across),
+                                  viewport.Down(kMarkers.cross_down)});
   // Two more for what rounding adds on either side.
   return static_cast<int>(std::clamp(marker + pen + 2, 0.0, 1e6));
 }
@@ -193,9 +189,9 @@ void CurvePainter::PaintTwoColors(Index begin, Index end) {
 void CurvePainter::PaintMarker(const Curve& curve, Point centre) {
   if (pen_.smooth) Flush();  // where smooth edges meet, the order shows
   if (curve.quantity == Quantity::Visco) {
-    surface_.DrawCircle(centre, kCircleRadius);
+    surface_.DrawCircle(centre, kMarkers.circle);
   } else {
-    surface_.DrawCross(centre, kCrossHalfWidth, kCrossHalfHeight);
+    surface_.DrawCross(centre, kMarkers.cross_across, kMarkers.cross_down);
   }
 }
 

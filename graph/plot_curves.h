@@ -37,7 +37,6 @@ class CurvePainter {
   static bool IsSparse(Index readings, const platform::PixelRectangle& area) { return readings < area.width; }
 
  private:
-  enum class Quantity { Visco, Temp };
   struct Curve {
     Quantity quantity;
     platform::Rgb color;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 
 #include "graph/color_table.h"
 #include "graph/plot_axes.h"
@@ -22,6 +23,20 @@ struct PlotSettings {
 
   bool operator==(const PlotSettings&) const = default;
 };
+
+// Half sizes of the markers, in plot units. The cross is tall and narrow, to tell it from the circle.
+struct MarkerSizes {
+  double circle = 50;  // looks round, whatever the units are
+  double cross_across = 40;
+  double cross_down = 80;
+};
+
+// The same where a plot unit is so long across and down.
+inline MarkerSizes MarkersOn(double unit_across, double unit_down) {
+  const MarkerSizes sizes;
+  return {sizes.circle * std::sqrt(unit_across * unit_down), sizes.cross_across * unit_across,
+          sizes.cross_down * unit_down};
+}
 
 // From one marker of a series to the next: 1, 2, 5 or 10 points for the items of that name. 0, for the first
 // item and whatever is no item: only the first point of a series has a marker.

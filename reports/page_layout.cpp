@@ -6,8 +6,8 @@
 
 #include "data/utf8.h"
 #include "graph/fit_text.h"
+#include "graph/map_to_position.h"
 #include "graph/shown_labels.h"
-#include "reports/map_to_position.h"
 #include "reports/page_text.h"
 
 namespace quenlor::reports {
@@ -130,7 +130,7 @@ class Placing {
 
   // A number beside the plot at that place of the axis.
   Box Beside(double left, double place) const {
-    const double middle = MapToPosition(place, 0, 1, grid_.Bottom(), grid_.Top());
+    const double middle = graph::MapToPosition(place, 0, 1, grid_.Bottom(), grid_.Top());
     return {left, middle - line_ / 2, X(0.85), line_};
   }
 
@@ -168,7 +168,7 @@ class Placing {
     const double room = std::min(stride * division, X(2)) - gap;
     const double height = ScaleHeight(ticks, low, high, room);
     const auto at = [&](double place) {
-      const double middle = MapToPosition(place, 0, 1, grid_.Left(), grid_.Right());
+      const double middle = graph::MapToPosition(place, 0, 1, grid_.Left(), grid_.Right());
       return Box{middle - room / 2, top, room, line_};
     };
     Write(low, at(0), TextSide::kCentre, height);

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <vector>
 
+#include "graph/curve_lines.h"
 #include "graph/plot_grid.h"
 #include "reports/page_colors.h"
 #include "reports/page_layout.h"
-#include "reports/report_curves.h"
 
 namespace quenlor::reports {
 namespace {
@@ -36,13 +36,14 @@ class Page {
         whole_(surface.Whole()),
         grid_{Twips(whole_.width), Twips(whole_.height)},
         viewport_(whole_, {0, 0, grid_.width, grid_.height}),
+        axes_(AxesOf(content)),
         lines_(LinesOnPage()) {}
 
   void Draw() {
     surface_.SetViewport(viewport_);
     surface_.Clear(kPaper);
     DrawGrid();
-    DrawCurves(surface_, PlotDots(), content_.values, content_.settings, content_.ranges);
+    DrawCurves();
     surface_.SetViewport(viewport_);
     DrawFrame();
     DrawSamples();
@@ -50,6 +51,12 @@ class Page {
   }
 
  private:
+  static graph::PlotAxes AxesOf(const ReportContent& content) {
+    graph::PlotAxes axes;
+    axes.SetScales(content.ranges, content.settings.kind, content.settings.visco_axis);
+    return axes;
+  }
+
   double Twips(int dots) const {
     const double twips = dots * platform::kTwipsPerPixel;
     const double pen = surface_.PenScale();
@@ -64,20 +71,20 @@ class Page {
             dots(viewport_.DeviceY(grid_.Bottom())) - top};
   }
 
+  // A plot unit in twips.
+  double UnitAcross() const { return (grid_.Right() - grid_.Left()) / axes_.XExtent(); }
+  double UnitDown() const { return (grid_.Bottom() - grid_.Top()) / graph::PlotAxes::kHeight; }
+
   Segment Vertical(double x) const { return {{x, grid_.Top()}, {x, grid_.Bottom()}}; }
   Segment Horizontal(double y) const { return {{grid_.Left(), y}, {grid_.Right(), y}}; }
 
   // The lines of the screen's grid, laid over the plot of the page.
   graph::GridLines LinesOnPage() const {
-    graph::PlotAxes axes;
-    axes.SetScales(content_.ranges, content_.settings.kind, content_.settings.visco_axis);
-    const double across = (grid_.Right() - grid_.Left()) / axes.XExtent();
-    const double down = (grid_.Bottom() - grid_.Top()) / graph::PlotAxes::kHeight;
-    graph::GridLines lines = graph::GridLinesOf(axes);
+    graph::GridLines lines = graph::GridLinesOf(axes_);
     for (auto* some : {&lines.dotted, &lines.solid, &lines.ticks}) {
       for (Segment& line : *some) {
         for (platform::Point* end : {&line.from, &line.to})
-          *end = {grid_.Left() + end->x * across, grid_.Top() + end->y * down};
+          *end = {grid_.Left() + end->x * UnitAcross(), grid_.Top() + end->y * UnitDown()};
       }
     }
     return lines;
@@ -94,6 +101,13 @@ class Page {
     DrawThin(lines_.solid, kSolidLine, LineStyle::kSolid);
   }
 
+  void DrawCurves() {
+    graph::PlotSettings look = content_.settings;
+    for (graph::Color& color : look.colors) color = InkOf(color);
+    const platform::Units units{0, 0, axes_.XExtent(), graph::PlotAxes::kHeight};
+    graph::DrawCurveLines(surface_, {PlotDots(), units}, 1, content_.values, look, axes_);
+  }
+
   // Over the curves, so that they end at a clean edge.
   void DrawFrame() {
     std::vector<Segment> lines = {Vertical(grid_.Left()), Horizontal(grid_.Top()), Vertical(grid_.Right()),
@@ -107,8 +121,7 @@ class Page {
     if (content_.settings.kind != GraphKind::ViscoTempTime) return;
     const graph::QuantityColors samples =
         graph::SampleColors(content_.settings.colors, graph::kBlack, content_.values.SeveralSeries());
-    const MarkerSizes markers =
-        MarkersOn(grid_.Right() - grid_.Left(), grid_.Bottom() - grid_.Top(), content_.settings.kind);
+    const graph::MarkerSizes markers = graph::MarkersOn(UnitAcross(), UnitDown());
     const double y = grid_.TitleRow();
     const double unit = grid_.UnitX();
     const auto draw_line = [&](graph::Color color, double left) {
@@ -173,6 +186,7 @@ class Page {
   const PixelRectangle whole_;
   const PageGrid grid_;
   const platform::Viewport viewport_;
+  const graph::PlotAxes axes_;
   const graph::GridLines lines_;
 };
 

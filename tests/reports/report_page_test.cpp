@@ -198,6 +198,15 @@ TEST(ReportPage, WhateverIsNoCurveOrRunIsBlackAlsoWithABlackScreen) {
   }
 }
 
+TEST(ReportPage, ACurveThatWouldNotShowOnPaperIsBlack) {
+  ReportDesk desk;
+  desk.Open(Rows(2, 5));
+  desk.look.colors[1] = graph::kWhite;
+  std::vector<platform::Rgb> inks;
+  for (const Call& call : Of(Kind::kCircle, Page(desk))) inks.push_back(call.pen.color);
+  EXPECT_THAT(inks, testing::UnorderedElementsAre(kBlackInk, graph::ToRgb(desk.look.colors[2])));
+}
+
 TEST(ReportPage, ARunsNameHasItsColourAndAPaleOneAPlate) {
   ReportDesk desk;
   desk.Open(Rows(10, 3));

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace quenlor::reports {
+namespace quenlor::graph {
 
 // A place on the plot in whole dots, from its top left corner.
 struct Dot {
@@ -62,4 +62,4 @@ class PaintedCells {
   Level blocks_;  // full ones of words_
 };
 
-}  // namespace quenlor::reports
+}  // namespace quenlor::graph

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "reports/map_to_position.h"
+#include "graph/map_to_position.h"
 
 #include <cmath>
 #include <limits>
@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace quenlor::reports {
+namespace quenlor::graph {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -63,4 +63,4 @@ TEST(MapToPosition, IsFiniteWhateverTheNumbersAre) {
 }
 
 }  // namespace
-}  // namespace quenlor::reports
+}  // namespace quenlor::graph

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "reports/painted_cells.h"
+#include "graph/painted_cells.h"
 
 #include <algorithm>
 #include <cstdlib>
 
-namespace quenlor::reports {
+namespace quenlor::graph {
 
 // The cells of a line one after the other: so many steps to the cell, at least, along its longer side.
 class PaintedCells::Walk {
@@ -99,4 +99,4 @@ bool PaintedCells::Level::Add(Cell cell) {
   return word == ~std::uint64_t{0} && before != word;
 }
 
-}  // namespace quenlor::reports
+}  // namespace quenlor::graph

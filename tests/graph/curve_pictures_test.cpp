@@ -9,19 +9,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "graph/curve_lines.h"
+#include "graph/map_to_position.h"
 #include "graph/plot_grid.h"
 #include "platform/qt/qt_drawing_surface.h"
-#include "reports/map_to_position.h"
-#include "reports/report_curves.h"
 #include "tests/graph/random_readings.h"
 
-namespace quenlor::reports {
+namespace quenlor::graph {
 namespace {
 
-using graph::Dice;
-using graph::GraphKind;
-using graph::TestReading;
-using graph::ViscoAxis;
 using platform::DrawingSurface;
 using platform::PixelRectangle;
 using platform::Point;
@@ -44,18 +40,18 @@ QImage Picture(const std::function<void(DrawingSurface&)>& draw) {
 
 // Run by run, each curve reading by reading, each line by itself.
 void DrawNaively(DrawingSurface& surface, const std::vector<TestReading>& readings,
-                 const graph::PlotSettings& settings, const data::AxisRanges& ranges) {
+                 const PlotSettings& settings, const data::AxisRanges& ranges) {
   surface.SetViewport({kPage, {-200, -200, 2800, 2800}});
-  const graph::ValueArrays values = graph::ValuesOf(readings);
-  const MarkerSizes markers = MarkersOn(kPlot.width, kPlot.height, settings.kind);
+  const ValueArrays values = ValuesOf(readings);
   const bool over_temp = settings.kind == GraphKind::ViscoTemp;
+  const MarkerSizes markers = MarkersOn(kPlot.width / (over_temp ? 10000.0 : 6000.0), kPlot.height / 10000.0);
   const auto x = [&](const TestReading& r) {
     return over_temp ? MapToPosition(r.temp, ranges.TempMin, ranges.TempMax, 0, kPlot.width)
                      : MapToPosition(r.time, ranges.TimeMin, ranges.TimeMax, 0, kPlot.width);
   };
   const auto visco = [&](const TestReading& r) {
     const float y = settings.visco_axis == ViscoAxis::Log
-                        ? MapToPosition(static_cast<double>(graph::Log10(r.visco)), ranges.ViscoLogMin,
+                        ? MapToPosition(static_cast<double>(Log10(r.visco)), ranges.ViscoLogMin,
                                         ranges.ViscoLogMax, kPlot.height, 0)
                         : MapToPosition(r.visco, ranges.ViscoMin, ranges.ViscoMax, kPlot.height, 0);
     return Point{std::round(x(r)), std::round(y)};
@@ -65,19 +61,18 @@ void DrawNaively(DrawingSurface& surface, const std::vector<TestReading>& readin
                  std::round(MapToPosition(r.temp, ranges.TempMin, ranges.TempMax, kPlot.height, 0))};
   };
   for (std::size_t run = 0; run < values.Runs().size(); ++run) {
-    const auto draw = [&](graph::Color color, const std::function<Point(const TestReading&)>& place,
-                          bool circle) {
-      surface.SetPen({graph::ToRgb(color), 1.0 * settings.LineWidth, platform::LineStyle::kSolid, true});
-      const graph::Index begin = values.Runs()[run].first;
-      for (graph::Index i = begin; i < values.RunEnd(run); ++i) {
+    const auto draw = [&](Color color, const std::function<Point(const TestReading&)>& place, bool circle) {
+      surface.SetPen({ToRgb(color), 1.0 * settings.LineWidth, platform::LineStyle::kSolid, true});
+      const Index begin = values.Runs()[run].first;
+      for (Index i = begin; i < values.RunEnd(run); ++i) {
         const Point here = place(readings[static_cast<std::size_t>(i)]);
         if (i > begin) surface.DrawLine(place(readings[static_cast<std::size_t>(i) - 1]), here);
-        if (!graph::HasMarker(settings.MarkerEvery, i - begin)) continue;
+        if (!HasMarker(settings.MarkerEvery, i - begin)) continue;
         circle ? surface.DrawCircle(here, markers.circle)
                : surface.DrawCross(here, markers.cross_across, markers.cross_down);
       }
     };
-    const graph::Color series = graph::RunColor(settings.colors, values.Runs()[run].number);
+    const Color series = RunColor(settings.colors, values.Runs()[run].number);
     draw(series, visco, true);
     if (settings.kind == GraphKind::ViscoTempTime) {
       draw(values.SeriesCount() >= 2 ? series : settings.colors[3], temp, false);
@@ -114,7 +109,7 @@ Difference Compare(const QImage& one, const QImage& other) {
 
 struct Case {
   const char* name;
-  graph::PlotSettings settings;
+  PlotSettings settings;
   std::vector<TestReading> readings;
 };
 
@@ -134,9 +129,9 @@ std::vector<TestReading> Readings(int runs, int count,
   return readings;
 }
 
-graph::PlotSettings Settings(GraphKind kind, int line_width, int marker_every = 0,
-                             ViscoAxis axis = ViscoAxis::Linear) {
-  graph::PlotSettings settings;
+PlotSettings Settings(GraphKind kind, int line_width, int marker_every = 0,
+                      ViscoAxis axis = ViscoAxis::Linear) {
+  PlotSettings settings;
   settings.kind = kind;
   settings.LineWidth = line_width;
   settings.MarkerEvery = marker_every;
@@ -216,16 +211,19 @@ std::vector<Case> Cases() {
   };
 }
 
-class ReportPictures : public testing::TestWithParam<Case> {};
+class CurvePictures : public testing::TestWithParam<Case> {};
 
-TEST_P(ReportPictures, LookLikeThoseOfEveryReading) {
+TEST_P(CurvePictures, LookLikeThoseOfEveryReading) {
   const auto& [name, settings, readings] = GetParam();
   const data::AxisRanges ranges;
-  const graph::ValueArrays values = graph::ValuesOf(readings);
+  const ValueArrays values = ValuesOf(readings);
   const QImage naive =
       Picture([&](DrawingSurface& surface) { DrawNaively(surface, readings, settings, ranges); });
-  const QImage page =
-      Picture([&](DrawingSurface& surface) { DrawCurves(surface, kPlot, values, settings, ranges); });
+  PlotAxes axes;
+  axes.SetScales(ranges, settings.kind, settings.visco_axis);
+  const QImage page = Picture([&](DrawingSurface& surface) {
+    DrawCurveLines(surface, {kPlot, {0, 0, axes.XExtent(), 10000}}, 1, values, settings, axes);
+  });
   const Difference difference = Compare(naive, page);
   EXPECT_GT(difference.inked, 1000);
   EXPECT_LE(difference.clear, difference.inked / 200);
@@ -239,7 +237,7 @@ std::string NameOf(const testing::TestParamInfo<Case>& tested) {
   return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, ReportPictures, testing::ValuesIn(Cases()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Of, CurvePictures, testing::ValuesIn(Cases()), NameOf);
 
 }  // namespace
-}  // namespace quenlor::reports
+}  // namespace quenlor::graph

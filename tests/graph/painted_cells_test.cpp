@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "reports/painted_cells.h"
+#include "graph/painted_cells.h"
 
 #include <set>
 #include <utility>
@@ -8,10 +8,8 @@
 
 #include "tests/graph/random_readings.h"
 
-namespace quenlor::reports {
+namespace quenlor::graph {
 namespace {
-
-using graph::Dice;
 
 TEST(PaintedCells, NothingIsPaintedAtFirst) {
   const PaintedCells cells(1000, 1000, 4);
@@ -104,4 +102,4 @@ TEST(PaintedCells, WhatIsContainedIsContainedDotByDotNearlyEverywhere) {
 }
 
 }  // namespace
-}  // namespace quenlor::reports
+}  // namespace quenlor::graph

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "reports/curve_places.h"
+#include "graph/curve_places.h"
 
 #include <algorithm>
 #include <cmath>
 #include <tuple>
 #include <utility>
 
-namespace quenlor::reports {
+namespace quenlor::graph {
 namespace {
-
-using graph::Index;
-using graph::ValueColumn;
 
 // Joins dots into few lines. A line goes on as long as some straight one from its first dot passes all its
 // dots within 1.5 dots, and none lies behind another. Less would not do: whole dots are off by up to 0.7 of
@@ -89,51 +86,20 @@ class LineJoiner {
 
 }  // namespace
 
-CurvePlaces::CurvePlaces(int width, int height, const graph::ValueArrays& values,
-                         const graph::PlotSettings& settings, const data::AxisRanges& ranges)
-    : width_(width), height_(height), values_(values), settings_(settings), ranges_(ranges) {
-  const bool over_temp = settings.kind == graph::GraphKind::ViscoTemp;
-  x_min_ = over_temp ? ranges.TempMin : ranges.TimeMin;
-  x_max_ = over_temp ? ranges.TempMax : ranges.TimeMax;
-}
-
-bool CurvePlaces::Has(Quantity quantity) const {
-  if (x_min_ == x_max_) return false;
-  if (quantity == Quantity::kTemp)
-    return settings_.kind == graph::GraphKind::ViscoTempTime && ranges_.TempMin != ranges_.TempMax;
-  return settings_.visco_axis == graph::ViscoAxis::Log ? ranges_.ViscoLogMin < ranges_.ViscoLogMax
-                                                       : ranges_.ViscoMin < ranges_.ViscoMax;
-}
-
-int CurvePlaces::ViscoRow(double value) const {
-  if (settings_.visco_axis == graph::ViscoAxis::Log) return DecadeRow(graph::Log10(value));
-  return Place(value, ranges_.ViscoMin, ranges_.ViscoMax, height_, 0);
-}
-
-CurvePlaces::Rows CurvePlaces::RowsOf(Quantity quantity, Index begin, Index end) const {
-  const ValueColumn::Extremes all =
-      (quantity == Quantity::kVisco ? values_.Visco() : values_.Temp()).ExtremesOf(begin, end);
-  int one = 0;
-  int other = 0;
-  if (quantity == Quantity::kTemp) {
-    one = TempRow(all.min);
-    other = TempRow(all.max);
-  } else if (settings_.visco_axis == graph::ViscoAxis::Linear || all.min > 0 || all.max <= 0) {
-    one = ViscoRow(all.min);
-    other = ViscoRow(all.max);
-  } else {
-    // What is not positive stands at decade 0, between the values or beside them.
-    one = DecadeRow(std::min(graph::Log10(all.positive_min), 0.0F));
-    other = DecadeRow(std::max(graph::Log10(all.max), 0.0F));
-  }
-  return {std::max(one, other), std::min(one, other)};
+DotLine CurvePlaces::Upright(Quantity quantity, int column, Index begin, Index end) const {
+  const PlotAxes::Span span = quantity == Quantity::Visco
+                                  ? axes_.ViscoSpan(values_.Visco().ExtremesOf(begin, end))
+                                  : axes_.TempSpan(values_.Temp().ExtremesOf(begin, end));
+  const auto [high, low] = std::minmax({Row(span.from), Row(span.to)});
+  return {{column, high}, {column, low}};
 }
 
 void CurvePlaces::LinesOf(Quantity quantity, Index begin, Index end, bool joined,
                           std::vector<DotLine>& lines) const {
   const ValueColumn& xs = Xs();
   // All that lies out of sight on one side is one column.
-  const auto column_of = [&](double x) { return std::clamp(Column(x), -1, width_ + 1); };
+  const int last_column = static_cast<int>(width_);
+  const auto column_of = [&](double x) { return std::clamp(Column(x), -1, last_column + 1); };
   LineJoiner joiner(lines);
   if (joined) joiner.Add(Of(quantity, begin - 1));
   while (begin < end) {
@@ -145,12 +111,13 @@ void CurvePlaces::LinesOf(Quantity quantity, Index begin, Index end, bool joined
     joiner.Add(first);
     if (stop - begin > 1) {
       const Dot last = Of(quantity, stop - 1);
-      const bool in_sight = column >= 0 && column <= width_;
-      const auto [high, low] = std::minmax(first.y, last.y);
-      const Rows rows = in_sight ? RowsOf(quantity, begin, stop) : Rows{low, high};
-      if (rows.highest < high || rows.lowest > low) {
-        joiner.End();
-        lines.push_back({{column, rows.highest}, {column, rows.lowest}});
+      if (column >= 0 && column <= last_column) {
+        const DotLine all = Upright(quantity, column, begin, stop);
+        const auto [high, low] = std::minmax(first.y, last.y);
+        if (all.from.y < high || all.to.y > low) {
+          joiner.End();
+          lines.push_back(all);
+        }
       }
       joiner.Add(last);
     }
@@ -158,4 +125,4 @@ void CurvePlaces::LinesOf(Quantity quantity, Index begin, Index end, bool joined
   }
 }
 
-}  // namespace quenlor::reports
+}  // namespace quenlor::graph

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "reports/report_curves.h"
+#include "graph/curve_lines.h"
 
 #include <cmath>
 
@@ -10,12 +10,9 @@
 #include "platform/memory/recording_surface.h"
 #include "tests/graph/random_readings.h"
 
-namespace quenlor::reports {
+namespace quenlor::graph {
 namespace {
 
-using graph::Dice;
-using graph::GraphKind;
-using graph::TestReading;
 using platform::PixelRectangle;
 using platform::Point;
 using platform::memory::RecordingSurface;
@@ -28,14 +25,18 @@ constexpr PixelRectangle kPlot{1240, 1039, 7440, 10390};
 
 struct Drawn {
   data::AxisRanges ranges;  // time to 180, viscosity and temperature to 100, two decades
-  graph::PlotSettings settings;
+  PlotSettings settings;
   std::vector<Call> calls;
+  int line_batches = 0;
 
-  void Draw(const std::vector<TestReading>& readings) { Draw(graph::ValuesOf(readings)); }
-  void Draw(const graph::ValueArrays& values) {
+  void Draw(const std::vector<TestReading>& readings) { Draw(ValuesOf(readings)); }
+  void Draw(const ValueArrays& values, const PixelRectangle& plot = kPlot) {
+    PlotAxes axes;
+    axes.SetScales(ranges, settings.kind, settings.visco_axis);
     RecordingSurface surface(9921, 14031, 12.5);
-    DrawCurves(surface, kPlot, values, settings, ranges);
+    DrawCurveLines(surface, {plot, {0, 0, axes.XExtent(), 10000}}, 1, values, settings, axes);
     calls = surface.Calls();
+    line_batches = surface.LineBatches();
   }
   std::vector<Call> Of(Kind kind) const {
     std::vector<Call> wanted;
@@ -52,9 +53,9 @@ struct Drawn {
   }
 };
 
-platform::Rgb Series(std::size_t entry) { return graph::ToRgb(graph::kDefaultColors[entry]); }
+platform::Rgb Series(std::size_t entry) { return ToRgb(kDefaultColors[entry]); }
 
-TEST(ReportCurves, ReadingsAreJoinedByLines) {
+TEST(CurveLines, ReadingsAreJoinedByLines) {
   Drawn drawn;
   drawn.Draw({{1, 0, 0, 20}, {1, 90, 50, 20}, {1, 180, 0, 20}});
   EXPECT_THAT(drawn.Lines(), ElementsAre(platform::Segment{{0, 10390}, {3720, 5195}},
@@ -62,7 +63,7 @@ TEST(ReportCurves, ReadingsAreJoinedByLines) {
   for (const Call& call : drawn.calls) EXPECT_EQ(call.pen.color, Series(1));
 }
 
-TEST(ReportCurves, WhatRunsStraightIsOneLine) {
+TEST(CurveLines, WhatRunsStraightIsOneLine) {
   std::vector<TestReading> readings;
   for (int i = 0; i <= 1000; ++i) readings.push_back({1, 0.18 * i, 0.07 * i, 20});
   Drawn drawn;
@@ -70,7 +71,7 @@ TEST(ReportCurves, WhatRunsStraightIsOneLine) {
   EXPECT_EQ(drawn.Count(Kind::kLine), 1U);
 }
 
-TEST(ReportCurves, RunsAreNotJoinedAndHaveTheColourOfTheirNumber) {
+TEST(CurveLines, RunsAreNotJoinedAndHaveTheColourOfTheirNumber) {
   Drawn drawn;
   drawn.Draw({{1, 0, 10, 0}, {1, 90, 10, 0}, {12, 0, 60, 0}, {12, 90, 60, 0}});
   const auto lines = drawn.Of(Kind::kLine);
@@ -79,13 +80,13 @@ TEST(ReportCurves, RunsAreNotJoinedAndHaveTheColourOfTheirNumber) {
   EXPECT_EQ(lines[1].pen.color, Series(2));
 }
 
-TEST(ReportCurves, RunTenHasColourZero) {
+TEST(CurveLines, RunTenHasColourZero) {
   Drawn drawn;
   drawn.Draw({{10, 0, 10, 0}, {10, 90, 10, 0}});
   EXPECT_EQ(drawn.Of(Kind::kLine).at(0).pen.color, Series(0));
 }
 
-TEST(ReportCurves, TheTemperatureHasAColourOfItsOwnWithOneSeriesOnly) {
+TEST(CurveLines, TheTemperatureHasAColourOfItsOwnWithOneSeriesOnly) {
   Drawn drawn;
   drawn.settings.kind = GraphKind::ViscoTempTime;
   drawn.Draw({{1, 0, 10, 60}, {1, 90, 10, 60}});
@@ -98,14 +99,7 @@ TEST(ReportCurves, TheTemperatureHasAColourOfItsOwnWithOneSeriesOnly) {
   for (const Call& call : drawn.calls) EXPECT_NE(call.pen.color, Series(3));
 }
 
-TEST(ReportCurves, ACurveThatWouldNotShowOnPaperIsBlack) {
-  Drawn drawn;
-  drawn.settings.colors[1] = graph::kWhite;
-  drawn.Draw({{1, 0, 10, 60}, {1, 90, 10, 60}});
-  EXPECT_EQ(drawn.Of(Kind::kLine).at(0).pen.color, graph::ToRgb(graph::kBlack));
-}
-
-TEST(ReportCurves, ThePenIsAsWideAsTheSettingSays) {
+TEST(CurveLines, ThePenIsAsWideAsTheSettingSays) {
   for (const int width : {1, 2}) {
     Drawn drawn;
     drawn.settings.LineWidth = width;
@@ -114,7 +108,7 @@ TEST(ReportCurves, ThePenIsAsWideAsTheSettingSays) {
   }
 }
 
-TEST(ReportCurves, MarkersStandWhereTheSettingSays) {
+TEST(CurveLines, MarkersStandWhereTheSettingSays) {
   std::vector<TestReading> readings;
   for (int run = 1; run <= 2; ++run) {
     for (int i = 0; i < 12; ++i) readings.push_back({run, 10.0 * i, 10.0 * run, 50});
@@ -133,24 +127,27 @@ TEST(ReportCurves, MarkersStandWhereTheSettingSays) {
   }
 }
 
-TEST(ReportCurves, MarkersAreThePartsOfThePlotThatTheyAreOnTheScreen) {
-  const MarkerSizes over_time = MarkersOn(6000, 10000, GraphKind::ViscoTime);
-  EXPECT_DOUBLE_EQ(over_time.circle, 50);
-  EXPECT_DOUBLE_EQ(over_time.cross_across, 40);
-  EXPECT_DOUBLE_EQ(over_time.cross_down, 80);
-  EXPECT_DOUBLE_EQ(MarkersOn(10000, 10000, GraphKind::ViscoTemp).circle, 50);
+TEST(CurveLines, MarkersAreThePartsOfThePlotThatTheyAreOnTheScreen) {
+  Drawn drawn;
+  drawn.settings.kind = GraphKind::ViscoTempTime;
+  drawn.Draw({{1, 0, 10, 60}});
+  const double unit_across = 7440 / 6000.0;
+  const double unit_down = 10390 / 10000.0;
+  EXPECT_DOUBLE_EQ(drawn.Of(Kind::kCircle).at(0).across, 50 * std::sqrt(unit_across * unit_down));
+  EXPECT_DOUBLE_EQ(drawn.Of(Kind::kCross).at(0).across, 40 * unit_across);
+  EXPECT_DOUBLE_EQ(drawn.Of(Kind::kCross).at(0).down, 80 * unit_down);
 }
 
-TEST(ReportCurves, NothingIsDrawnBeyondThePlotButTheEdgesOfMarkers) {
+TEST(CurveLines, NothingIsDrawnBeyondThePlotButTheEdgesOfMarkers) {
   Dice dice(5);
   for (int i = 0; i < 300; ++i) {
     Drawn drawn;
-    drawn.ranges = graph::RandomRanges(dice);
+    drawn.ranges = RandomRanges(dice);
     drawn.settings.kind = std::array{GraphKind::ViscoTime, GraphKind::ViscoTempTime,
                                      GraphKind::ViscoTemp}[static_cast<std::size_t>(i % 3)];
-    drawn.settings.visco_axis = dice.Once(3) ? graph::ViscoAxis::Log : graph::ViscoAxis::Linear;
+    drawn.settings.visco_axis = dice.Once(3) ? ViscoAxis::Log : ViscoAxis::Linear;
     drawn.settings.MarkerEvery = dice.Int(0, 4);
-    drawn.Draw(graph::RandomReadings(dice));
+    drawn.Draw(RandomReadings(dice));
     for (const Call& call : drawn.calls) {
       for (const Point& point : {call.line.from, call.kind == Kind::kLine ? call.line.to : call.line.from}) {
         EXPECT_TRUE(point.x >= 0 && point.x <= kPlot.width && point.y >= 0 && point.y <= kPlot.height)
@@ -160,14 +157,14 @@ TEST(ReportCurves, NothingIsDrawnBeyondThePlotButTheEdgesOfMarkers) {
   }
 }
 
-TEST(ReportCurves, ALineIntoTheDistanceEndsAtTheEdge) {
+TEST(CurveLines, ALineIntoTheDistanceEndsAtTheEdge) {
   Drawn drawn;
   drawn.Draw({{1, 0, 50, 0}, {1, 90, 150, 0}, {1, 180, 50, 0}});
   EXPECT_THAT(drawn.Lines(), ElementsAre(platform::Segment{{0, 5195}, {1860, 0}},
                                          platform::Segment{{5580, 0}, {7440, 5195}}));
 }
 
-TEST(ReportCurves, OnRangesThatSpanNothingThereIsNoCurve) {
+TEST(CurveLines, OnRangesThatSpanNothingThereIsNoCurve) {
   const std::vector<TestReading> readings = {{1, 0, 10, 20}, {1, 90, 60, 40}};
   const auto lines = [&](GraphKind kind, const std::function<void(Drawn&)>& change) {
     Drawn drawn;
@@ -183,15 +180,15 @@ TEST(ReportCurves, OnRangesThatSpanNothingThereIsNoCurve) {
   EXPECT_EQ(lines(GraphKind::ViscoTempTime, [](Drawn& drawn) { drawn.ranges.TempMax = 0; }), 2U);
   EXPECT_EQ(lines(GraphKind::ViscoTime,
                   [](Drawn& drawn) {
-                    drawn.settings.visco_axis = graph::ViscoAxis::Log;
+                    drawn.settings.visco_axis = ViscoAxis::Log;
                     drawn.ranges.ViscoLogMax = 0;
                   }),
             0U);
 }
 
-TEST(ReportCurves, OnTheLogarithmicAxisWhatIsNotPositiveStandsAtDecadeZero) {
+TEST(CurveLines, OnTheLogarithmicAxisWhatIsNotPositiveStandsAtDecadeZero) {
   Drawn drawn;
-  drawn.settings.visco_axis = graph::ViscoAxis::Log;
+  drawn.settings.visco_axis = ViscoAxis::Log;
   drawn.ranges.ViscoLogMin = -1;
   drawn.ranges.ViscoLogMax = 1;
   drawn.Draw({{1, 0, 1, 0}, {1, 60, -5, 0}, {1, 120, 0, 0}, {1, 180, 10, 0}});
@@ -199,7 +196,7 @@ TEST(ReportCurves, OnTheLogarithmicAxisWhatIsNotPositiveStandsAtDecadeZero) {
                                          platform::Segment{{4960, 5195}, {7440, 0}}));
 }
 
-TEST(ReportCurves, AMillionReadingsBecomeSomeThousandLines) {
+TEST(CurveLines, AMillionReadingsBecomeSomeThousandLines) {
   Dice dice(11);
   data::MeasurementTable table;
   constexpr int kReadings = 1'000'000;
@@ -209,8 +206,8 @@ TEST(ReportCurves, AMillionReadingsBecomeSomeThousandLines) {
                                  std::to_string(dice.Int(0, 9999) / 100.0)};
     table.AppendRow(std::vector<std::string_view>(std::begin(cells), std::end(cells)));
   }
-  graph::ValueArrays values;
-  graph::CopyAll(values, table);
+  ValueArrays values;
+  CopyAll(values, table);
   Drawn drawn;
   drawn.settings.MarkerEvery = 4;
   drawn.Draw(values);
@@ -222,7 +219,7 @@ TEST(ReportCurves, AMillionReadingsBecomeSomeThousandLines) {
   EXPECT_LE(drawn.Count(Kind::kLine), 60'000U);
 }
 
-TEST(ReportCurves, RunsThatLieUnderOthersCostNothing) {
+TEST(CurveLines, RunsThatLieUnderOthersCostNothing) {
   Dice dice(12);
   std::vector<TestReading> readings;
   for (int run = 1; run <= 500; ++run) {
@@ -237,22 +234,22 @@ TEST(ReportCurves, RunsThatLieUnderOthersCostNothing) {
   EXPECT_EQ(lines.back().pen.color, Series(0));
 }
 
-TEST(ReportCurves, LinesAreHandedOverInBatches) {
+TEST(CurveLines, LinesAreHandedOverInBatches) {
   std::vector<TestReading> readings;
   for (int i = 0; i < 3000; ++i) readings.push_back({1, 0.06 * i, i % 2 * 80.0, 20});
-  RecordingSurface surface(9921, 14031, 12.5);
-  DrawCurves(surface, kPlot, graph::ValuesOf(readings), {}, {});
-  EXPECT_GT(surface.Calls(Kind::kLine).size(), 2000U);
-  EXPECT_LE(surface.LineBatches(), 2);
+  Drawn drawn;
+  drawn.Draw(readings);
+  EXPECT_GT(drawn.Count(Kind::kLine), 2000U);
+  EXPECT_LE(drawn.line_batches, 2);
 }
 
-TEST(ReportCurves, WithoutReadingsOrRoomNothingIsDrawn) {
-  RecordingSurface surface(9921, 14031, 12.5);
-  DrawCurves(surface, kPlot, graph::ValueArrays(), {}, {});
-  const graph::ValueArrays values = graph::ValuesOf({{1, 0, 10, 20}, {1, 90, 60, 40}});
-  DrawCurves(surface, {0, 0, 0, 50}, values, {}, {});
-  EXPECT_TRUE(surface.Calls().empty());
+TEST(CurveLines, WithoutReadingsOrRoomNothingIsDrawn) {
+  Drawn drawn;
+  drawn.Draw(ValueArrays());
+  EXPECT_TRUE(drawn.calls.empty());
+  drawn.Draw(ValuesOf({{1, 0, 10, 20}, {1, 90, 60, 40}}), {0, 0, 0, 50});
+  EXPECT_TRUE(drawn.calls.empty());
 }
 
 }  // namespace
-}  // namespace quenlor::reports
+}  // namespace quenlor::graph

@@ -7,10 +7,11 @@
 
 #include "graph/graph_math.h"
 
-namespace quenlor::reports {
+namespace quenlor::graph {
 
-// Where a value stands on paper: `value_min` at `position_min`, `value_max` at `position_max`, everything
-// else, also beyond them, on the straight line through both. It places scale numbers and readings.
+// Where a value stands on a page or in a picture: `value_min` at `position_min`, `value_max` at
+// `position_max`, everything else, also beyond them, on the straight line through both. It places scale
+// numbers and readings.
 //
 // The position is finite whatever the numbers are. A range that spans nothing has only one place, its lower
 // end; so has what is not a number.
@@ -21,8 +22,8 @@ inline float MapToPosition(double value, double value_min, double value_max, dou
   const double half = value_max / 2 - value_min / 2;
   const double part = half < 0 || half > 0 ? (value / 2 - value_min / 2) / half : 0;
   const double position = position_min + part * (position_max - position_min);
-  const double known = std::isnan(position) ? graph::Bounded(position_min) : position;
+  const double known = std::isnan(position) ? Bounded(position_min) : position;
   return static_cast<float>(std::clamp(known, -kFarthest, kFarthest));
 }
 
-}  // namespace quenlor::reports
+}  // namespace quenlor::graph

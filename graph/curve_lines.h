@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "graph/plot_axes.h"
+#include "graph/plot_settings.h"
+#include "graph/value_arrays.h"
+#include "platform/drawing_surface.h"
+
+namespace quenlor::graph {
+
+// Draws the curves of all runs for a device that keeps lines: each run's viscosity and, with both curves, its
+// temperature over it, a later run over an earlier one. `plot` lays plot units over a rectangle of the
+// device, where lines end; a marker is whole or, where its reading lies outside, not there.
+//
+// Readings stand on whole dots, each of them `dot` device pixels wide. Everything that can be told apart on
+// these is drawn, and hardly anything else, so that ten million readings make a page of some ten thousand
+// lines: see where it is left out.
+void DrawCurveLines(platform::DrawingSurface& surface, const platform::Viewport& plot, int dot,
+                    const ValueArrays& values, const PlotSettings& settings, const PlotAxes& axes);
+
+}  // namespace quenlor::graph

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "graph/curve_pieces.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <optional>
+#include <utility>
+
+namespace quenlor::graph {
+namespace {
+
+Dot Sum(Dot one, Dot other) { return {one.x + other.x, one.y + other.y}; }
+
+// The part of a line within 0 to `width` and 0 to `height`.
+std::optional<DotLine> Clipped(const DotLine& line, int width, int height) {
+  const auto within = [&](Dot dot) { return dot.x >= 0 && dot.x <= width && dot.y >= 0 && dot.y <= height; };
+  if (within(line.from) && within(line.to)) return line;
+  const double across = line.to.x - line.from.x;
+  const double down = line.to.y - line.from.y;
+  // Parts of the line: where it enters and where it leaves the stripe of each side.
+  double enters = 0;
+  double leaves = 1;
+  const auto stripe = [&](double from, double length, double end) {
+    if (length == 0) return from >= 0 && from <= end;
+    const auto [near, far] = std::minmax({-from / length, (end - from) / length});
+    enters = std::max(enters, near);
+    leaves = std::min(leaves, far);
+    return enters <= leaves;
+  };
+  if (!stripe(line.from.x, across, width) || !stripe(line.from.y, down, height)) return std::nullopt;
+  const auto at = [&](double part) {
+    return Dot{std::clamp(static_cast<int>(std::lround(line.from.x + part * across)), 0, width),
+               std::clamp(static_cast<int>(std::lround(line.from.y + part * down)), 0, height)};
+  };
+  return DotLine{at(enters), at(leaves)};
+}
+
+Dot Around(double x, double y) {
+  return {static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y))};
+}
+
+std::vector<DotLine> CircleOf(double radius) {
+  constexpr int kCorners = 24;
+  const auto corner = [&](int i) {
+    const double angle = 2 * std::numbers::pi * i / kCorners;
+    return Around(radius * std::cos(angle), radius * std::sin(angle));
+  };
+  std::vector<DotLine> circle;
+  for (int i = 0; i < kCorners; ++i) circle.push_back({corner(i), corner(i + 1)});
+  return circle;
+}
+
+std::vector<DotLine> CrossOf(double across, double down) {
+  const Dot half = Around(across, down);
+  return {{{-half.x, -half.y}, half}, {{-half.x, half.y}, {half.x, -half.y}}};
+}
+
+}  // namespace
+
+CurvePieces::CurvePieces(int width, int height, const MarkerSizes& markers, int cell)
+    : width_(width),
+      height_(height),
+      reach_(
+          static_cast<int>(std::ceil(std::max({markers.circle, markers.cross_across, markers.cross_down})))),
+      painted_(Cells(cell)),
+      circles_(Cells(cell)),
+      crosses_(Cells(cell)),
+      circle_(CircleOf(markers.circle)),
+      cross_(CrossOf(markers.cross_across, markers.cross_down)) {}
+
+void CurvePieces::AddLine(const DotLine& line, platform::Rgb color) {
+  const auto seen = Clipped(line, width_, height_);
+  if (!seen) return;
+  const DotLine moved{Moved(seen->from), Moved(seen->to)};
+  if (painted_.Contain(moved)) return;
+  painted_.Add(moved);
+  pieces_.push_back({CurvePiece::Kind::kLine, color, *seen});
+}
+
+void CurvePieces::AddMarker(Quantity quantity, Dot centre, platform::Rgb color) {
+  if (centre.x < 0 || centre.x > width_ || centre.y < 0 || centre.y > height_) return;
+  const bool circle = quantity == Quantity::Visco;
+  PaintedCells& places = circle ? circles_ : crosses_;
+  const Dot at = Moved(centre);
+  // Where there is one already, another one would not be seen.
+  if (places.Contain({at, at})) return;
+  places.Add({at, at});
+  const std::vector<DotLine>& outline = circle ? circle_ : cross_;
+  const auto here = [&](const DotLine& line) { return DotLine{Sum(at, line.from), Sum(at, line.to)}; };
+  if (std::ranges::all_of(outline, [&](const DotLine& line) { return painted_.Contain(here(line)); })) return;
+  for (const DotLine& line : outline) painted_.Add(here(line));
+  pieces_.push_back({circle ? CurvePiece::Kind::kCircle : CurvePiece::Kind::kCross, color, {centre, centre}});
+}
+
+std::vector<CurvePiece> CurvePieces::Take() {
+  std::ranges::reverse(pieces_);
+  return std::move(pieces_);
+}
+
+// Markers reach over the edges of the plot, and so do the cells.
+PaintedCells CurvePieces::Cells(int cell) const {
+  const int width = width_ + 2 * reach_;
+  const int height = height_ + 2 * reach_;
+  // A page of any size has cells enough in two megabytes of each.
+  constexpr int kMostCells = 4096;
+  return {width, height, std::max({1, cell, std::max(width, height) / kMostCells})};
+}
+
+}  // namespace quenlor::graph
