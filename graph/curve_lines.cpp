@@ -2,6 +2,7 @@
 #include "graph/curve_lines.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "graph/curve_pieces.h"
@@ -22,7 +23,7 @@ constexpr std::size_t kMostLinesAtOnce = 4096;
 // Lines of so many readings are looked at together; enough for the joining of them to be worth while.
 constexpr Index kReadingsAtOnce = Index{1} << 16;
 
-// Walks through the runs from the newest back.
+// Walks through the readings from the newest back.
 class CurveReader {
  public:
   CurveReader(const ValueArrays& values, const PlotSettings& settings, const CurvePlaces& places,
@@ -34,38 +35,112 @@ class CurveReader {
     for (std::size_t run = values_.RunOf(values_.Size() - 1) + 1; run-- > 0;) {
       const QuantityColors colors =
           CurveColors(settings_.colors, values_.Runs()[run].number, values_.SeveralSeries());
-      ReadCurve(run, Quantity::Temp, ToRgb(colors.temp));
-      ReadCurve(run, Quantity::Visco, ToRgb(colors.visco));
+      begin_ = values_.Runs()[run].first;
+      end_ = values_.RunEnd(run);
+      ReadRun({Quantity::Visco, ToRgb(colors.visco)}, {Quantity::Temp, ToRgb(colors.temp)});
     }
   }
 
  private:
-  // Lines and markers of a curve have one colour, so it does not matter which of them lies on top; lines
-  // first, for they hide more markers than the other way round.
-  void ReadCurve(std::size_t run, Quantity quantity, Rgb color) {
-    if (!places_.Has(quantity)) return;
-    const Index begin = values_.Runs()[run].first;
-    const Index end = values_.RunEnd(run);
+  struct Curve {
+    Quantity quantity;
+    Rgb color;
+  };
+
+  // Where lines and markers have one colour, it does not matter which of them lies on top; lines first, for
+  // they hide more markers than the other way round.
+  void ReadRun(const Curve& visco, const Curve& temp) {
+    const bool both = places_.Has(Quantity::Visco) && places_.Has(Quantity::Temp);
+    if (both && visco.color != temp.color) return ReadTogether(visco, temp);
+    for (const Curve& curve : {temp, visco}) {
+      if (!places_.Has(curve.quantity)) continue;
+      ReadLines(curve, begin_, end_);
+      ReadMarkers(curve, begin_, end_, 0);
+    }
+  }
+
+  // Two curves of different colours: the newer reading lies on top, and of one reading the temperature. That
+  // shows where they meet; there they are cut into blocks, the newest first, until the curves of a block lie
+  // apart or newer ones hide it.
+  void ReadTogether(const Curve& visco, const Curve& temp) {
+    // The left half of a marker lies where no newer reading hides it, and some older marker stands there.
+    constexpr double kHalf = 0.5;
+    std::vector<std::pair<Index, Index>> apart;
+    VisitBackwards(begin_, end_, ValueColumn::kLevels - 1, [&](Index block, Index block_end) {
+      const bool one = block_end - block == 1;
+      if (!one && Covered(block, block_end)) return true;
+      if (!one && !Apart(block, block_end)) return false;
+      for (const Curve& curve : {temp, visco}) {
+        ReadLines(curve, block, block_end);
+        if (one) ReadMarkers(curve, block, block_end, kHalf);
+      }
+      if (!one) apart.emplace_back(block, block_end);
+      return true;
+    });
+    for (const auto& [begin, end] : apart) {
+      for (const Curve& curve : {temp, visco}) ReadMarkers(curve, begin, end, 0);
+    }
+  }
+
+  void ReadLines(const Curve& curve, Index begin, Index end) {
     for (Index to = end; to > begin;) {
       const Index from = std::max(begin, to - kReadingsAtOnce);
       lines_.clear();
-      places_.LinesOf(quantity, from, to, from > begin, lines_);
-      for (std::size_t i = lines_.size(); i-- > 0;) pieces_.AddLine(lines_[i], color);
+      places_.LinesOf(curve.quantity, from, to, from > begin_, lines_);
+      for (std::size_t i = lines_.size(); i-- > 0;) pieces_.AddLine(lines_[i], curve.color);
       to = from;
     }
-    const Index step = MarkerStep(settings_.MarkerEvery);
-    Index marked = step == 0 ? begin : begin + (end - 1 - begin) / step * step;
-    while (marked > begin) {
-      pieces_.AddMarker(quantity, places_.Of(quantity, marked), color);
-      marked -= step;
+  }
+
+  void ReadMarkers(const Curve& curve, Index begin, Index end, double least_part) {
+    if (!AnyMarker(begin, end)) return;
+    const Index every = MarkerStep(settings_.MarkerEvery);
+    const Index step = std::max<Index>(every, 1);
+    Index marked = every == 0 ? begin_ : end - 1 - (end - 1 - begin_) % step;
+    for (; marked >= begin; marked -= step) {
+      const Dot centre = places_.Of(curve.quantity, marked);
+      pieces_.AddMarker(curve.quantity, centre, curve.color, marked == begin_ ? 0 : least_part);
     }
-    if (begin < end) pieces_.AddMarker(quantity, places_.Of(quantity, begin), color);
+  }
+
+  bool AnyMarker(Index begin, Index end) const {
+    return graph::AnyMarker(settings_.MarkerEvery, begin - begin_, end - begin_);
+  }
+
+  // The lines of a block begin at the reading before it.
+  DotLine UprightOf(Quantity quantity, int column, Index begin, Index end) const {
+    return places_.Upright(quantity, column, std::max(begin - 1, begin_), end);
+  }
+
+  // Whether newer readings hide all lines of both curves and, of their markers, the right halves and more. It
+  // is known of readings in one column.
+  bool Covered(Index begin, Index end) const {
+    const auto [first, last] = places_.Columns(std::max(begin - 1, begin_), end);
+    if (first != last) return false;
+    const int reach = AnyMarker(begin, end) ? pieces_.Reach() : 0;
+    for (const Quantity quantity : {Quantity::Visco, Quantity::Temp}) {
+      const DotLine lines = UprightOf(quantity, first, begin, end);
+      const DotLine markers{{first - reach / 2, lines.from.y - reach},
+                            {first - reach / 2, lines.to.y + reach}};
+      if (!pieces_.Cover(lines) || !pieces_.Cover(markers)) return false;
+    }
+    return true;
+  }
+
+  // Whether neither lines nor markers of the two curves touch.
+  bool Apart(Index begin, Index end) const {
+    const DotLine one = UprightOf(Quantity::Visco, 0, begin, end);
+    const DotLine other = UprightOf(Quantity::Temp, 0, begin, end);
+    const int reach = 2 * pieces_.Reach();
+    return one.to.y + reach < other.from.y || other.to.y + reach < one.from.y;
   }
 
   const ValueArrays& values_;
   const PlotSettings& settings_;
   const CurvePlaces& places_;
   CurvePieces& pieces_;
+  Index begin_ = 0;  // of the run
+  Index end_ = 0;
   std::vector<DotLine> lines_;
 };
 

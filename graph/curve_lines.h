@@ -8,9 +8,9 @@
 
 namespace quenlor::graph {
 
-// Draws the curves of all runs for a device that keeps lines: each run's viscosity and, with both curves, its
-// temperature over it, a later run over an earlier one. `plot` lays plot units over a rectangle of the
-// device, where lines end; a marker is whole or, where its reading lies outside, not there.
+// Draws the curves of all runs for a device that keeps lines. As in a picture of pixels a newer reading lies
+// over an older one, and of one reading the temperature over the viscosity. `plot` lays plot units over a
+// rectangle of the device, where lines end; a marker is whole or, where its reading lies outside, not there.
 //
 // Readings stand on whole dots, each of them `dot` device pixels wide. Everything that can be told apart on
 // these is drawn, and hardly anything else, so that ten million readings make a page of some ten thousand

@@ -52,8 +52,16 @@ std::vector<DotLine> CircleOf(double radius) {
 }
 
 std::vector<DotLine> CrossOf(double across, double down) {
-  const Dot half = Around(across, down);
-  return {{{-half.x, -half.y}, half}, {{-half.x, half.y}, {half.x, -half.y}}};
+  constexpr int kParts = 8;
+  std::vector<DotLine> cross;
+  for (const int turned : {1, -1}) {
+    const auto at = [&](int i) {
+      const double part = 2.0 * i / kParts - 1;
+      return Around(part * across, turned * part * down);
+    };
+    for (int i = 0; i < kParts; ++i) cross.push_back({at(i), at(i + 1)});
+  }
+  return cross;
 }
 
 }  // namespace
@@ -69,6 +77,11 @@ CurvePieces::CurvePieces(int width, int height, const MarkerSizes& markers, int 
       circle_(CircleOf(markers.circle)),
       cross_(CrossOf(markers.cross_across, markers.cross_down)) {}
 
+bool CurvePieces::Cover(const DotLine& line) const {
+  const auto seen = Clipped(line, width_, height_);
+  return !seen || painted_.Contain({Moved(seen->from), Moved(seen->to)});
+}
+
 void CurvePieces::AddLine(const DotLine& line, platform::Rgb color) {
   const auto seen = Clipped(line, width_, height_);
   if (!seen) return;
@@ -78,7 +91,7 @@ void CurvePieces::AddLine(const DotLine& line, platform::Rgb color) {
   pieces_.push_back({CurvePiece::Kind::kLine, color, *seen});
 }
 
-void CurvePieces::AddMarker(Quantity quantity, Dot centre, platform::Rgb color) {
+void CurvePieces::AddMarker(Quantity quantity, Dot centre, platform::Rgb color, double least_part) {
   if (centre.x < 0 || centre.x > width_ || centre.y < 0 || centre.y > height_) return;
   const bool circle = quantity == Quantity::Visco;
   PaintedCells& places = circle ? circles_ : crosses_;
@@ -88,7 +101,9 @@ void CurvePieces::AddMarker(Quantity quantity, Dot centre, platform::Rgb color) 
   places.Add({at, at});
   const std::vector<DotLine>& outline = circle ? circle_ : cross_;
   const auto here = [&](const DotLine& line) { return DotLine{Sum(at, line.from), Sum(at, line.to)}; };
-  if (std::ranges::all_of(outline, [&](const DotLine& line) { return painted_.Contain(here(line)); })) return;
+  const auto seen =
+      std::ranges::count_if(outline, [&](const DotLine& line) { return !painted_.Contain(here(line)); });
+  if (static_cast<double>(seen) <= least_part * static_cast<double>(outline.size())) return;
   for (const DotLine& line : outline) painted_.Add(here(line));
   pieces_.push_back({circle ? CurvePiece::Kind::kCircle : CurvePiece::Kind::kCross, color, {centre, centre}});
 }

@@ -32,8 +32,10 @@ class CurvePieces {
 
   int Reach() const { return reach_; }  // of a marker beyond the plot's edges
 
+  bool Cover(const DotLine& line) const;  // whether nothing of it would be seen
   void AddLine(const DotLine& line, platform::Rgb color);
-  void AddMarker(Quantity quantity, Dot centre, platform::Rgb color);
+  // Nothing where no more than `least_part` of the outline would be seen.
+  void AddMarker(Quantity quantity, Dot centre, platform::Rgb color, double least_part);
 
   std::vector<CurvePiece> Take();  // from below upwards
 

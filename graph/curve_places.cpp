@@ -86,6 +86,11 @@ class LineJoiner {
 
 }  // namespace
 
+std::pair<int, int> CurvePlaces::Columns(Index begin, Index end) const {
+  const ValueColumn::Extremes all = Xs().ExtremesOf(begin, end);
+  return std::minmax({SeenColumn(all.min), SeenColumn(all.max)});
+}
+
 DotLine CurvePlaces::Upright(Quantity quantity, int column, Index begin, Index end) const {
   const PlotAxes::Span span = quantity == Quantity::Visco
                                   ? axes_.ViscoSpan(values_.Visco().ExtremesOf(begin, end))
@@ -97,21 +102,18 @@ DotLine CurvePlaces::Upright(Quantity quantity, int column, Index begin, Index e
 void CurvePlaces::LinesOf(Quantity quantity, Index begin, Index end, bool joined,
                           std::vector<DotLine>& lines) const {
   const ValueColumn& xs = Xs();
-  // All that lies out of sight on one side is one column.
-  const int last_column = static_cast<int>(width_);
-  const auto column_of = [&](double x) { return std::clamp(Column(x), -1, last_column + 1); };
   LineJoiner joiner(lines);
   if (joined) joiner.Add(Of(quantity, begin - 1));
   while (begin < end) {
-    const int column = column_of(xs[begin]);
+    const int column = SeenColumn(xs[begin]);
     const Index stop = xs.StretchEnd(begin + 1, end, [&](const ValueColumn::Extremes& block) {
-      return column_of(block.min) == column && column_of(block.max) == column;
+      return SeenColumn(block.min) == column && SeenColumn(block.max) == column;
     });
     const Dot first = Of(quantity, begin);
     joiner.Add(first);
     if (stop - begin > 1) {
       const Dot last = Of(quantity, stop - 1);
-      if (column >= 0 && column <= last_column) {
+      if (column >= 0 && column <= width_) {
         const DotLine all = Upright(quantity, column, begin, stop);
         const auto [high, low] = std::minmax(first.y, last.y);
         if (all.from.y < high || all.to.y > low) {

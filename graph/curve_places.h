@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "graph/map_to_position.h"
@@ -36,6 +38,12 @@ class CurvePlaces {
   // for the rounding to dots, is one line.
   void LinesOf(Quantity quantity, Index begin, Index end, bool joined, std::vector<DotLine>& lines) const;
 
+  // The columns in which these readings stand, the first one and the last one. All that lies out of sight on
+  // one side is one column.
+  std::pair<int, int> Columns(Index begin, Index end) const;
+  // From the highest to the lowest of these readings in that column.
+  DotLine Upright(Quantity quantity, int column, Index begin, Index end) const;
+
  private:
   const ValueColumn& Xs() const {
     return axes_.Kind() == GraphKind::ViscoTemp ? values_.Temp() : values_.Time();
@@ -43,12 +51,10 @@ class CurvePlaces {
   int Column(double value) const {
     return Whole(MapToPosition(axes_.X(value), units_.left, units_.left + units_.width, 0, width_));
   }
+  int SeenColumn(double value) const { return std::clamp(Column(value), -1, static_cast<int>(width_) + 1); }
   int Row(double y) const {
     return Whole(MapToPosition(y, units_.top, units_.top + units_.height, 0, height_));
   }
-  // The rows of all these readings: the first dot is the highest one.
-  DotLine Upright(Quantity quantity, int column, Index begin, Index end) const;
-
   static int Whole(float place) { return static_cast<int>(place < 0 ? place - 0.5F : place + 0.5F); }
 
   const ValueArrays& values_;

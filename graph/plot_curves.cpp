@@ -220,10 +220,7 @@ PixelRows CurvePainter::RowsOf(const Segment& upright) const {
 }
 
 bool CurvePainter::AnyMarker(Index begin, Index end) const {
-  const Index step = MarkerStep(settings_.MarkerEvery);
-  if (step == 0) return begin <= run_begin_;
-  const Index place = begin - run_begin_;
-  return begin + (step - place % step) % step < end;
+  return graph::AnyMarker(settings_.MarkerEvery, begin - run_begin_, end - run_begin_);
 }
 
 bool CurvePainter::Apart(PixelRows one, PixelRows other) const {

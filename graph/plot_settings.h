@@ -52,4 +52,11 @@ inline bool HasMarker(int marker_every, Index place) {
   return step == 0 ? place == 0 : place % step == 0;
 }
 
+// Whether one of the points from that place up to, not including, `end` has a marker.
+inline bool AnyMarker(int marker_every, Index place, Index end) {
+  const Index step = MarkerStep(marker_every);
+  if (step == 0) return place <= 0;
+  return place + (step - place % step) % step < end;
+}
+
 }  // namespace quenlor::graph
