@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "graph/plot.h"
 
+#include <algorithm>
+
+#include "graph/curve_lines.h"
 #include "graph/plot_curves.h"
 
 namespace quenlor::graph {
@@ -21,7 +24,11 @@ void Plot::Fig(DrawingSurface& surface, const PlotLayout& layout) const {
   DrawPicture1(surface, picture1, layout);
   DrawBackground(surface, picture2);
   DrawGrid(surface, picture2);
-  DrawCurves(surface, picture2);
+  if (surface.KeepsLines()) {
+    DrawKeptCurves(surface, picture2);
+  } else {
+    DrawCurves(surface, picture2);
+  }
 }
 
 void Plot::DrawPicture1(DrawingSurface& surface, const PixelRectangle& area, const PlotLayout& layout) const {
@@ -43,6 +50,13 @@ void Plot::DrawGrid(DrawingSurface& surface, const PixelRectangle& area) const {
 void Plot::DrawCurves(DrawingSurface& surface, const PixelRectangle& area, Row first_row) const {
   if (!EnterPlot(surface, area)) return;
   CurvePainter(values_, axes_, settings_, surface).PaintRows(first_row - 1, values_.Size());
+}
+
+void Plot::DrawKeptCurves(DrawingSurface& surface, const PixelRectangle& area) const {
+  if (area.Empty()) return;
+  // A quarter of a pixel, and of the thinnest line's width: what is finer is not seen, and would fill files.
+  const int dot = std::max(1, static_cast<int>(surface.PenScale() / 4));
+  DrawCurveLines(surface, {area, axes_.PlotUnits()}, dot, values_, settings_, axes_);
 }
 
 void Plot::PlotRow(DrawingSurface& surface, const PixelRectangle& area, Row row) const {

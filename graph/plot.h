@@ -28,7 +28,8 @@ class Plot {
   const PlotSettings& Settings() const { return settings_; }
   const PlotAxes& Axes() const { return axes_; }
 
-  // Everything, on the whole surface; the layout is that of a Picture1 of so many twips.
+  // Everything, on the whole surface; the layout is that of a Picture1 of so many twips. Where lines are
+  // kept, curves are drawn by as few as leave the same picture.
   void Fig(platform::DrawingSurface& surface, const PlotLayout& layout) const;
 
   // Picture1's own part: background and legend.
@@ -47,6 +48,7 @@ class Plot {
  private:
   friend class KeptPlot;
 
+  void DrawKeptCurves(platform::DrawingSurface& surface, const platform::PixelRectangle& area) const;
   void SetScales() { axes_.SetScales(ranges_, settings_.kind, settings_.visco_axis); }
   bool EnterPlot(platform::DrawingSurface& surface, const platform::PixelRectangle& area) const;
 

@@ -42,6 +42,10 @@ class DrawingSurface {
   virtual PixelRectangle Whole() const = 0;  // of the device, from 0, 0
   virtual double PenScale() const = 0;       // device pixels of a pen of width 1
 
+  // Whether lines are kept as lines (on paper, in PDF and SVG files) and not as the pixels that they paint:
+  // there, a line that others hide costs as much as they do.
+  virtual bool KeepsLines() const = 0;
+
   virtual void SetViewport(const Viewport& viewport) = 0;
   virtual const Viewport& CurrentViewport() const = 0;
   virtual void SetPen(const Pen& pen) = 0;  // for everything but Clear; a text takes its colour

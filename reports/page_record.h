@@ -29,6 +29,7 @@ class PageRecord : public platform::DrawingSurface {
 
   platform::PixelRectangle Whole() const override { return whole_; }
   double PenScale() const override { return platform::kPageDotsPerPen; }
+  bool KeepsLines() const override { return true; }
   void SetViewport(const platform::Viewport& viewport) override;
   const platform::Viewport& CurrentViewport() const override { return viewport_; }
   void SetPen(const platform::Pen& pen) override;

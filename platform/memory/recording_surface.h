@@ -34,6 +34,8 @@ class RecordingSurface : public DrawingSurface {
 
   PixelRectangle Whole() const override { return whole_; }
   double PenScale() const override { return pen_scale_; }
+  bool KeepsLines() const override { return keeps_lines_; }
+  void SetKeepsLines() { keeps_lines_ = true; }  // it counts as a surface of pixels otherwise
   void SetViewport(const Viewport& viewport) override { viewport_ = viewport; }
   const Viewport& CurrentViewport() const override { return viewport_; }
   void SetPen(const Pen& pen) override { pen_ = pen; }
@@ -55,6 +57,7 @@ class RecordingSurface : public DrawingSurface {
 
   PixelRectangle whole_;
   double pen_scale_;
+  bool keeps_lines_ = false;
   Viewport viewport_;
   Pen pen_;
   std::vector<Call> calls_;

@@ -24,6 +24,7 @@ class QtDrawingSurface final : public DrawingSurface {
 
   PixelRectangle Whole() const override { return {0, 0, size_.width(), size_.height()}; }
   double PenScale() const override { return pen_scale_; }
+  bool KeepsLines() const override { return painter_.isActive() && !PaintsPixels(); }
   void SetViewport(const Viewport& viewport) override;
   const Viewport& CurrentViewport() const override { return viewport_; }
   void SetPen(const Pen& pen) override;

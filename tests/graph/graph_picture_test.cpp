@@ -6,6 +6,7 @@
 
 #include "platform/memory/recording_surface.h"
 #include "tests/graph/opened_file.h"
+#include "tests/graph/random_readings.h"
 
 namespace quenlor::graph {
 namespace {
@@ -83,6 +84,57 @@ TEST(GraphPicture, LegendTextsHaveTheColoursOfTheirRuns) {
       EXPECT_EQ(call.pen.color, ToRgb(color));
     }
   }
+}
+
+// A graph of that many pixels on a surface that keeps lines, ten dots to a pixel.
+RecordingSurface Kept(const OpenedFile& file, const PlotSettings& look, data::AxisRanges ranges) {
+  RecordingSurface surface(12000, 8000, 10);
+  surface.SetKeepsLines();
+  Plot plot(file.graph.Values());
+  plot.Set(look, ranges);
+  DrawGraphPicture(surface, plot, CaptionsOf(file.document, file.graph));
+  return surface;
+}
+
+TEST(GraphPicture, WhereLinesAreKeptTheirNumberFollowsThePictureAndNotTheReadings) {
+  Dice dice(3);
+  std::string text = "No.,Time,Viscosity,Unit1,Temp\n";
+  for (int i = 0; i < 200'000; ++i) {
+    text += "1," + std::to_string(i) + "," + std::to_string(dice.Int(20, 80)) + ",mPa.s," +
+            std::to_string(dice.Int(20, 80)) + "\n";
+  }
+  const OpenedFile file(text, "noise.csv");
+  for (const GraphKind kind : {GraphKind::ViscoTime, GraphKind::ViscoTempTime, GraphKind::ViscoTemp}) {
+    PlotSettings look;
+    look.kind = kind;
+    const auto kept = Kept(file, look, file.document.Ranges());
+    EXPECT_LT(kept.Calls(Kind::kLine).size(), 50'000U);
+    EXPECT_GT(kept.Calls(Kind::kLine).size(), 2'000U);
+  }
+}
+
+TEST(GraphPicture, WhereLinesAreKeptNoneOfThemLeavesThePlot) {
+  const OpenedFile file(kFile, "oil.csv");
+  data::AxisRanges ranges = file.document.Ranges();
+  ranges.TimeMin = 20;  // both readings lie outside
+  ranges.TimeMax = 40;
+  ranges.ViscoMax = 52;
+  const RecordingSurface kept = Kept(file, {}, ranges);
+  const platform::PixelRectangle plot =
+      PlotLayout(1200 * 15, 800 * 15).Picture2Pixels(platform::PixelRectangle{0, 0, 12000, 8000});
+  int lines = 0;
+  for (const auto& call : kept.Calls(Kind::kLine)) {
+    for (const platform::Point& end : {call.line.from, call.line.to}) {
+      EXPECT_TRUE(call.viewport.DeviceX(end.x) >= plot.left &&
+                  call.viewport.DeviceX(end.x) <= plot.left + plot.width &&
+                  call.viewport.DeviceY(end.y) >= plot.top &&
+                  call.viewport.DeviceY(end.y) <= plot.top + plot.height)
+          << testing::PrintToString(call);
+    }
+    lines += call.pen.color == ToRgb(kDefaultColors[1]);
+  }
+  EXPECT_EQ(lines, 1);
+  EXPECT_TRUE(kept.Calls(Kind::kCircle).empty());
 }
 
 TEST(GraphPicture, APictureWithoutAPixelGetsNothing) {
