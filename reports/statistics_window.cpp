@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "reports/statistics_window.h"
 
-#include <QApplication>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QHBoxLayout>
@@ -15,22 +14,19 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/busy_pointer.h"
 #include "platform/qt/grid_view.h"
+#include "platform/qt/qt_busy_pointer.h"
 #include "platform/qt/to_qstring.h"
 #include "reports/statistics_widths.h"
 
 namespace quenlor::reports {
 namespace {
 
-constexpr int kWidestRowTitle = 400;  // pixels; the cells beside it are to be seen
+using platform::BusyPointer;
+using platform::qt::ShowBusyPointer;
 
-class BusyPointer {
- public:
-  BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~BusyPointer() { QApplication::restoreOverrideCursor(); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-};
+constexpr int kWidestRowTitle = 400;  // pixels; the cells beside it are to be seen
 
 }  // namespace
 
@@ -139,7 +135,7 @@ void StatisticsWindow::ConnectHandlers() {
 void StatisticsWindow::Show(StatisticsTable table, std::string file_name, std::string date) {
   hide();
   {
-    const BusyPointer busy;
+    const BusyPointer busy(ShowBusyPointer);
     auto content = std::make_shared<Content>();
     content->table = std::move(table);
     content->file_name = std::move(file_name);
@@ -209,14 +205,14 @@ void StatisticsWindow::Print_Click() {
   std::optional<BusyPointer> busy;
   PrintStatistics(printer_, content->Sheet(), content->sizes, [&] {
     if (!window || !window->isVisible()) return false;
-    busy.emplace();
+    busy.emplace(ShowBusyPointer);
     return true;
   });
   if (window) printing_ = false;
 }
 
 void StatisticsWindow::Copy_Click() {
-  const BusyPointer busy;
+  const BusyPointer busy(ShowBusyPointer);
   clipboard_.Clear();
   clipboard_.SetText(ClipboardText(content_->Sheet()));
 }
