@@ -8,17 +8,15 @@
 
 namespace quenlor::platform {
 
-// What the line tells its listener. Codes below 11 other than kReceive are notifications that need no answer.
+// What the line tells its listener. Other codes below 11 than kReceive are notifications that need no answer,
+// those above are errors.
 namespace comm_event {
-inline constexpr int kSend = 1;
 inline constexpr int kReceive = 2;  // characters wait in Input
 inline constexpr int kBreak = 1001;
 inline constexpr int kFraming = 1004;
 inline constexpr int kOverrun = 1006;
 inline constexpr int kReceiveOverflow = 1008;
 inline constexpr int kParity = 1009;
-inline constexpr int kTransmitFull = 1010;
-inline constexpr int kBadSettings = 1011;
 inline constexpr int kPortGone = 1012;  // the device disappeared; told once, the port is closed by then
 }  // namespace comm_event
 

@@ -102,10 +102,9 @@ QString SuffixOf(const QString& name_filter) {
 
 }  // namespace
 
-QtDialogs::QtDialogs(std::function<QWidget*()> parent, const std::string& folder)
-    : parent_(std::move(parent)), folder_(QString::fromStdString(folder)) {
-  if (folder_.isEmpty()) folder_ = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-}
+QtDialogs::QtDialogs(std::function<QWidget*()> parent)
+    : parent_(std::move(parent)),
+      folder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {}
 
 Answer QtDialogs::Show(const MessageBox& box) {
   const OnScreen message(new QMessageBox(parent_()));

@@ -13,10 +13,10 @@ namespace quenlor::platform::qt {
 
 // Boxes on the screen, modal to the window that `parent` names at the time (none: to the whole application).
 //
-// File boxes open in the folder of the file chosen last, at first in `folder` (none: the documents folder).
+// File boxes open in the folder of the file chosen last, at first in the user's documents.
 class QtDialogs : public Dialogs {
  public:
-  explicit QtDialogs(std::function<QWidget*()> parent, const std::string& folder = {});
+  explicit QtDialogs(std::function<QWidget*()> parent);
 
   Answer Show(const MessageBox& box) override;
   std::optional<std::string> OpenFile(const std::string& filter) override;

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileSystemModel>
@@ -46,6 +47,24 @@ void WhenOpen(std::function<void(Box&)> act) {
   poll->start(2);
 }
 
+// A user who has nothing but an empty folder for documents.
+class Home {
+ public:
+  Home() {
+    qputenv("HOME", folder_.path().toUtf8());
+    QDir().mkpath(Documents());
+  }
+  ~Home() { qputenv("HOME", home_before_); }
+  Home(const Home&) = delete;
+  Home& operator=(const Home&) = delete;
+
+  QString Documents() const { return folder_.filePath(QStringLiteral("Documents")); }
+
+ private:
+  const QByteArray home_before_ = qgetenv("HOME");
+  QTemporaryDir folder_;
+};
+
 class QtDialogsTest : public testing::Test {
  protected:
   QtDialogsTest() {
@@ -53,7 +72,7 @@ class QtDialogsTest : public testing::Test {
     window_.show();
   }
   void SetUp() override {
-    ASSERT_TRUE(folder_.isValid());
+    ASSERT_TRUE(folder_.exists());
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
   }
 
@@ -101,8 +120,9 @@ class QtDialogsTest : public testing::Test {
   }
 
   QWidget window_;
-  QTemporaryDir folder_;
-  qt::QtDialogs dialogs_{[this] { return &window_; }, folder_.path().toStdString()};
+  Home home_;
+  QDir folder_{home_.Documents()};
+  qt::QtDialogs dialogs_{[this] { return &window_; }};
 };
 
 TEST_F(QtDialogsTest, EveryButtonGivesItsAnswer) {
@@ -315,6 +335,16 @@ TEST_F(QtDialogsTest, RefusingToOverwriteLeavesTheBoxOpen) {
   });
   EXPECT_EQ(dialogs_.SaveFile("x.csv", kCsvOrAll), Path("tuesday.csv"));
   EXPECT_TRUE(still_open);
+}
+
+TEST_F(QtDialogsTest, TheFirstBoxOpensInTheUsersDocuments) {
+  QString opened;
+  WhenOpen<QFileDialog>([&opened](QFileDialog& dialog) {
+    opened = dialog.directory().absolutePath();
+    dialog.reject();
+  });
+  dialogs_.OpenFile(kCsvOrAll);
+  EXPECT_EQ(opened, home_.Documents());
 }
 
 TEST_F(QtDialogsTest, TheNextBoxOpensInTheFolderOfTheFileChosenLast) {
