@@ -41,9 +41,11 @@ class Dialogs {
 
   // A path, or nothing when the operator cancels. `filter` is "caption|pattern|caption|pattern…".
   virtual std::optional<std::string> OpenFile(const std::string& filter) = 0;
-  // The same for saving, with `name` preset and a question before an existing file is overwritten. With a
-  // filter of one suffix chosen ("*.csv"), a name without a suffix gets that suffix.
-  virtual std::optional<std::string> SaveFile(const std::string& name, const std::string& filter) = 0;
+  // The same for saving, with `name` preset, in `folder` (empty: where a file was chosen last), and a
+  // question before an existing file is overwritten. With a filter of one suffix chosen ("*.csv"), a name
+  // that ends otherwise gets that suffix.
+  virtual std::optional<std::string> SaveFile(const std::string& folder, const std::string& name,
+                                              const std::string& filter) = 0;
 };
 
 }  // namespace quenlor::platform

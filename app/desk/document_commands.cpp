@@ -83,6 +83,7 @@ void DocumentCommands::ReadDataFile(const std::string& path) {
   auto bytes = session_.Files().Read(path);
   if (!bytes.ok()) return view_.Say(bytes.failure().text);
   Load(path, std::move(bytes.value()));
+  folder_ = FolderOf(path);
 }
 
 void DocumentCommands::Load(const std::string& path, std::string bytes) {
@@ -91,12 +92,13 @@ void DocumentCommands::Load(const std::string& path, std::string bytes) {
 }
 
 void DocumentCommands::Save() {
-  const auto path = dialogs_.SaveFile(session_.Document().FileName(), kFilter);
+  const auto path = dialogs_.SaveFile(folder_, session_.Document().FileName(), kFilter);
   if (!path) return;
   const platform::BusyPointer busy([this](bool on) { view_.Busy(on); });
   const auto failed = session_.Save(*path);
   if (failed) return view_.Say(failed->text);
   session_.Document().Saved(NameWithoutFolder(*path));
+  folder_ = FolderOf(*path);
   session_.Settings().SaveSettings();
   view_.Say("Saved " + *path + (session_.Document().CommasDivide() ? std::string("; ") + kCommasDivide : ""));
 }

@@ -49,6 +49,7 @@ class DocumentCommands : private data::DocumentListener {
   link::Measurement& measurement_;
   platform::Dialogs& dialogs_;
   DocumentCommandsView& view_;
+  std::string folder_;  // of the file that was opened or saved last
 };
 
 }  // namespace quenlor::app

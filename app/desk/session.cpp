@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/desk/session.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "data/data_file.h"
@@ -47,13 +48,27 @@ std::string FileDate(const platform::FileSystem& files, const std::string& path)
   return modified.ok() ? data::DateTimeText(modified.value()) : std::string();
 }
 
-std::string NameWithoutFolder(const std::string& path) {
+namespace {
+
+std::size_t LastSlash(const std::string& path) {
 #ifdef _WIN32
-  const std::size_t slash = path.find_last_of("/\\");
+  return path.find_last_of("/\\");
 #else
-  const std::size_t slash = path.find_last_of('/');
+  return path.find_last_of('/');
 #endif
+}
+
+}  // namespace
+
+std::string NameWithoutFolder(const std::string& path) {
+  const std::size_t slash = LastSlash(path);
   return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = LastSlash(path);
+  if (slash == std::string::npos) return ".";
+  return path.substr(0, std::max<std::size_t>(slash, 1));
 }
 
 }  // namespace quenlor::app

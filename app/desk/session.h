@@ -71,7 +71,8 @@ class Session {
 // When the disk says that the file was written; empty when it says nothing.
 std::string FileDate(const platform::FileSystem& files, const std::string& path);
 
-// The last part of a path.
+// The last part of a path, and what stands before it: "." for a bare name.
 std::string NameWithoutFolder(const std::string& path);
+std::string FolderOf(const std::string& path);
 
 }  // namespace quenlor::app

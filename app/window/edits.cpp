@@ -23,10 +23,15 @@ void Edits::Grid1_KeyDown(const platform::qt::GridView& Grid1, int KeyCode) {
       !data::MayDelete(document.Grid1(), rows.Row, rows.RowSel, rows.Col, rows.ColSel))
     return;
   commands_.Run([&] {
+    const std::string before = status_.Told();
+    status_.Say(rows.Row == rows.RowSel ? "Row " + std::to_string(rows.Row) + " is to be deleted"
+                                        : "Rows " + std::to_string(rows.Row) + " to " +
+                                              std::to_string(rows.RowSel) + " are to be deleted");
     const auto answer = dialogs_.Show({.text = "Delete Data ?",
                                        .buttons = platform::Buttons::kOkCancel,
                                        .icon = platform::Icon::kQuestion,
                                        .default_answer = platform::Answer::kCancel});
+    status_.Say(before);
     if (answer == platform::Answer::kOk) document.RemoveRows(rows.Row, rows.RowSel);
   });
 }

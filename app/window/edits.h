@@ -7,6 +7,7 @@
 
 #include "app/desk/session.h"
 #include "app/window/one_at_a_time.h"
+#include "app/window/status_line.h"
 #include "link/measurement.h"
 #include "platform/dialogs.h"
 #include "platform/qt/grid_view.h"
@@ -19,11 +20,12 @@ class Edits {
  public:
   // `limit_entered` is told when a limit may have taken its axis from the automatic scaling.
   Edits(Session& session, const link::Measurement& measurement, platform::Dialogs& dialogs,
-        OneAtATime& commands, std::function<void()> limit_entered, QWidget* window)
+        OneAtATime& commands, StatusLine& status, std::function<void()> limit_entered, QWidget* window)
       : session_(session),
         measurement_(measurement),
         dialogs_(dialogs),
         commands_(commands),
+        status_(status),
         limit_entered_(std::move(limit_entered)),
         window_(window) {}
 
@@ -42,6 +44,7 @@ class Edits {
   const link::Measurement& measurement_;
   platform::Dialogs& dialogs_;
   OneAtATime& commands_;
+  StatusLine& status_;
   std::function<void()> limit_entered_;
   QWidget* window_;
 };

@@ -4,6 +4,7 @@
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include "app/window/named.h"
@@ -21,14 +22,19 @@ GraphChoices::GraphChoices(Session& session, QWidget* parent) : QWidget(parent),
 }
 
 void GraphChoices::ConnectHandlers() {
-  connect(Check2, &QCheckBox::clicked, this, &GraphChoices::Check2_Click);
-  connect(Check3, &QCheckBox::clicked, this, &GraphChoices::Check3_Click);
-  connect(Check4, &QCheckBox::clicked, this, &GraphChoices::Check4_Click);
-  for (int i = 0; i < 3; ++i)
-    connect(Option1[static_cast<std::size_t>(i)], &QRadioButton::clicked, this,
-            [this, i] { Option1_Click(i); });
-  for (QRadioButton* option : Option2)
-    connect(option, &QRadioButton::clicked, this, &GraphChoices::Option2_Click);
+  connect(Check2, &QCheckBox::toggled, this, &GraphChoices::Check2_Click);
+  connect(Check3, &QCheckBox::toggled, this, &GraphChoices::Check3_Click);
+  connect(Check4, &QCheckBox::toggled, this, &GraphChoices::Check4_Click);
+  for (int i = 0; i < 3; ++i) {
+    connect(Option1[static_cast<std::size_t>(i)], &QRadioButton::toggled, this, [this, i](bool chosen) {
+      if (chosen) Option1_Click(i);
+    });
+  }
+  for (QRadioButton* option : Option2) {
+    connect(option, &QRadioButton::toggled, this, [this](bool chosen) {
+      if (chosen) Option2_Click();
+    });
+  }
 }
 
 void GraphChoices::Check2_Click() {
@@ -60,6 +66,7 @@ void GraphChoices::Option2_Click() {
 // "Standard" and "Fine" count only for a viscosity axis that scales by itself.
 void GraphChoices::ShowChoices() {
   const graph::AutoScaling& scaling = session_.Graph().Scaling();
+  const QSignalBlocker quiet[] = {QSignalBlocker(Check2), QSignalBlocker(Check3), QSignalBlocker(Check4)};
   Check2->setChecked(scaling.Check2);
   Check3->setChecked(scaling.Check3);
   Check4->setChecked(scaling.Check4);

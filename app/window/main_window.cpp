@@ -5,6 +5,7 @@
 #include <QDragEnterEvent>
 #include <QHBoxLayout>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QUrl>
@@ -38,7 +39,8 @@ MainWindow::MainWindow(const MainWindowPorts& ports)
           *new GraphPane(session_.Document(), session_.Graph(), session_.List(), session_.Colors(), this)),
       halves_(*new TableAndGraph(&tables_, &Picture1, this)),
       edits_(
-          session_, measurement_, ports.dialogs, commands_, [this] { choices_.ShowChoices(); }, this),
+          session_, measurement_, ports.dialogs, commands_, status_, [this] { choices_.ShowChoices(); },
+          this),
       reports_(
           session_,
           {ports.printer, ports.clipboard, ports.dialogs, ports.measurement.loop,
@@ -73,7 +75,10 @@ void MainWindow::BuildWindow() {
   layout->addWidget(&halves_, 1);
   setCentralWidget(centre);
   statusBar()->addWidget(&status_, 1);
-  resize(1200, 760);
+  // With its frame it is to fit the screen, which is small where everything is shown enlarged.
+  constexpr QSize kUsual(1200, 760);
+  constexpr QSize kFrame(8, 48);
+  resize(kUsual.boundedTo(screen()->availableSize() - kFrame));
 }
 
 void MainWindow::ConnectHandlers() {

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -40,10 +41,10 @@ void MeasurePanel::ConnectHandlers() {
   connect(Command1, &QPushButton::clicked, this, &MeasurePanel::Command1_Click);
   connect(Command2, &QPushButton::clicked, this, &MeasurePanel::Command2_Click);
   connect(Combo1, &QComboBox::currentTextChanged, this, &MeasurePanel::Combo1_Change);
-  connect(Check1, &QCheckBox::clicked, this, &MeasurePanel::Check1_Click);
-  connect(Check5, &QCheckBox::clicked, this, &MeasurePanel::Check5_Click);
-  connect(Text1, &QLineEdit::textEdited, this, &MeasurePanel::Text1_Change);
-  connect(Text2, &QLineEdit::textEdited, this, &MeasurePanel::Text2_Change);
+  connect(Check1, &QCheckBox::toggled, this, &MeasurePanel::Check1_Click);
+  connect(Check5, &QCheckBox::toggled, this, &MeasurePanel::Check5_Click);
+  connect(Text1, &QLineEdit::textChanged, this, &MeasurePanel::Text1_Change);
+  connect(Text2, &QLineEdit::textChanged, this, &MeasurePanel::Text2_Change);
 }
 
 void MeasurePanel::LoadCommandList() {
@@ -94,6 +95,8 @@ void MeasurePanel::Text2_Change() {
 
 void MeasurePanel::ShowChoices() {
   const data::SettingsList& list = session_.List();
+  const QSignalBlocker quiet[] = {QSignalBlocker(Check1), QSignalBlocker(Check5), QSignalBlocker(Text1),
+                                  QSignalBlocker(Text2)};
   Check1->setChecked(list.Index(setting::kRepeat) == 1);
   Check5->setChecked(list.Index(setting::kAutoStop) == 1);
   Text2->setText(ToQString(list[setting::kRepeatSeconds]));
@@ -104,8 +107,12 @@ void MeasurePanel::StateChanged() {
   const bool running = measurement_.Running();
   const bool stopping = measurement_.Stopping();
   Command1->setText(running ? QStringLiteral("Stop") : QStringLiteral("Start"));
-  // A button that is disabled loses the focus; whoever works by keyboard finds it where it was.
-  had_focus_ = had_focus_ || (stopping && Command1->hasFocus());
+  // A button that is disabled loses the focus, and the box beside it would take whatever is typed. Whoever
+  // works by keyboard finds it where it was.
+  if (stopping && Command1->hasFocus()) {
+    had_focus_ = true;
+    setFocus();
+  }
   Command1->setEnabled(!stopping);
   Command2->setEnabled(running && !stopping);
   if (!stopping && std::exchange(had_focus_, false)) Command1->setFocus();
@@ -140,10 +147,9 @@ void MeasurePanel::ClearReceivedData() {
 }
 
 void MeasurePanel::BuildButtons() {
-  Command1 =
-      Named(new QPushButton(QStringLiteral("Start"), this), "Command1", tr("Start or stop the measurement"),
-            tr("Opens the port and begins a measurement, or ends it"));
-  Command2 = Named(new QPushButton(QStringLiteral("Command"), this), "Command2", tr("Send the command"),
+  Command1 = Named(new QPushButton(QStringLiteral("Start"), this), "Command1", QString(),
+                   tr("Opens the port and begins a measurement, or ends it"));
+  Command2 = Named(new QPushButton(QStringLiteral("Command"), this), "Command2", QString(),
                    tr("Sends the command to the instrument, while a measurement runs"));
   Combo1 = Named(new QComboBox(this), "Combo1", tr("Command Data"),
                  tr("The command for the button, for Start and for repeat requests; any text may be typed"));

@@ -56,7 +56,9 @@ std::optional<std::string> ScriptedDialogs::OpenFile(const std::string& filter) 
   return NextPath("open a file");
 }
 
-std::optional<std::string> ScriptedDialogs::SaveFile(const std::string& name, const std::string& filter) {
+std::optional<std::string> ScriptedDialogs::SaveFile(const std::string& folder, const std::string& name,
+                                                     const std::string& filter) {
+  folders_.push_back(folder);
   names_.push_back(name);
   filters_.push_back(filter);
   return NextPath("save as " + name);

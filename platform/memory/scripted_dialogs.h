@@ -24,11 +24,13 @@ class ScriptedDialogs : public Dialogs {
 
   platform::Answer Show(const MessageBox& box) override;
   std::optional<std::string> OpenFile(const std::string& filter) override;
-  std::optional<std::string> SaveFile(const std::string& name, const std::string& filter) override;
+  std::optional<std::string> SaveFile(const std::string& folder, const std::string& name,
+                                      const std::string& filter) override;
 
   const std::vector<MessageBox>& Boxes() const { return boxes_; }
   std::vector<std::string> Texts() const;                               // of Boxes()
   const std::vector<std::string>& Names() const { return names_; }      // that SaveFile proposed
+  const std::vector<std::string>& Folders() const { return folders_; }  // where
   const std::vector<std::string>& Filters() const { return filters_; }  // of every file box
   const std::vector<std::string>& Unexpected() const { return unexpected_; }
 
@@ -51,6 +53,7 @@ class ScriptedDialogs : public Dialogs {
   std::deque<FileStep> paths_;
   std::vector<MessageBox> boxes_;
   std::vector<std::string> names_;
+  std::vector<std::string> folders_;
   std::vector<std::string> filters_;
   std::vector<std::string> unexpected_;
 };

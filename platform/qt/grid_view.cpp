@@ -2,35 +2,56 @@
 #include "platform/qt/grid_view.h"
 
 #include <QAbstractButton>
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOptionHeader>
 #include <algorithm>
+#include <utility>
 
 namespace quenlor::platform::qt {
 namespace {
 
 constexpr int kFittedRows = 64;  // of a burst only the last rows are measured; texts of a run are much alike
 constexpr int kFittedColumns = 256;  // wider tables are not read by eye
+constexpr int kFittedUnseen = 120;   // pixels, while the view has no width yet
 constexpr int kCellMargins = 15;
 constexpr int kHeaderMargins = 23;
 
-// Column 0: a style shades a header's colour as it likes, but one that the model tells has a meaning.
-class ColoredHeader : public QHeaderView {
+// A header whose every pixel answers, and of whose buttons only the left one edits. A style shades a header's
+// colour as it likes, but one that the model tells has a meaning.
+class GridHeader : public QHeaderView {
  public:
-  explicit ColoredHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
+  GridHeader(Qt::Orientation orientation, QWidget* parent) : QHeaderView(orientation, parent) {
     setSectionsClickable(true);
-    setHighlightSections(true);
+    setHighlightSections(orientation == Qt::Vertical);
   }
 
  protected:
+  // Between two sections lies a zone for resizing them, in which a click does nothing else. Rows are of one
+  // height.
+  void mousePressEvent(QMouseEvent* event) override {
+    const int section = logicalIndexAt(event->position().toPoint());
+    if (orientation() == Qt::Horizontal || section < 0) return QHeaderView::mousePressEvent(event);
+    const QPointF middle(event->position().x(),
+                         sectionViewportPosition(section) + sectionSize(section) / 2.0);
+    QMouseEvent moved(event->type(), middle, event->scenePosition(), event->globalPosition(), event->button(),
+                      event->buttons(), event->modifiers(), event->pointingDevice());
+    QHeaderView::mousePressEvent(&moved);
+  }
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    if (event->button() == Qt::LeftButton) QHeaderView::mouseDoubleClickEvent(event);
+  }
+
   void paintSection(QPainter* painter, const QRect& rect, int section) const override {
     const auto told = [&](int role) { return model()->headerData(section, Qt::Vertical, role); };
-    const QVariant background = told(Qt::BackgroundRole);
+    const QVariant background = orientation() == Qt::Vertical ? told(Qt::BackgroundRole) : QVariant();
     if (!background.isValid()) return QHeaderView::paintSection(painter, rect, section);
     painter->save();
     painter->fillRect(rect, background.value<QColor>());
@@ -49,7 +70,8 @@ GridView::GridView(GridTable* table, const QString& name, const QString& title, 
     : QTableView(parent), table_(table) {
   setObjectName(name);
   setAccessibleName(title);
-  setVerticalHeader(new ColoredHeader(this));
+  setVerticalHeader(new GridHeader(Qt::Vertical, this));
+  setHorizontalHeader(new GridHeader(Qt::Horizontal, this));
   setModel(table);
   setSelectionMode(ContiguousSelection);
   setEditTriggers(NoEditTriggers);
@@ -60,7 +82,6 @@ GridView::GridView(GridTable* table, const QString& name, const QString& title, 
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   // Texts that are too long for a header's first glance must not decide how wide it is.
   horizontalHeader()->setMaximumSectionSize(kWidestColumn);
@@ -69,7 +90,10 @@ GridView::GridView(GridTable* table, const QString& name, const QString& title, 
   corner_ = findChild<QAbstractButton*>();
   if (corner_ != nullptr) corner_->installEventFilter(this);
   connect(this, &QTableView::doubleClicked, this, &GridView::Grid_DblClick);
-  connect(verticalHeader(), &QHeaderView::sectionDoubleClicked, this, &GridView::Grid_DblClick);
+  connect(verticalHeader(), &QHeaderView::sectionDoubleClicked, this, [this](int row) {
+    selectRow(row);
+    emit Grid_DblClick();
+  });
   connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &GridView::Grid_DblClick);
   connect(table, &QAbstractItemModel::headerDataChanged, this, [this](Qt::Orientation orientation) {
     if (orientation == Qt::Horizontal) FitTitles();
@@ -111,14 +135,52 @@ GridSelection GridView::Selection() const {
   return result;
 }
 
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) QTableView::mouseDoubleClickEvent(event);
+}
+
+// Texts were fitted before there was a width to share.
+void GridView::showEvent(QShowEvent* event) {
+  QTableView::showEvent(event);
+  if (std::exchange(fitted_, true)) return;
+  FitTitles();
+  FitNewRows(0);
+}
+
 void GridView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Delete) {
     emit Grid_KeyDown(46);
+  } else if (event->matches(QKeySequence::Copy)) {
+    QGuiApplication::clipboard()->setText(SelectedText());
   } else if (event->key() == Qt::Key_F2) {
     emit Grid_DblClick();
   } else {
     QTableView::keyPressEvent(event);
   }
+}
+
+// Whole rows begin with column 0, whole columns with their titles.
+QString GridView::SelectedText() const {
+  const GridSelection cells = Selection();
+  if (cells.Row == 0) return {};
+  const bool whole_rows = cells.Col == 1 && cells.ColSel == table_->columnCount();
+  const bool whole_columns = cells.Row == 1 && cells.RowSel == table_->rowCount();
+  const auto text = [this](std::int64_t row, int col) {
+    const int at = static_cast<int>(row);
+    if (row == 0)
+      return col == 0 ? table_->CornerTitle() : table_->headerData(col - 1, Qt::Horizontal).toString();
+    if (col == 0) return table_->headerData(at - 1, Qt::Vertical).toString();
+    return table_->index(at - 1, col - 1).data().toString();
+  };
+  QString block;
+  for (std::int64_t row = whole_columns ? 0 : cells.Row; row <= cells.RowSel; ++row) {
+    for (int col = whole_rows ? 0 : cells.Col; col <= cells.ColSel; ++col) {
+      if (col > (whole_rows ? 0 : cells.Col)) block += QLatin1Char('\t');
+      block += text(row, col);
+    }
+    block += QLatin1Char('\n');
+  }
+  return block;
 }
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
@@ -142,7 +204,12 @@ void GridView::PaintCorner() {
 }
 
 void GridView::FitColumnWidth(int column, int width) {
-  if (width > columnWidth(column)) setColumnWidth(column, std::min(width, kWidestColumn));
+  if (width > columnWidth(column)) setColumnWidth(column, std::min(width, WidestFit()));
+}
+
+// One line of noise must not push the other columns out of reach.
+int GridView::WidestFit() const {
+  return isVisible() ? std::max(viewport()->width() / 3, kFittedUnseen) : kFittedUnseen;
 }
 
 void GridView::FitNewRows(int first) {

@@ -32,7 +32,8 @@ struct GridSelection {
 // A grid on the screen, to be looked at and selected in. Its vertical header is column 0 of the table, each
 // section in the colours that the model has for it: a click there selects the rest of the row.
 //
-// Columns are widened to the texts of the titles and of new rows, and never narrowed.
+// Columns are widened to the texts of the titles and of new rows, to a third of the view at most, and never
+// narrowed. Ctrl+C copies the selected block, cells divided by tabs.
 class GridView : public QTableView {
   Q_OBJECT
 
@@ -53,16 +54,21 @@ class GridView : public QTableView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void PaintCorner();
+  QString SelectedText() const;
+  int WidestFit() const;
   void FitColumnWidth(int column, int width);
   void FitNewRows(int first);
   void FitTitles();
 
   GridTable* table_;
   QWidget* corner_ = nullptr;
+  bool fitted_ = false;  // to the width that it is shown with
 };
 
 }  // namespace quenlor::platform::qt

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/qt_dialogs.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -100,6 +101,25 @@ QString SuffixOf(const QString& name_filter) {
   return plain ? suffix : QString();
 }
 
+// A name gets the suffix of the filter before the box asks about an existing file. A dot in it ("batch 1.5")
+// begins no suffix.
+class SaveDialog : public QFileDialog {
+ public:
+  using QFileDialog::QFileDialog;
+
+  void accept() override {
+    auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const QString suffix = SuffixOf(selectedNameFilter());
+    if (edit != nullptr && !suffix.isEmpty()) {
+      const QString name = edit->text();
+      const bool has_it = name.endsWith(QLatin1Char('.') + suffix, Qt::CaseInsensitive);
+      const bool is_folder = name.isEmpty() || QFileInfo(directory().absoluteFilePath(name)).isDir();
+      if (!has_it && !is_folder) edit->setText(name + QLatin1Char('.') + suffix);
+    }
+    QFileDialog::accept();
+  }
+};
+
 }  // namespace
 
 QtDialogs::QtDialogs(std::function<QWidget*()> parent)
@@ -127,14 +147,15 @@ Answer QtDialogs::Show(const MessageBox& box) {
 
 std::optional<std::string> QtDialogs::OpenFile(const std::string& filter) {
   auto* dialog = new QFileDialog(parent_());
-  Prepare(*dialog, filter);
+  Prepare(*dialog, folder_, filter);
   dialog->setFileMode(QFileDialog::ExistingFile);
   return Run(dialog);
 }
 
-std::optional<std::string> QtDialogs::SaveFile(const std::string& name, const std::string& filter) {
-  auto* dialog = new QFileDialog(parent_());
-  Prepare(*dialog, filter);
+std::optional<std::string> QtDialogs::SaveFile(const std::string& folder, const std::string& name,
+                                               const std::string& filter) {
+  auto* dialog = new SaveDialog(parent_());
+  Prepare(*dialog, folder.empty() ? folder_ : QDir(QString::fromStdString(folder)).absolutePath(), filter);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setFileMode(QFileDialog::AnyFile);
   dialog->selectFile(QString::fromStdString(name));
@@ -142,20 +163,15 @@ std::optional<std::string> QtDialogs::SaveFile(const std::string& name, const st
     edit->setFocus();
     edit->selectAll();  // typing replaces the proposal
   }
-
-  // The box itself adds it, before it asks about an existing file.
-  const auto follow_filter = [dialog] { dialog->setDefaultSuffix(SuffixOf(dialog->selectedNameFilter())); };
-  QObject::connect(dialog, &QFileDialog::filterSelected, dialog, follow_filter);
-  follow_filter();
   return Run(dialog);
 }
 
-void QtDialogs::Prepare(QFileDialog& dialog, const std::string& filter) const {
+void QtDialogs::Prepare(QFileDialog& dialog, const QString& folder, const std::string& filter) const {
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
   dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
   MakeModal(dialog);
   dialog.setNameFilters(NameFilters(filter));
-  dialog.setDirectory(folder_);
+  dialog.setDirectory(folder);
 }
 
 std::optional<std::string> QtDialogs::Run(QFileDialog* dialog) {

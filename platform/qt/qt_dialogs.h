@@ -20,10 +20,11 @@ class QtDialogs : public Dialogs {
 
   Answer Show(const MessageBox& box) override;
   std::optional<std::string> OpenFile(const std::string& filter) override;
-  std::optional<std::string> SaveFile(const std::string& name, const std::string& filter) override;
+  std::optional<std::string> SaveFile(const std::string& folder, const std::string& name,
+                                      const std::string& filter) override;
 
  private:
-  void Prepare(QFileDialog& dialog, const std::string& filter) const;
+  void Prepare(QFileDialog& dialog, const QString& folder, const std::string& filter) const;
   std::optional<std::string> Run(QFileDialog* dialog);
 
   std::function<QWidget*()> parent_;

@@ -2,6 +2,8 @@
 #include "platform/qt/grid_view.h"
 
 #include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -172,7 +174,8 @@ TEST_F(GridViewTest, KeysAndDoubleClicksAreTold) {
 }
 
 TEST_F(GridViewTest, ColumnsGrowWithTheirTextsAndNeverShrink) {
-  const QString wide(80, u'8');
+  view.resize(1200, 400);
+  const QString wide(20, u'8');
   table.Grow({"2", "00:00:01", wide});
   view.Sync();
   const int width = view.columnWidth(1);
@@ -181,12 +184,61 @@ TEST_F(GridViewTest, ColumnsGrowWithTheirTextsAndNeverShrink) {
   EXPECT_EQ(view.columnWidth(1), width);
 }
 
-TEST_F(GridViewTest, TitlesAreShownInFullUpToAWidthThatNobodyReads) {
-  const QString title(40, u'W');
-  table.Rename(1, title);
-  EXPECT_GT(view.columnWidth(0), view.horizontalHeader()->fontMetrics().horizontalAdvance(title));
-  table.Rename(1, QString(100'000, u'W'));
-  EXPECT_EQ(view.columnWidth(0), GridView::kWidestColumn);
+TEST_F(GridViewTest, OneLongTextLeavesTheOtherColumnsInReach) {
+  view.resize(1200, 400);
+  table.Grow({"2", "00:00:01", QString(1000, u'8')});
+  view.Sync();
+  EXPECT_EQ(view.columnWidth(1), view.viewport()->width() / 3);
+  table.Rename(1, QString(1000, u'W'));
+  EXPECT_EQ(view.columnWidth(0), view.viewport()->width() / 3);
+}
+
+TEST_F(GridViewTest, EveryPixelOfARunNumberSelectsItsRow) {
+  QHeaderView* header = view.verticalHeader();
+  for (int row = 0; row < 2; ++row) {
+    for (int y = 0; y < header->sectionSize(row); ++y) {
+      view.clearSelection();
+      const QPoint at(4, header->sectionViewportPosition(row) + y);
+      QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
+      ASSERT_EQ(view.Selection().Row, row + 1) << y;
+      ASSERT_EQ(view.Selection().RowSel, row + 1) << y;
+    }
+  }
+}
+
+TEST_F(GridViewTest, ADoubleClickOnARunNumberIsAboutThatRow) {
+  QSignalSpy double_clicks(&view, &GridView::Grid_DblClick);
+  Click(0, 1);
+  QHeaderView* header = view.verticalHeader();
+  const QPoint edge(4, header->sectionViewportPosition(1));
+  QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, edge);
+  EXPECT_EQ(double_clicks.count(), 1);
+  EXPECT_EQ(view.Selection().Row, 2);
+}
+
+TEST_F(GridViewTest, OnlyTheLeftButtonEdits) {
+  QSignalSpy double_clicks(&view, &GridView::Grid_DblClick);
+  for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+    QTest::mouseDClick(view.verticalHeader()->viewport(), button, {}, QPoint(4, 8));
+    QTest::mouseDClick(view.horizontalHeader()->viewport(), button, {}, QPoint(8, 8));
+    QTest::mouseDClick(view.viewport(), button, {}, QPoint(8, 8));
+  }
+  EXPECT_EQ(double_clicks.count(), 0);
+}
+
+TEST_F(GridViewTest, CopyPutsTheSelectedBlockOnTheClipboard) {
+  view.selectRow(0);
+  QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+  const QString row = QGuiApplication::clipboard()->text();
+  EXPECT_EQ(row.count(u'\t'), 2) << row.toStdString();
+  EXPECT_TRUE(row.startsWith(table.headerData(0, Qt::Vertical, Qt::DisplayRole).toString() + u'\t'));
+
+  QHeaderView* titles = view.horizontalHeader();
+  QTest::mouseClick(titles->viewport(), Qt::LeftButton, {},
+                    {titles->sectionViewportPosition(1) + titles->sectionSize(1) / 2, 5});
+  QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("Visco\n")))
+      << QGuiApplication::clipboard()->text().toStdString();
 }
 
 TEST_F(GridViewTest, TheNewestRowComesIntoViewAndTheSelectionStays) {

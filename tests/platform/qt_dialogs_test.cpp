@@ -274,7 +274,7 @@ TEST_F(QtDialogsTest, SavingProposesTheNameReadyToBeTypedOver) {
     EXPECT_TRUE(QTest::qWaitFor([&dialog] { return NameEdit(dialog).hasFocus(); }, 5000));
     Accept(dialog);
   });
-  EXPECT_EQ(dialogs_.SaveFile("run 1.csv", kCsvOrAll), Path("run 1.csv"));
+  EXPECT_EQ(dialogs_.SaveFile("", "run 1.csv", kCsvOrAll), Path("run 1.csv"));
 }
 
 std::function<void(QFileDialog&)> Type(const QString& name,
@@ -291,22 +291,24 @@ std::function<void(QFileDialog&)> Type(const QString& name,
   };
 }
 
-TEST_F(QtDialogsTest, ANameWithoutASuffixGetsTheOneOfTheFilter) {
+TEST_F(QtDialogsTest, ANameThatEndsOtherwiseGetsTheSuffixOfTheFilter) {
   WhenOpen<QFileDialog>(Type(QStringLiteral("monday")));
-  EXPECT_EQ(dialogs_.SaveFile("x.csv", kCsvOrAll), Path("monday.csv"));
-  WhenOpen<QFileDialog>(Type(QStringLiteral("monday.dat")));
-  EXPECT_EQ(dialogs_.SaveFile("x.csv", kCsvOrAll), Path("monday.dat"));
+  EXPECT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), Path("monday.csv"));
+  WhenOpen<QFileDialog>(Type(QStringLiteral("batch 1.5")));
+  EXPECT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), Path("batch 1.5.csv"));
+  WhenOpen<QFileDialog>(Type(QStringLiteral("monday.CSV")));
+  EXPECT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), Path("monday.CSV"));
 }
 
 TEST_F(QtDialogsTest, WithTheFilterOfAllFilesANameStaysAsTyped) {
   WhenOpen<QFileDialog>(Type(QStringLiteral("monday"), [](QFileDialog& dialog) { ChooseFilter(dialog, 1); }));
-  EXPECT_EQ(dialogs_.SaveFile("x.csv", kCsvOrAll), Path("monday"));
+  EXPECT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), Path("monday"));
 
   WhenOpen<QFileDialog>(Type(QStringLiteral("tuesday"), [](QFileDialog& dialog) {
     ChooseFilter(dialog, 1);
     ChooseFilter(dialog, 0);
   }));
-  EXPECT_EQ(dialogs_.SaveFile("x.csv", kCsvOrAll), Path("tuesday.csv"));
+  EXPECT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), Path("tuesday.csv"));
 }
 
 TEST_F(QtDialogsTest, TheOverwriteQuestionIsAboutTheFinalName) {
@@ -319,7 +321,7 @@ TEST_F(QtDialogsTest, TheOverwriteQuestionIsAboutTheFinalName) {
     });
     Type(QStringLiteral("monday"))(dialog);
   });
-  EXPECT_EQ(dialogs_.SaveFile("x.csv", kCsvOrAll), Path("monday.csv"));
+  EXPECT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), Path("monday.csv"));
   EXPECT_TRUE(question.contains(QStringLiteral("monday.csv"))) << question.toStdString();
 }
 
@@ -333,7 +335,7 @@ TEST_F(QtDialogsTest, RefusingToOverwriteLeavesTheBoxOpen) {
     still_open = dialog.isVisible();
     Type(QStringLiteral("tuesday.csv"))(dialog);
   });
-  EXPECT_EQ(dialogs_.SaveFile("x.csv", kCsvOrAll), Path("tuesday.csv"));
+  EXPECT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), Path("tuesday.csv"));
   EXPECT_TRUE(still_open);
 }
 
@@ -351,7 +353,7 @@ TEST_F(QtDialogsTest, TheNextBoxOpensInTheFolderOfTheFileChosenLast) {
   ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("week 7")));
   const QString chosen = folder_.filePath(QStringLiteral("week 7/a.csv"));
   WhenOpen<QFileDialog>(Type(chosen));
-  ASSERT_EQ(dialogs_.SaveFile("x.csv", kCsvOrAll), chosen.toStdString());
+  ASSERT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), chosen.toStdString());
 
   QString opened;
   WhenOpen<QFileDialog>([&opened](QFileDialog& dialog) {
@@ -362,13 +364,24 @@ TEST_F(QtDialogsTest, TheNextBoxOpensInTheFolderOfTheFileChosenLast) {
   EXPECT_EQ(opened, folder_.filePath(QStringLiteral("week 7")));
 }
 
+TEST_F(QtDialogsTest, ASaveBoxOpensInTheFolderThatIsAskedFor) {
+  ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("week 8")));
+  QString opened;
+  WhenOpen<QFileDialog>([&opened](QFileDialog& dialog) {
+    opened = dialog.directory().absolutePath();
+    dialog.reject();
+  });
+  dialogs_.SaveFile(Path("week 8"), "x.csv", kCsvOrAll);
+  EXPECT_EQ(opened, folder_.filePath(QStringLiteral("week 8")));
+}
+
 TEST_F(QtDialogsTest, CancellingForgetsNothing) {
   QString opened;
   WhenOpen<QFileDialog>([](QFileDialog& dialog) {
     dialog.setDirectory(QDir::rootPath());
     QTest::keyClick(&dialog, Qt::Key_Escape);
   });
-  EXPECT_EQ(dialogs_.SaveFile("x.csv", kCsvOrAll), std::nullopt);
+  EXPECT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), std::nullopt);
   WhenOpen<QFileDialog>([&opened](QFileDialog& dialog) {
     opened = dialog.directory().absolutePath();
     dialog.reject();

@@ -20,7 +20,7 @@ TEST(ScriptedDialogs, AnswersInTheOrderTold) {
 
   EXPECT_EQ(dialogs.Show({.text = "one", .buttons = Buttons::kYesNo}), Answer::kYes);
   EXPECT_EQ(dialogs.Show({.text = "two", .buttons = Buttons::kOkCancel}), Answer::kCancel);
-  EXPECT_EQ(dialogs.SaveFile("name.csv", kCsvOrAll), "/data/µ.csv");
+  EXPECT_EQ(dialogs.SaveFile("", "name.csv", kCsvOrAll), "/data/µ.csv");
   EXPECT_EQ(dialogs.OpenFile("all|*.*"), std::nullopt);
 
   EXPECT_THAT(dialogs.Texts(), ElementsAre("one", "two"));
@@ -32,7 +32,7 @@ TEST(ScriptedDialogs, AnswersInTheOrderTold) {
 TEST(ScriptedDialogs, ABoxNobodyExpectedGetsTheCautiousAnswerAndIsKept) {
   memory::ScriptedDialogs dialogs;
   EXPECT_EQ(dialogs.Show({.text = "overwrite?", .buttons = Buttons::kYesNo}), Answer::kNo);
-  EXPECT_EQ(dialogs.SaveFile("a.csv", kCsvOrAll), std::nullopt);
+  EXPECT_EQ(dialogs.SaveFile("", "a.csv", kCsvOrAll), std::nullopt);
   EXPECT_THAT(dialogs.Unexpected(), ElementsAre("overwrite?", "save as a.csv"));
   EXPECT_FALSE(dialogs.AsScripted());
 }

@@ -91,6 +91,21 @@ TEST_F(DocumentCommandsTest, SaveWritesTheDocumentAndTakesItsName) {
   EXPECT_EQ(said.back(), "Saved /data/run.csv");
 }
 
+TEST_F(DocumentCommandsTest, SaveProposesTheFolderThatTheDocumentCameFrom) {
+  files.Put("/data/week 7/a.csv", "No.,Time\r\n1,0\r\n");
+  commands.ReadDataFile("/data/week 7/a.csv");
+  dialogs.Cancel();
+  commands.Save();
+  EXPECT_EQ(dialogs.Folders().back(), "/data/week 7");
+  EXPECT_EQ(dialogs.Names().back(), "a.csv") << "the name stays bare";
+
+  dialogs.Path("/data/other/b.csv");
+  commands.Save();
+  dialogs.Cancel();
+  commands.Save();
+  EXPECT_EQ(dialogs.Folders().back(), "/data/other");
+}
+
 TEST_F(DocumentCommandsTest, AFailedSaveLeavesTheReadingsUnsaved) {
   commands.New();
   Measure({"1,2,3,4"});

@@ -94,6 +94,12 @@ TEST_F(SessionTest, NewColoursAreKeptAndShown) {
   EXPECT_EQ(view.figs, 1);
 }
 
+TEST(FolderOf, IsWhatStandsBeforeTheLastSlash) {
+  EXPECT_EQ(FolderOf("/a/b.csv"), "/a");
+  EXPECT_EQ(FolderOf("/b.csv"), "/");
+  EXPECT_EQ(FolderOf("b.csv"), ".");
+}
+
 TEST(NameWithoutFolder, IsWhatFollowsTheLastSlash) {
   EXPECT_EQ(NameWithoutFolder("/a/b.csv"), "b.csv");
   EXPECT_EQ(NameWithoutFolder("b.csv"), "b.csv");

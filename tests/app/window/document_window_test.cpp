@@ -119,7 +119,7 @@ TEST_F(DocumentWindowTest, NewClearsTheDocumentTheReceivedDataAndKeepsAnOwnTempl
   Choose("mNew");
   EXPECT_EQ(Readings(), "");
   EXPECT_EQ(window->Document().Grid1().TextMatrix(0, 2), "Eta");
-  EXPECT_EQ(window->Document().FieldSeparator(), ',') << "the Decimal Point menu's, not the template's";
+  EXPECT_EQ(window->Document().FieldSeparator(), ';') << "the template's, until the menu says otherwise";
   EXPECT_EQ(Find<QLineEdit>("Text3")->text(), "");
   EXPECT_EQ(Find<QLineEdit>("Text3")->toolTip(), "");
   EXPECT_EQ(File("New.txt"), "No.;Time;Eta\r\n");

@@ -379,5 +379,13 @@ TEST_F(GraphWindowTest, AnEmptyDocumentHasAPictureInEveryKindOnBothAxes) {
   EXPECT_EQ(Text("Label5[3]"), "100");
 }
 
+TEST_F(GraphWindowTest, ChoicesOfTheGraphAnswerAToggleThatIsNoClick) {
+  Open();
+  Find<QRadioButton>("Option1[2]")->toggle();
+  EXPECT_TRUE(WaitFor([&] { return !Shown("Label7[3]"); })) << "no time axis";
+  Find<QCheckBox>("Check3")->toggle();
+  EXPECT_FALSE(Find<QRadioButton>("Option2[0]")->isEnabled());
+}
+
 }  // namespace
 }  // namespace quenlor::app

@@ -250,5 +250,43 @@ TEST_F(MeasurementWindowTest, APastedLineEndDoesNotReachTheInstrument) {
   EXPECT_EQ(MSComm1.TakeSent(), "QM\r\n");
 }
 
+TEST_F(MeasurementWindowTest, SpaceTwiceOnStopLeavesTheCommandAsItIs) {
+  Open();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  auto* command = Find<QComboBox>("Combo1");
+  const QString text = command->currentText();
+  Start();
+  Find<QPushButton>("Command1")->setFocus();
+  loop.during_wait = [&] {
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_FALSE(QApplication::focusWidget()->inherits("QLineEdit"))
+        << "what is typed now would be a command";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  };
+  QTest::keyClick(Find<QPushButton>("Command1"), Qt::Key_Space);
+  EXPECT_FALSE(Running());
+  EXPECT_EQ(command->currentText(), text);
+}
+
+TEST_F(MeasurementWindowTest, BoxesAnswerAToggleThatIsNoClickAndATextThatIsNotTyped) {
+  Open();
+  const bool before = Find<QCheckBox>("Check5")->isChecked();
+  Find<QCheckBox>("Check5")->toggle();  // as assistive technology does
+  EXPECT_EQ(Setting(setting::kAutoStop), before ? "0" : "1");
+  Find<QLineEdit>("Text1")->setText(QStringLiteral("12"));
+  Find<QCheckBox>("Check1")->toggle();  // saves
+  EXPECT_EQ(Setting(setting::kAutoStopMinutes), "12");
+}
+
+TEST_F(MeasurementWindowTest, ButtonsAreCalledByTheirCaptions) {
+  Open();
+  for (const char* name : {"Command1", "Command2"}) {
+    auto* button = Find<QPushButton>(name);
+    EXPECT_TRUE(button->accessibleName().isEmpty()) << "the caption is the name";
+    EXPECT_FALSE(button->accessibleDescription().isEmpty());
+  }
+}
+
 }  // namespace
 }  // namespace quenlor::app

@@ -3,6 +3,7 @@
 
 #include <QRadioButton>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/app/window/window_test.h"
@@ -136,7 +137,8 @@ TEST_F(OptionWindowTest, CommaIsShownFromTheNextReadingOnAndLeavesTheGraphAlone)
   EXPECT_TRUE(Becomes("Label10[1]", "No.1\n11,5"));
   EXPECT_TRUE(PictureChanges(before));
   Pick("mPoint", "DP[0]");
-  EXPECT_EQ(window->Document().FieldSeparator(), ';') << "a document with commas keeps its separator";
+  EXPECT_EQ(window->Document().FieldSeparator(), ',') << "as the menu says";
+  EXPECT_THAT(Find<QLabel>("Status")->text().toStdString(), testing::HasSubstr("some fields hold \",\""));
 }
 
 TEST_F(OptionWindowTest, ViscoDataShowsAnotherColumnOnAxisCurveLegendAndDisplayTable) {

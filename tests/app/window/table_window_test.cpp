@@ -110,5 +110,23 @@ TEST_F(TableWindowTest, AMillionReadingsAndStillNoWaiting) {
   EXPECT_EQ(window->Document().Grid1().TextMatrix(1'001'000, 0), "2");
 }
 
+TEST_F(TableWindowTest, TheStatusLineSaysWhichRowsAreToBeDeleted) {
+  Open();
+  Start();
+  for (const char* line : {"1", "2", "3"}) Reading(line);
+  ShowRows(4);
+  const QString before = Find<QLabel>("Status")->text();
+  const auto expect = [this](const char* text) {
+    return [this, text] { EXPECT_EQ(Find<QLabel>("Status")->text(), text); };
+  };
+  SelectRows(1, 2);
+  dialogs.Answer(Answer::kCancel, expect("Rows 2 to 3 are to be deleted"));
+  QTest::keyClick(Find<GridView>("Grid1"), Qt::Key_Delete);
+  EXPECT_EQ(Find<QLabel>("Status")->text(), before);
+  SelectRows(0, 0);
+  dialogs.Answer(Answer::kCancel, expect("Row 1 is to be deleted"));
+  QTest::keyClick(Find<GridView>("Grid1"), Qt::Key_Delete);
+}
+
 }  // namespace
 }  // namespace quenlor::app
