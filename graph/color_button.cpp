@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "graph/screen_color.h"
+
 namespace quenlor::graph {
 
 ColorButton::ColorButton(const QString& caption, const QString& name, QWidget* parent)
@@ -29,8 +31,8 @@ void ColorButton::paintEvent(QPaintEvent* /*event*/) {
     const auto inner = [this](int by) { return QRegion(rect().adjusted(by, by, -by, -by)); };
     for (const QRect& side : inner(inset) - inner(inset + width)) painter.fillRect(side, color);
   };
-  const QColor ink = ToScreen(ReadableOn(back_));
-  painter.fillRect(rect(), ToScreen(back_));
+  const QColor ink = ToQColor(ReadableOn(back_));
+  painter.fillRect(rect(), ToQColor(back_));
 
   // The edge tells the patch from a window of the same colour; it is strong under the pointer.
   QColor edge = palette().color(QPalette::WindowText);

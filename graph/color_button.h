@@ -31,6 +31,4 @@ class ColorButton : public QPushButton {
   Color back_;
 };
 
-inline QColor ToScreen(Color color) { return {color.Red(), color.Green(), color.Blue()}; }
-
 }  // namespace quenlor::graph

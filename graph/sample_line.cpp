@@ -4,7 +4,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 
-#include "graph/color_button.h"
+#include "graph/screen_color.h"
 
 namespace quenlor::graph {
 
@@ -30,9 +30,9 @@ void SampleLine::SetBackColor(Color color) {
 
 void SampleLine::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.fillRect(rect(), ToScreen(back_));
+  painter.fillRect(rect(), ToQColor(back_));
   const int margin = fontMetrics().averageCharWidth();
-  painter.fillRect(margin, (height() - width_) / 2, width() - 2 * margin, width_, ToScreen(color_));
+  painter.fillRect(margin, (height() - width_) / 2, width() - 2 * margin, width_, ToQColor(color_));
 }
 
 }  // namespace quenlor::graph

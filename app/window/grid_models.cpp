@@ -5,8 +5,12 @@
 #include <limits>
 
 #include "data/text_number.h"
+#include "graph/screen_color.h"
 
 namespace quenlor::app {
+
+using graph::ToQColor;
+
 namespace {
 
 int ToCount(data::Document::Row rows) {
@@ -14,8 +18,6 @@ int ToCount(data::Document::Row rows) {
 }
 
 }  // namespace
-
-QColor ToQColor(graph::Color color) { return {color.Red(), color.Green(), color.Blue()}; }
 
 GridModel::GridModel(data::Document& document, const graph::ColorSettings& colors, QObject* parent)
     : GridTable(parent), document_(document), colors_(colors) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QColor>
 #include <optional>
 
 #include "data/document.h"
@@ -116,7 +115,5 @@ class Grid4Model : public GridModel {
  private:
   bool latest_changed_ = false;
 };
-
-QColor ToQColor(graph::Color color);
 
 }  // namespace quenlor::app

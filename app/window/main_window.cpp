@@ -35,9 +35,9 @@ MainWindow::MainWindow(const MainWindowPorts& ports)
       panel_(*new MeasurePanel(session_, measurement_, ports.dialogs, commands_, status_, this)),
       choices_(*new GraphChoices(session_, this)),
       tables_(*new TablesPane(session_, panel_.ReceivedData(), this)),
-      Picture1(
-          *new GraphPane(session_.Document(), session_.Graph(), session_.List(), session_.Colors(), this)),
-      halves_(*new TableAndGraph(&tables_, &Picture1, this)),
+      Picture1(*new graph::GraphPane(session_.Document(), session_.Graph(), session_.List(),
+                                     session_.Colors(), this)),
+      halves_(*new graph::TableAndGraph(&tables_, &Picture1, this)),
       edits_(
           session_, measurement_, ports.dialogs, commands_, status_, [this] { choices_.ShowChoices(); },
           this),
@@ -96,9 +96,11 @@ void MainWindow::ConnectHandlers() {
           [this, Grid1](int KeyCode) { edits_.Grid1_KeyDown(*Grid1, KeyCode); });
   connect(Grid1, &platform::qt::GridView::Grid_DblClick, this,
           [this, Grid1] { edits_.Grid1_DblClick(*Grid1); });
-  connect(&Picture1, &GraphPane::Label5_DblClick, this, [this](int Index) { edits_.Label5_DblClick(Index); });
-  connect(&Picture1, &GraphPane::Label6_DblClick, this, [this](int Index) { edits_.Label6_DblClick(Index); });
-  connect(&Picture1, &GraphPane::Label10_DblClick, this,
+  connect(&Picture1, &graph::GraphPane::Label5_DblClick, this,
+          [this](int Index) { edits_.Label5_DblClick(Index); });
+  connect(&Picture1, &graph::GraphPane::Label6_DblClick, this,
+          [this](int Index) { edits_.Label6_DblClick(Index); });
+  connect(&Picture1, &graph::GraphPane::Label10_DblClick, this,
           [this](int Index) { edits_.Label10_DblClick(Index); });
 }
 

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "app/desk/document_commands.h"
-#include "app/posi.h"
 #include "app/window/edits.h"
 #include "app/window/graph_choices.h"
 #include "app/window/measure_panel.h"
@@ -15,6 +14,7 @@
 #include "app/window/refresh_tick.h"
 #include "app/window/report_windows.h"
 #include "app/window/tables_pane.h"
+#include "graph/posi.h"
 
 namespace quenlor::graph {
 class ColorWindow;
@@ -87,8 +87,8 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   MeasurePanel& panel_;
   GraphChoices& choices_;
   TablesPane& tables_;
-  GraphPane& Picture1;
-  TableAndGraph& halves_;
+  graph::GraphPane& Picture1;
+  graph::TableAndGraph& halves_;
   Edits edits_;
   ReportWindows reports_;
   QPointer<graph::ColorWindow> Form6;

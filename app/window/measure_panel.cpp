@@ -8,9 +8,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "app/plain_tip.h"
 #include "app/window/named.h"
 #include "data/text_number.h"
+#include "platform/qt/plain_tip.h"
 #include "platform/qt/to_qstring.h"
 
 namespace quenlor::app {
@@ -136,7 +136,7 @@ void MeasurePanel::ShowLine() {
   if (!std::exchange(line_waits_, false)) return;
   Text3->setText(ToQString(last_line_));
   Text3->setCursorPosition(0);
-  Text3->setToolTip(PlainTip(ToQString(last_line_)));
+  Text3->setToolTip(platform::qt::PlainTip(ToQString(last_line_)));
 }
 
 void MeasurePanel::ClearReceivedData() {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/window/status_line.h"
 
-#include "app/plain_tip.h"
+#include "platform/qt/plain_tip.h"
 
 namespace quenlor::app {
 
@@ -15,7 +15,7 @@ StatusLine::StatusLine(QWidget* parent) : QLabel(parent) {
 
 void StatusLine::Say(const std::string& text) {
   setText(QString::fromStdString(text));
-  setToolTip(PlainTip(this->text()));
+  setToolTip(platform::qt::PlainTip(this->text()));
 }
 
 }  // namespace quenlor::app

@@ -24,7 +24,7 @@ std::optional<WindowState> WindowState::Parse(std::string_view text) {
 }
 
 void RestoreWindow(const platform::FileSystem& files, const std::string& path, QMainWindow& window,
-                   TableAndGraph& halves) {
+                   graph::TableAndGraph& halves) {
   const auto text = files.Read(path);
   const auto state = text.ok() ? WindowState::Parse(text.value()) : std::nullopt;
   if (!state) return;
@@ -33,7 +33,7 @@ void RestoreWindow(const platform::FileSystem& files, const std::string& path, Q
 }
 
 void KeepWindow(platform::FileSystem& files, const std::string& path, const QMainWindow& window,
-                const TableAndGraph& halves) {
+                const graph::TableAndGraph& halves) {
   files.Replace(path, WindowState{window.saveGeometry(), halves.PosiLeft()}.Text());
 }
 

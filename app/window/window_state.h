@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/posi.h"
+#include "graph/posi.h"
 #include "platform/file_system.h"
 
 namespace quenlor::app {
@@ -27,8 +27,8 @@ inline constexpr const char* kWindowFile = "Window.txt";
 
 // Puts the window where the file of that path says, and keeps there where it is.
 void RestoreWindow(const platform::FileSystem& files, const std::string& path, QMainWindow& window,
-                   TableAndGraph& halves);
+                   graph::TableAndGraph& halves);
 void KeepWindow(platform::FileSystem& files, const std::string& path, const QMainWindow& window,
-                const TableAndGraph& halves);
+                const graph::TableAndGraph& halves);
 
 }  // namespace quenlor::app

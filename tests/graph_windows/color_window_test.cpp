@@ -15,6 +15,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "graph/screen_color.h"
+
 namespace quenlor::graph {
 namespace {
 
@@ -528,9 +530,9 @@ TEST_F(ColorWindowTest, ButtonsShowTheirColourInEveryStyleAndTheme) {
         ColorButton& button = No(entry);
         const QImage image = Painted(button);
         const int all = image.width() * image.height();
-        const QColor paper = ToScreen(button.BackColor());
+        const QColor paper = ToQColor(button.BackColor());
         EXPECT_GT(CountPixels(image, paper), all * 6 / 10) << style.toStdString() << entry;
-        EXPECT_GT(CountInk(image, ToScreen(ReadableOn(button.BackColor())), paper), 15)
+        EXPECT_GT(CountInk(image, ToQColor(ReadableOn(button.BackColor())), paper), 15)
             << style.toStdString() << entry;
       }
       Cancel();

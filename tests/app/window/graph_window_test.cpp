@@ -8,6 +8,7 @@
 
 #include "data/text_number.h"
 #include "graph/color_table.h"
+#include "graph/screen_color.h"
 #include "tests/app/window/change_editor.h"
 #include "tests/app/window/window_test.h"
 
@@ -21,7 +22,7 @@ const QColor kGreen(0, 187, 0);
 
 class GraphWindowTest : public WindowTest {
  protected:
-  TableAndGraph& Halves() { return *window->findChild<TableAndGraph*>(); }
+  graph::TableAndGraph& Halves() { return *window->findChild<graph::TableAndGraph*>(); }
   const data::AxisRanges& Ranges() { return window->Document().Ranges(); }
   QImage Pane() { return Find<QWidget>("Picture1")->grab().toImage(); }
 
@@ -56,7 +57,7 @@ TEST_F(GraphWindowTest, TenRunsHaveALegendInTheirColoursTheEleventhHasNone) {
   for (int run = 1; run <= 10; ++run) {
     const std::string caption = "Label10[" + std::to_string(run) + "]";
     EXPECT_TRUE(Shown(caption.c_str())) << run;
-    EXPECT_EQ(ColorOf(caption.c_str()), ToQColor(graph::RunColor(graph::kDefaultColors, run))) << run;
+    EXPECT_EQ(ColorOf(caption.c_str()), graph::ToQColor(graph::RunColor(graph::kDefaultColors, run))) << run;
   }
   EXPECT_EQ(ColorOf("Label10[0]"), QColor(Qt::black));
   EXPECT_EQ(window->findChild<QWidget*>("Label10[11]"), nullptr);
@@ -275,8 +276,8 @@ TEST_F(GraphWindowTest, CaptionsStayInsideTheGraphAndApartAtEverySize) {
     window->resize(size);
     QApplication::processEvents();
     const auto* pane = Find<QWidget>("Picture1");
-    std::vector<const Caption*> shown;
-    for (const Caption* caption : pane->findChildren<Caption*>()) {
+    std::vector<const graph::Caption*> shown;
+    for (const graph::Caption* caption : pane->findChildren<graph::Caption*>()) {
       if (caption->isVisible()) shown.push_back(caption);
     }
     EXPECT_GT(shown.size(), 30u);

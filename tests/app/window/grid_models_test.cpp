@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "graph/screen_color.h"
 namespace quenlor::app {
 namespace {
 
@@ -57,7 +58,7 @@ TEST(GridModels, ColumnZeroIsTheVerticalHeaderInTheRunsColour) {
   EXPECT_EQ(header(1, Qt::BackgroundRole).value<QColor>(), QColor(255, 0, 0)) << "run 11 as run 1";
   EXPECT_EQ(header(2, Qt::BackgroundRole).value<QColor>(), QColor(255, 204, 255));
   EXPECT_EQ(header(2, Qt::ForegroundRole).value<QColor>(), QColor(Qt::black)) << "readable on a light colour";
-  EXPECT_EQ(header(0, Qt::ForegroundRole).value<QColor>(), ToQColor(graph::ReadableOn({0x0000FF})));
+  EXPECT_EQ(header(0, Qt::ForegroundRole).value<QColor>(), graph::ToQColor(graph::ReadableOn({0x0000FF})));
   EXPECT_FALSE(header(3, Qt::BackgroundRole).isValid()) << "the entry row has none";
   EXPECT_EQ(tables.grid1.index(0, 0).data(Qt::ForegroundRole).value<QColor>(), QColor(255, 0, 0));
   EXPECT_EQ(tables.grid1.CornerTitle(), "No.");

@@ -351,7 +351,7 @@ TEST_F(OptionWindowTest, SelectionShowsTheLabelsOfItsAxes) {
   time_labels(false);
   temperature_labels(true);
   for (const char* caption : {"Label5[4]", "Label5[5]", "Label6[2]", "Label9[5]"}) {
-    EXPECT_GE(Find<Caption>(caption)->y(), Find<QWidget>("Picture2")->geometry().bottom() - 2)
+    EXPECT_GE(Find<graph::Caption>(caption)->y(), Find<QWidget>("Picture2")->geometry().bottom() - 2)
         << caption << " stands below the plot";
   }
   before = Picture();

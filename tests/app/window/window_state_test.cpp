@@ -28,7 +28,7 @@ TEST(WindowStateText, AnythingElseIsNothing) {
 
 class WindowStateTest : public WindowTest {
  protected:
-  TableAndGraph& Halves() { return *window->findChild<TableAndGraph*>(); }
+  graph::TableAndGraph& Halves() { return *window->findChild<graph::TableAndGraph*>(); }
   void End() {
     window->close();
     window.reset();

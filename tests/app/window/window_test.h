@@ -13,7 +13,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/graph_pane.h"
+#include "graph/graph_pane.h"
 #include "tests/app/window/window_bench.h"
 
 namespace quenlor::app {
@@ -28,10 +28,10 @@ class WindowTest : public testing::Test, protected WindowBench {
   }
 
   // Captions of the graph.
-  std::string Text(const char* caption) { return Find<Caption>(caption)->text().toStdString(); }
-  bool Shown(const char* caption) { return Find<Caption>(caption)->isVisible(); }
+  std::string Text(const char* caption) { return Find<graph::Caption>(caption)->text().toStdString(); }
+  bool Shown(const char* caption) { return Find<graph::Caption>(caption)->isVisible(); }
   QColor ColorOf(const char* caption) {
-    return Find<Caption>(caption)->palette().color(QPalette::WindowText);
+    return Find<graph::Caption>(caption)->palette().color(QPalette::WindowText);
   }
   testing::AssertionResult Becomes(const char* caption, const std::string& text) {
     if (WaitFor([&] { return Text(caption) == text; })) return testing::AssertionSuccess();
@@ -58,7 +58,7 @@ class WindowTest : public testing::Test, protected WindowBench {
     return false;
   }
 
-  void DoubleClick(const char* caption) { QTest::mouseDClick(Find<Caption>(caption), Qt::LeftButton); }
+  void DoubleClick(const char* caption) { QTest::mouseDClick(Find<graph::Caption>(caption), Qt::LeftButton); }
 
   // Opens the menu and clicks one of its items.
   void Pick(const char* menu_name, const char* item) {

@@ -3,9 +3,9 @@
 
 #include <QString>
 
-namespace quenlor::app {
+namespace quenlor::platform::qt {
 
 // A tool tip takes what looks like markup for markup; received and typed texts are shown as they are.
 QString PlainTip(const QString& text);
 
-}  // namespace quenlor::app
+}  // namespace quenlor::platform::qt

@@ -15,7 +15,7 @@
 #include "graph/live_graph.h"
 #include "graph/plot.h"
 
-namespace quenlor::app {
+namespace quenlor::graph {
 
 // A caption of the graph: its text is whole, what is shown of it ends in "…" where it does not fit.
 class Caption : public QLabel {
@@ -39,8 +39,8 @@ class GraphPane : public QWidget {
   Q_OBJECT
 
  public:
-  GraphPane(const data::Document& document, const graph::LiveGraph& graph, const data::SettingsList& settings,
-            const graph::ColorSettings& colors, QWidget* parent);
+  GraphPane(const data::Document& document, const LiveGraph& graph, const data::SettingsList& settings,
+            const ColorSettings& colors, QWidget* parent);
   ~GraphPane() override;
 
   void Fig();            // everything is drawn at the next paint
@@ -49,7 +49,7 @@ class GraphPane : public QWidget {
   void Hold(bool hold);  // while held, what is shown stays as it is
 
   // How the graph looks, as options and colours have it.
-  graph::PlotSettings Settings() const;
+  PlotSettings Settings() const;
 
  signals:
   void Label5_DblClick(int Index);
@@ -65,14 +65,14 @@ class GraphPane : public QWidget {
   class PlotPicture;  // Picture2
 
   void AddCaptions();
-  void FillCaptions(const graph::Captions& texts);
-  void Place(Caption* caption, const graph::PlacedLabel& placed);
+  void FillCaptions(const Captions& texts);
+  void Place(Caption* caption, const PlacedLabel& placed);
 
   const data::Document& document_;
-  const graph::LiveGraph& graph_;
+  const LiveGraph& graph_;
   const data::SettingsList& settings_;
-  const graph::ColorSettings& colors_;
-  graph::Plot plot_;
+  const ColorSettings& colors_;
+  Plot plot_;
   PlotPicture* Picture2;
   bool held_ = false;
   QSize held_size_;
@@ -84,4 +84,4 @@ class GraphPane : public QWidget {
   std::array<Caption*, 11> Label10{};
 };
 
-}  // namespace quenlor::app
+}  // namespace quenlor::graph

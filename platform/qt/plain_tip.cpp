@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "app/plain_tip.h"
+#include "platform/qt/plain_tip.h"
 
 #include <QTextDocument>
 
-namespace quenlor::app {
+namespace quenlor::platform::qt {
 
 QString PlainTip(const QString& text) {
   return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()) : text;
 }
 
-}  // namespace quenlor::app
+}  // namespace quenlor::platform::qt

@@ -4,9 +4,9 @@
 #include <QWidget>
 #include <optional>
 
-#include "app/graph_pane.h"
+#include "graph/graph_pane.h"
 
-namespace quenlor::app {
+namespace quenlor::graph {
 
 // Where the bar between table and graph may stand. Lengths in twips.
 namespace posi {
@@ -54,4 +54,4 @@ class TableAndGraph : public QWidget {
   double DragStartX = 0;  // of the pointer inside Posi
 };
 
-}  // namespace quenlor::app
+}  // namespace quenlor::graph

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "app/posi.h"
+#include "graph/posi.h"
 
 #include <QMouseEvent>
 #include <algorithm>
 
-namespace quenlor::app {
+namespace quenlor::graph {
 
 using platform::kTwipsPerPixel;
 using platform::PixelsOf;
@@ -89,4 +89,4 @@ void TableAndGraph::Posi_MouseUp() {
   Picture1->Hold(false);
 }
 
-}  // namespace quenlor::app
+}  // namespace quenlor::graph

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/graph_pane.h"
+#include "graph/graph_pane.h"
 
 #include <QApplication>
 #include <QFontMetricsF>
@@ -7,14 +7,14 @@
 #include <QPainter>
 #include <utility>
 
-#include "app/plain_tip.h"
-#include "app/window/grid_models.h"
 #include "graph/fit_text.h"
 #include "graph/plot_look.h"
+#include "graph/screen_color.h"
+#include "platform/qt/plain_tip.h"
 #include "platform/qt/qt_drawing_surface.h"
 #include "platform/qt/to_qstring.h"
 
-namespace quenlor::app {
+namespace quenlor::graph {
 namespace {
 
 using platform::kTwipsPerPixel;
@@ -23,7 +23,7 @@ using platform::qt::ToQString;
 using platform::qt::ToShortQString;
 
 // With fewer readings a redraw is over before a pointer could change.
-constexpr graph::Index kManyReadings = 200'000;
+constexpr Index kManyReadings = 200'000;
 
 // The legend's two lines, as a label divides them.
 QString TwoLines(std::string_view text) {
@@ -36,10 +36,10 @@ QFont LabelFont(const QWidget* widget, double text_height) {
   return font;
 }
 
-Qt::Alignment AlignmentOf(graph::TextSide side) {
-  const Qt::Alignment across = side == graph::TextSide::kLeft    ? Qt::AlignLeft
-                               : side == graph::TextSide::kRight ? Qt::AlignRight
-                                                                 : Qt::AlignHCenter;
+Qt::Alignment AlignmentOf(TextSide side) {
+  const Qt::Alignment across = side == TextSide::kLeft    ? Qt::AlignLeft
+                               : side == TextSide::kRight ? Qt::AlignRight
+                                                          : Qt::AlignHCenter;
   return across | Qt::AlignVCenter;
 }
 
@@ -53,7 +53,7 @@ void Caption::paintEvent(QPaintEvent* /*event*/) {
   QStringList lines;
   for (const QString& line : text().split(QLatin1Char('\n'))) {
     // A pixel is lost to rounding.
-    lines += ToQString(graph::FitText(line.toStdString(), width() + 1, text_width));
+    lines += ToQString(FitText(line.toStdString(), width() + 1, text_width));
   }
   painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(rect(), static_cast<int>(alignment()), lines.join(QLatin1Char('\n')));
@@ -66,7 +66,7 @@ void Caption::mouseDoubleClickEvent(QMouseEvent* event) {
 // Picture2: the plot as it was drawn last, kept from paint to paint.
 class GraphPane::PlotPicture : public QWidget {
  public:
-  PlotPicture(GraphPane* pane, const graph::Plot& plot) : QWidget(pane), pane_(pane), kept_(plot) {
+  PlotPicture(GraphPane* pane, const Plot& plot) : QWidget(pane), pane_(pane), kept_(plot) {
     setObjectName(QStringLiteral("Picture2"));
     setAccessibleName(tr("Graph"));
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -107,13 +107,13 @@ class GraphPane::PlotPicture : public QWidget {
   }
 
   GraphPane* pane_;
-  graph::KeptPlot kept_;
+  KeptPlot kept_;
   QImage image_;
   bool whole_ = true;
 };
 
-GraphPane::GraphPane(const data::Document& document, const graph::LiveGraph& graph,
-                     const data::SettingsList& settings, const graph::ColorSettings& colors, QWidget* parent)
+GraphPane::GraphPane(const data::Document& document, const LiveGraph& graph,
+                     const data::SettingsList& settings, const ColorSettings& colors, QWidget* parent)
     : QWidget(parent),
       document_(document),
       graph_(graph),
@@ -149,7 +149,7 @@ void GraphPane::AddCaptions() {
   add(Label10, 0, "Label10", &GraphPane::Label10_DblClick);
   for (std::size_t i = 0; i < Label5.size(); ++i) {
     Label5[i]->setToolTip(
-        QString::fromLatin1(graph::kLimitNames[i].data(), static_cast<int>(graph::kLimitNames[i].size())));
+        QString::fromLatin1(kLimitNames[i].data(), static_cast<int>(kLimitNames[i].size())));
   }
   // The tool tips of file name and remarks are the captions of their editor.
   Label6[0]->setToolTip(tr("Title of the time axis"));
@@ -178,26 +178,22 @@ void GraphPane::Hold(bool hold) {
   if (!hold) Fig();
 }
 
-graph::PlotSettings GraphPane::Settings() const {
-  return graph::PlotLook(graph_, settings_, colors_, Picture2->width());
-}
+PlotSettings GraphPane::Settings() const { return PlotLook(graph_, settings_, colors_, Picture2->width()); }
 
 void GraphPane::LayoutLabels() {
   if (held_ || !isVisible()) return;
   const double twips_wide = width() * kTwipsPerPixel;
   const double twips_high = height() * kTwipsPerPixel;
-  const graph::Frame plot =
-      graph::PlotLayout(static_cast<float>(twips_wide), static_cast<float>(twips_high)).Picture2();
+  const Frame plot = PlotLayout(static_cast<float>(twips_wide), static_cast<float>(twips_high)).Picture2();
   Picture2->setGeometry(PixelsOf(plot.left), PixelsOf(plot.top), PixelsOf(plot.width), PixelsOf(plot.height));
   plot_.Set(Settings(), document_.Ranges());  // how wide the plot is decides about smooth lines
-  const graph::Captions texts = graph::CaptionsOf(document_, graph_);
+  const Captions texts = CaptionsOf(document_, graph_);
   FillCaptions(texts);
   const auto text_width = [this](std::string_view text, double text_height) {
     const QFontMetricsF font(LabelFont(this, text_height));
     return font.horizontalAdvance(ToQString(text)) * kTwipsPerPixel;
   };
-  const graph::LabelLayout layout =
-      graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), texts, text_width);
+  const LabelLayout layout = graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), texts, text_width);
   const QFont axis_font = LabelFont(this, layout.text_height);
   const QFont legend_font = LabelFont(this, layout.legend_text_height);
   const auto place = [&](auto& captions, const auto& placed, std::size_t from, const QFont& font) {
@@ -214,7 +210,7 @@ void GraphPane::LayoutLabels() {
   place(Label10, layout.Label10, 0, legend_font);
 }
 
-void GraphPane::FillCaptions(const graph::Captions& texts) {
+void GraphPane::FillCaptions(const Captions& texts) {
   for (std::size_t i = 0; i < Label5.size(); ++i) Label5[i]->setText(ToShortQString(texts.Label5[i]));
   for (std::size_t i = 0; i < Label6.size(); ++i) Label6[i]->setText(ToShortQString(texts.Label6[i]));
   for (std::size_t i = 1; i < Label7.size(); ++i) Label7[i]->setText(ToShortQString(texts.Label7[i].text));
@@ -239,12 +235,12 @@ void GraphPane::FillCaptions(const graph::Captions& texts) {
   color_all(Label9, 1);
   color(Label10[0], ink);
   for (std::size_t run = 1; run < Label10.size(); ++run) {
-    Label10[run]->setToolTip(PlainTip(Label10[run]->text()));
-    color(Label10[run], ToQColor(graph::RunColor(colors_.Colors(), static_cast<long long>(run))));
+    Label10[run]->setToolTip(platform::qt::PlainTip(Label10[run]->text()));
+    color(Label10[run], ToQColor(RunColor(colors_.Colors(), static_cast<long long>(run))));
   }
 }
 
-void GraphPane::Place(Caption* caption, const graph::PlacedLabel& placed) {
+void GraphPane::Place(Caption* caption, const PlacedLabel& placed) {
   caption->setVisible(placed.visible && !caption->text().isEmpty());
   caption->setGeometry(PixelsOf(placed.box.left), PixelsOf(placed.box.top), PixelsOf(placed.box.width),
                        PixelsOf(placed.box.height));
@@ -262,8 +258,8 @@ void GraphPane::paintEvent(QPaintEvent* /*event*/) {
   painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
   platform::qt::QtDrawingSurface surface(painter, drawn * devicePixelRatioF(), devicePixelRatioF());
   plot_.DrawPicture1(surface, surface.Whole(),
-                     graph::PlotLayout(static_cast<float>(drawn.width() * kTwipsPerPixel),
-                                       static_cast<float>(drawn.height() * kTwipsPerPixel)));
+                     PlotLayout(static_cast<float>(drawn.width() * kTwipsPerPixel),
+                                static_cast<float>(drawn.height() * kTwipsPerPixel)));
 }
 
-}  // namespace quenlor::app
+}  // namespace quenlor::graph
