@@ -83,26 +83,17 @@ StatisticsTable::StatisticsTable(const data::MeasurementTable& table, int ViscoC
 // A reading is the last of its run when the run number in the next row is another text; below the last
 // reading there is the empty entry row.
 void StatisticsTable::AddRuns(const data::MeasurementTable& table) {
-  constexpr char kCellEnd = data::MeasurementTable::kCellEnd;
-  std::string block;
-  std::vector<std::uint64_t> starts;
-  std::string reading;
+  std::vector<std::string_view> cells(static_cast<std::size_t>(table.Cols()));
   std::string_view number = table.TextMatrix(1, 0);
   for (Row row = 1; row < table.EntryRow(); ++row) {
     const std::string_view next_number = table.TextMatrix(row + 1, 0);
     if (number != next_number) {
-      reading.clear();
-      table.AppendLine(row, kCellEnd, reading);
-      // Cells that are missing at the end stay so: not every row of a wide table is wide.
-      reading.resize(reading.find_last_not_of(kCellEnd) + 1);
-      starts.push_back(block.size());
-      block.append(table.TextMatrix(row - 1, 0));
-      block.append(reading, std::min(reading.find(kCellEnd), reading.size()));
-      block.push_back(data::MeasurementTable::kRowEnd);
+      const std::span<const std::string_view> run = table.Cells(row, cells);
+      cells.front() = table.TextMatrix(row - 1, 0);
+      cells_.AppendRow(run);
     }
     number = next_number;
   }
-  if (!starts.empty()) cells_.AdoptRows(std::move(block), std::move(starts));
 }
 
 void StatisticsTable::SummariseTime(Summary& summary) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "data/measurement_table.h"
@@ -40,6 +41,10 @@ class StatisticsTable {
   Row Runs() const { return Rows() - 1 - kSummaryRows; }
   // A cell outside of the table reads as empty. The view holds as long as the table.
   std::string_view TextMatrix(Row row, int col) const { return cells_.TextMatrix(row, col); }
+  // The first cells of a row below the titles; those that are missing at its end are empty.
+  std::span<const std::string_view> Cells(Row row, std::span<std::string_view> room) const {
+    return cells_.Cells(row, room);
+  }
   // The row's cells from column 0 to the last, joined by the separator.
   void AppendLine(Row row, char separator, std::string& line) const {
     cells_.AppendLine(row, separator, line);

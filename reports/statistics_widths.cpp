@@ -65,22 +65,20 @@ class PairWidths {
 }  // namespace
 
 std::vector<int> ColumnWidths(const StatisticsTable& table, const MeasureText& measure) {
-  constexpr char kCellEnd = data::MeasurementTable::kCellEnd;
   std::vector<int> widths(static_cast<std::size_t>(table.Cols()), kColumnMarginTwips);
   PairWidths pairs(measure);
-  std::string line;
-  for (StatisticsTable::Row row = 0; row < table.Rows(); ++row) {
-    line.clear();
-    table.AppendLine(row, kCellEnd, line);
-    std::string_view rest = line;
-    for (int& column_width : widths) {
-      const std::string_view cell = rest.substr(0, rest.find(kCellEnd));
-      rest.remove_prefix(std::min(cell.size() + 1, rest.size()));
-      const std::string_view text = data::Utf8Prefix(cell, kMostMeasuredBytes);
-      if (std::lround(pairs.Of(text)) + kColumnMarginTwips <= column_width) continue;
-      const double width = measure(text) + kColumnMarginTwips;
-      if (width > column_width) column_width = static_cast<int>(std::nearbyint(width));
-    }
+  const auto widen = [&](int& column_width, std::string_view cell) {
+    const std::string_view text = data::Utf8Prefix(cell, kMostMeasuredBytes);
+    if (std::lround(pairs.Of(text)) + kColumnMarginTwips <= column_width) return;
+    const double width = measure(text) + kColumnMarginTwips;
+    if (width > column_width) column_width = static_cast<int>(std::nearbyint(width));
+  };
+  for (std::size_t col = 0; col < widths.size(); ++col)
+    widen(widths[col], table.TextMatrix(0, static_cast<int>(col)));
+  std::vector<std::string_view> room(widths.size());
+  for (StatisticsTable::Row row = 1; row < table.Rows(); ++row) {
+    const std::span<const std::string_view> cells = table.Cells(row, room);
+    for (std::size_t col = 0; col < cells.size(); ++col) widen(widths[col], cells[col]);
   }
   return widths;
 }
