@@ -4,8 +4,6 @@
 #include <optional>
 #include <span>
 
-#include "reports/wide_number.h"
-
 namespace quenlor::reports {
 
 struct ColumnStatistics {
@@ -19,15 +17,16 @@ struct ColumnStatistics {
 // numbers; if it ever were, kAsItStands gives no standard deviation.
 enum class RootOf { kAsItStands, kAbsolute };
 
-std::optional<double> StandardDeviation(WideNumber quotient, RootOf root_of);
+std::optional<double> StandardDeviation(double quotient, RootOf root_of);
 
 // Statistics of at least one value.
 //
 //   average            = sum / n
 //   standard deviation = sqrt(((n * sum of squares - sum^2) / n) / (n - 1))
 //
-// Both are what the formulas give in exact numbers, rounded to a double once: no digits are lost to an offset
-// that all values share, nor to squares that are too large for a double.
+// The average is what the formula gives in exact numbers, rounded to a double once; the standard deviation is
+// two steps of a double from that at most: no digits are lost to an offset that all values share, nor to
+// squares that are too large for a double.
 ColumnStatistics StatisticsOf(std::span<const double> values, RootOf root_of);
 
 }  // namespace quenlor::reports
