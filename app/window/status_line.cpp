@@ -10,7 +10,10 @@ StatusLine::StatusLine(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setTextInteractionFlags(Qt::TextSelectableByMouse);  // a command in it is there to be copied
   setFocusPolicy(Qt::NoFocus);
-  setMinimumWidth(1);
+  // As high without a text as with one, so that the window is not laid out anew when the first one comes.
+  setText(QStringLiteral("0"));
+  setMinimumSize(1, sizeHint().height());
+  clear();
 }
 
 void StatusLine::Say(const std::string& text) {

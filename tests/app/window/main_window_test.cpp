@@ -145,6 +145,17 @@ TEST_F(MainWindowTest, TheFirstLookForDevicesLeavesWhatTheStartHasTold) {
   EXPECT_TRUE(Find<QLabel>("Status")->text().contains(QStringLiteral("missing.csv")));
 }
 
+TEST_F(MainWindowTest, TheFirstTextOfTheStatusLineMovesNothing) {
+  Open();
+  const QRect graph = Find<QWidget>("Picture1")->geometry();
+  auto* status = Find<QLabel>("Status");
+  ASSERT_EQ(status->text(), "");
+  status->setText(QStringLiteral("/dev/ttyS0: Permission denied"));
+  QApplication::processEvents();
+  EXPECT_EQ(Find<QWidget>("Picture1")->geometry(), graph);
+  EXPECT_GE(status->minimumHeight(), status->sizeHint().height());
+}
+
 TEST_F(MainWindowTest, EveryControlTellsItsName) {
   Open();
   for (const QWidget* widget : window->findChildren<QWidget*>()) {
