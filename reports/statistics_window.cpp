@@ -158,6 +158,7 @@ void StatisticsWindow::Show(StatisticsTable table, std::string file_name, std::s
     if (!testAttribute(Qt::WA_Resized)) FitWindow();
   }
   show();
+  FitColumns();  // a grid that is shown for the first time has fitted them in its own way
   raise();
   activateWindow();
   Grid1->setFocus();
