@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "graph/axis_limits.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -60,12 +59,6 @@ bool StoreLimit(Limit limit, double value, const AxisView& view, AxisRanges& ran
 }
 
 }  // namespace
-
-std::optional<Limit> LimitOfName(std::string_view name) {
-  const auto* const found = std::find(kLimitNames.begin(), kLimitNames.end(), name);
-  if (found == kLimitNames.end()) return std::nullopt;
-  return static_cast<Limit>(found - kLimitNames.begin());
-}
 
 std::optional<Axis> ApplyLimit(Limit limit, std::string_view text, const AxisView& view, AxisRanges& ranges) {
   const double value = data::C_Val(text);

@@ -13,9 +13,6 @@ namespace quenlor::graph {
 
 enum class Axis { Time, Visco, Temp };
 
-// The limit that a name of kLimitNames stands for.
-std::optional<Limit> LimitOfName(std::string_view name);
-
 // Takes over a typed limit, read in the unit that the axis shows. On the logarithmic axis the nearest whole
 // decade becomes the limit, a half going to the even one.
 //

@@ -16,7 +16,6 @@ struct Dot {
 struct DotLine {
   Dot from;
   Dot to;
-  bool operator==(const DotLine&) const = default;
 };
 
 // Which parts of a plot have been painted, in square cells of some dots: those that the middle of a line

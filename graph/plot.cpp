@@ -70,11 +70,11 @@ bool Plot::EnterPlot(DrawingSurface& surface, const PixelRectangle& area) const 
   return true;
 }
 
-KeptPlot::Drawn KeptPlot::Update(DrawingSurface& surface, const PixelRectangle& area) {
+void KeptPlot::Update(DrawingSurface& surface, const PixelRectangle& area) {
   const Inputs now = InputsNow(surface, area);
   const Index readings = plot_.values_.Size();
   const bool keep = shown_ == now && readings >= shown_readings_ && !GrewDense(area);
-  if (keep && readings == shown_readings_) return Drawn::Nothing;
+  if (keep && readings == shown_readings_) return;
   if (!keep) {
     plot_.DrawBackground(surface, area);
     plot_.DrawGrid(surface, area);
@@ -82,7 +82,6 @@ KeptPlot::Drawn KeptPlot::Update(DrawingSurface& surface, const PixelRectangle& 
   plot_.DrawCurves(surface, area, keep ? shown_readings_ + 1 : 1);
   shown_ = now;
   shown_readings_ = readings;
-  return keep ? Drawn::AppendedRows : Drawn::Everything;
 }
 
 KeptPlot::Inputs KeptPlot::InputsNow(const DrawingSurface& surface, const PixelRectangle& area) const {

@@ -42,7 +42,8 @@ class Plot {
   void DrawCurves(platform::DrawingSurface& surface, const platform::PixelRectangle& area,
                   Row first_row = 1) const;
 
-  // One reading with its marker and the line from the reading before, without clearing anything.
+  // One reading with its marker and the line from the reading before, without clearing anything. Nothing in
+  // the program asks for it: readings that have come since the last drawing are drawn together.
   void PlotRow(platform::DrawingSurface& surface, const platform::PixelRectangle& area, Row row) const;
 
  private:
@@ -64,12 +65,10 @@ class Plot {
 // everything is. Either way the picture is the one that drawing everything would give.
 class KeptPlot {
  public:
-  enum class Drawn { Nothing, AppendedRows, Everything };
-
   explicit KeptPlot(const Plot& plot) : plot_(plot) {}
 
   // The surface holds what the last Update left there, unless Forget was called or its size is another one.
-  Drawn Update(platform::DrawingSurface& surface, const platform::PixelRectangle& area);
+  void Update(platform::DrawingSurface& surface, const platform::PixelRectangle& area);
 
   // The picture is lost.
   void Forget() { shown_.reset(); }

@@ -54,6 +54,7 @@ class PlotAxes {
   Span TempSpan(const ValueColumn::Extremes& extremes) const;
 
   double XScale() const { return XScale_; }  // plot units per second or degree
+  // Nothing in the program asks for the other three, which ViscoY and TempY hide.
   double ViscoScale() const { return ViscoScale_; }
   double TempScale() const { return TempScale_; }
   double LogScale() const { return LogScale_; }  // plot units per decade

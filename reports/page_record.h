@@ -25,7 +25,6 @@ class PageRecord : public platform::DrawingSurface {
   PageRecord(double width_twips, double height_twips, Measure measure);
 
   void Replay(platform::DrawingSurface& surface) const;
-  bool Empty() const { return calls_.empty(); }
 
   platform::PixelRectangle Whole() const override { return whole_; }
   double PenScale() const override { return platform::kPageDotsPerPen; }

@@ -28,23 +28,6 @@ class TypedLogLimits : public TypedLimits {
   TypedLogLimits() { view.visco_axis = ViscoAxis::Log; }
 };
 
-TEST(LimitOfName, FindsEveryModeKeyInTheOrderOfTheRangeMenu) {
-  EXPECT_EQ(LimitOfName("Time mini"), Limit::TimeMini);
-  EXPECT_EQ(LimitOfName("Time max"), Limit::TimeMax);
-  EXPECT_EQ(LimitOfName("Visco mini"), Limit::ViscoMini);
-  EXPECT_EQ(LimitOfName("Visco max"), Limit::ViscoMax);
-  EXPECT_EQ(LimitOfName("Temp mini"), Limit::TempMini);
-  EXPECT_EQ(LimitOfName("Temp max"), Limit::TempMax);
-  for (std::size_t i = 0; i < kLimitNames.size(); ++i)
-    EXPECT_EQ(LimitOfName(kLimitNames[i]), static_cast<Limit>(i));
-}
-
-TEST(LimitOfName, OtherTextsAreNoLimit) {
-  for (const char* text : {"", "Time", "time mini", "Time mini ", "Data", "Sample Name"}) {
-    EXPECT_FALSE(LimitOfName(text)) << text;
-  }
-}
-
 TEST_F(TypedLimits, ADecimalCommaIsAPoint) {
   EXPECT_TRUE(Type(Limit::ViscoMini, "1,5"));
   EXPECT_EQ(ranges.ViscoMin, 1.5);

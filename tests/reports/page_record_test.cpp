@@ -60,7 +60,6 @@ TEST(PageRecord, MeasuresTextInTheViewportsUnits) {
 TEST(PageRecord, APageOfNoSizeIsEmpty) {
   const PageRecord page;
   EXPECT_TRUE(page.Whole().Empty());
-  EXPECT_TRUE(page.Empty());
   EXPECT_EQ(page.TextWidth("1", 1), 0);
 }
 
