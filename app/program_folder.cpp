@@ -6,6 +6,8 @@
 #include <QStandardPaths>
 #include <QTemporaryFile>
 
+#include "app/program_name.h"
+
 namespace quenlor::app {
 namespace {
 
@@ -34,15 +36,16 @@ QString ProgramFolder(const QString& chosen) {
                        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
 }
 
-QString FolderToRead(const QString& chosen, const QString& executable_folder, const QString& user_folder) {
+QString FolderToRead(const QString& chosen, const QString& executable_folder, const QString& settings_name,
+                     const QString& user_folder) {
   if (!chosen.isEmpty()) return QDir(chosen).absolutePath();
-  const bool kept_there =
-      !IsInstalled(executable_folder) && QDir(executable_folder).exists(QStringLiteral("quenlor.ini"));
+  const bool kept_there = !IsInstalled(executable_folder) && QDir(executable_folder).exists(settings_name);
   return kept_there ? executable_folder : user_folder;
 }
 
 QString FolderToRead(const QString& chosen) {
   return FolderToRead(chosen, QCoreApplication::applicationDirPath(),
+                      QString::fromStdString(ProgramName() + ".ini"),
                       QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
 }
 

@@ -17,9 +17,10 @@ QString ProgramFolder(const QString& chosen, const QString& executable_folder, c
 QString ProgramFolder(const QString& chosen);
 
 // Where a program that only reads its files finds them: `chosen` when it is given; else the folder of the
-// executable when settings have been kept there by a copy that is not installed, else the user's. Nothing is
-// made or tried.
-QString FolderToRead(const QString& chosen, const QString& executable_folder, const QString& user_folder);
+// executable when the settings have been kept there by a copy that is not installed, else the user's. Nothing
+// is made or tried.
+QString FolderToRead(const QString& chosen, const QString& executable_folder, const QString& settings_name,
+                     const QString& user_folder);
 
 // The same for this running program.
 QString FolderToRead(const QString& chosen);

@@ -11,6 +11,8 @@
 namespace quenlor::app {
 namespace {
 
+const QString kSettings = QStringLiteral("quenlor.ini");
+
 struct Folders {
   QTemporaryDir root;
   QString Make(const char* name) {
@@ -91,20 +93,28 @@ TEST(FolderToRead, IsWhereSettingsHaveBeenKeptAndNothingIsMade) {
   const QString executable = folders.Make("exe");
   const QString user = folders.root.filePath(QStringLiteral("user"));
   const QString chosen = folders.root.filePath(QStringLiteral("chosen"));
-  EXPECT_EQ(FolderToRead({}, executable, user), user);
-  EXPECT_EQ(FolderToRead(chosen, executable, user), chosen);
+  EXPECT_EQ(FolderToRead({}, executable, kSettings, user), user);
+  EXPECT_EQ(FolderToRead(chosen, executable, kSettings, user), chosen);
   EXPECT_FALSE(QDir(user).exists());
   EXPECT_FALSE(QDir(chosen).exists());
-  Folders::Write(executable + QStringLiteral("/quenlor.ini"));
-  EXPECT_EQ(FolderToRead({}, executable, user), executable);
+  Folders::Write(executable + u'/' + kSettings);
+  EXPECT_EQ(FolderToRead({}, executable, kSettings, user), executable);
+}
+
+TEST(FolderToRead, IsNotWhereACopyUnderAnotherNameHasKeptItsSettings) {
+  Folders folders;
+  const QString executable = folders.Make("exe");
+  const QString user = folders.root.filePath(QStringLiteral("user"));
+  Folders::Write(executable + u'/' + kSettings);
+  EXPECT_EQ(FolderToRead({}, executable, QStringLiteral("lab2.ini"), user), user);
 }
 
 TEST(FolderToRead, IsTheUsersForAnInstalledProgramWhateverStandsBesideIt) {
   Folders folders;
   const QString executable = folders.Install("usr");
   const QString user = folders.root.filePath(QStringLiteral("user"));
-  Folders::Write(executable + QStringLiteral("/quenlor.ini"));
-  EXPECT_EQ(FolderToRead({}, executable, user), user);
+  Folders::Write(executable + u'/' + kSettings);
+  EXPECT_EQ(FolderToRead({}, executable, kSettings, user), user);
 }
 
 }  // namespace
