@@ -147,6 +147,7 @@ class Batch {
     if (!all) return ExitStatus::kCannotRead;
 
     std::vector<reports::StatisticsSheet> sheets;
+    sheets.reserve(kept.size());
     for (const Kept& each : kept) sheets.push_back({each.name, each.date, each.table});
     return Written(ports_.write_standard_output(TextOf(sheets)));
   }

@@ -47,6 +47,7 @@ std::vector<DotLine> CircleOf(double radius) {
     return Around(radius * std::cos(angle), radius * std::sin(angle));
   };
   std::vector<DotLine> circle;
+  circle.reserve(kCorners);
   for (int i = 0; i < kCorners; ++i) circle.push_back({corner(i), corner(i + 1)});
   return circle;
 }

@@ -13,7 +13,6 @@ using platform::Across;
 using platform::Down;
 using platform::DrawingSurface;
 using platform::kTwipsPerPixel;
-using platform::Point;
 
 class CaptionPainter {
  public:
