@@ -63,7 +63,8 @@ class CurveReader {
   // shows where they meet; there they are cut into blocks, the newest first, until the curves of a block lie
   // apart or newer ones hide it.
   void ReadTogether(const Curve& visco, const Curve& temp) {
-    // The left half of a marker lies where no newer reading hides it, and some older marker stands there.
+    // Newer readings hide no more than the right half of a marker. One of which no more than the left half
+    // would be seen is lost among older ones.
     constexpr double kHalf = 0.5;
     std::vector<std::pair<Index, Index>> apart;
     VisitBackwards(begin_, end_, ValueColumn::kLevels - 1, [&](Index block, Index block_end) {
