@@ -138,7 +138,7 @@ void MainWindow::mStatistics_Click() { reports_.mStatistics_Click(); }
 void MainWindow::mColor_Click() {
   const auto take = [this](const graph::ColorSettings& chosen) {
     session_.SetColors(chosen);
-    tables_.ColorsChanged();
+    tables_.ChangeColor();
   };
   if (!Form6) Form6 = new graph::ColorWindow(session_.Colors(), Picture1.Settings().LineWidth, take, this);
   Form6->show();

@@ -38,7 +38,7 @@ int TablesPane::Sync() {
   return milliseconds;
 }
 
-void TablesPane::ColorsChanged() {
+void TablesPane::ChangeColor() {
   grid1_model_.ColorsChanged();
   grid2_model_.ColorsChanged();
   grid4_model_.ColorsChanged();

@@ -20,7 +20,7 @@ class TablesPane : public QWidget {
 
   // Shows what has arrived. Returns how long the work took, in milliseconds.
   int Sync();
-  void ColorsChanged();
+  void ChangeColor();  // the colours of the runs have become others
 
  private:
   Grid1Model grid1_model_;
