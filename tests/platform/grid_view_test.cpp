@@ -122,9 +122,10 @@ TEST_F(GridViewTest, TheCornersTitleStandsOnTheLeftWithTheTextsOfItsColumn) {
   table.Rename(0, QStringLiteral("i"));
   const auto first_dark = [this] {
     const QImage picture = CornerPicture();
+    const int scale = static_cast<int>(picture.devicePixelRatio());
     for (int x = 3; x < picture.width() - 3; ++x) {
       for (int y = 3; y < picture.height() - 3; ++y) {
-        if (qGray(picture.pixel(x, y)) < 110) return x;
+        if (qGray(picture.pixel(x, y)) < 110) return x / scale;
       }
     }
     return -1;
