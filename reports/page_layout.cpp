@@ -282,10 +282,11 @@ class Placing {
     const double width = X(7);
     for (double part = 1;; part -= 0.085) {
       const double height = std::max(part, kSmallest) * text_height_;
-      const double most = std::floor((Y(kFoot) - top) / (kLineHeight * height));
+      const double room = (Y(kFoot) - top) / (kLineHeight * height);
+      const auto most =
+          room > 0 ? static_cast<std::size_t>(std::min(room, 1000.0)) : 0;  // none on a page of nothing
       const auto [lines, complete] =
-          Wrapped(label.text, width, static_cast<std::size_t>(std::clamp(most, 0.0, 1000.0)),
-                  [&](std::string_view text) { return Width(text, height); });
+          Wrapped(label.text, width, most, [&](std::string_view text) { return Width(text, height); });
       if (!complete && part > kSmallest) continue;
       label.Move({X(0.5), top, width, kLineHeight * height * static_cast<double>(lines.size())});
       label.side = TextSide::kLeft;

@@ -6,8 +6,6 @@
 namespace quenlor::reports {
 namespace {
 
-using platform::DrawingSurface;
-
 template <class... Replays>
 struct Overloaded : Replays... {
   using Replays::operator()...;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <ranges>
 
 namespace quenlor::reports {
 namespace {
@@ -13,12 +14,12 @@ constexpr int kMostDecimals = 9;
 
 // One more in the last place of a row of digits; a 1 goes before them when all were nines.
 void CountUp(std::string& digits) {
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-    if (*digit != '9') {
-      ++*digit;
+  for (char& digit : std::views::reverse(digits)) {
+    if (digit != '9') {
+      ++digit;
       return;
     }
-    *digit = '0';
+    digit = '0';
   }
   digits.insert(digits.begin(), '1');
 }

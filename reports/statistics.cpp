@@ -67,6 +67,7 @@ StatisticsTable::StatisticsTable(const data::MeasurementTable& table, int ViscoC
                                  char decimal_point)
     : time_{kTimeColumn, {}}, viscosity_{ViscoColumn, {}}, temperature_{TempColumn, {}} {
   std::vector<std::string> titles;
+  titles.reserve(static_cast<std::size_t>(table.Cols()));
   for (int col = 0; col < table.Cols(); ++col) titles.emplace_back(table.TextMatrix(0, col));
   cells_.Reset(std::move(titles));
   AddRuns(table);
