@@ -73,6 +73,13 @@ class PseudoTerminal {
     }
   }
 
+  // How the program has set the line.
+  termios Line() const {
+    termios line{};
+    if (::tcgetattr(other_end_, &line) != 0) throw std::runtime_error("cannot ask " + device_);
+    return line;
+  }
+
   // What a pulled cable of a USB converter looks like to the program.
   void HangUp() {
     for (int* end : {&other_end_, &device_side_}) {

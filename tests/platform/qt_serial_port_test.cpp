@@ -345,6 +345,21 @@ TEST_F(QtSerialPortTest, CountersThatGrewAreToldOnceBeforeTheCharacters) {
                                    comm_event::kReceiveOverflow, comm_event::kParity, comm_event::kReceive));
 }
 
+TEST_F(QtSerialPortTest, ADamagedByteArrivesWithItsEvent) {
+  ASSERT_FALSE(port_.Open(1, "9600E71"));
+  ++counters_->parity;
+  line_.Write(
+      "1\x7F"
+      "3");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Count(comm_event::kReceive) == 1; }));
+
+  EXPECT_THAT(events_, ElementsAre(comm_event::kParity, comm_event::kReceive));
+  EXPECT_EQ(port_.Input(),
+            "1\x7F"
+            "3");
+  EXPECT_EQ(line_.Line().c_iflag & (INPCK | PARMRK), 0u) << "the system would drop or mark it";
+}
+
 TEST_F(QtSerialPortTest, EachCounterHasItsOwnEvent) {
   EXPECT_THAT(EventsBetween({}, {.breaks = 1}), ElementsAre(1001));
   EXPECT_THAT(EventsBetween({}, {.framing = 1}), ElementsAre(1004));
