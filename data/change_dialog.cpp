@@ -3,11 +3,13 @@
 
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QVBoxLayout>
 
 namespace quenlor::data {
 
-ChangeDialog::ChangeDialog(const std::string& caption, const std::string& text, QWidget* parent)
+ChangeDialog::ChangeDialog(const std::string& caption, const std::string& text, const std::string& about,
+                           QWidget* parent)
     : QDialog(parent),
       Text1(new QLineEdit(QString::fromStdString(text), this)),
       Command1(new QPushButton(tr("&Enter"), this)),
@@ -31,6 +33,14 @@ ChangeDialog::ChangeDialog(const std::string& caption, const std::string& text, 
   buttons->addWidget(Command2);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(Text1);
+  if (!about.empty()) {
+    auto* line = new QLabel(QString::fromStdString(about), this);
+    line->setObjectName(QStringLiteral("About"));
+    line->setTextFormat(Qt::PlainText);
+    line->setWordWrap(true);
+    layout->addWidget(line);
+    Text1->setAccessibleDescription(line->text());
+  }
   layout->addStretch(1);
   layout->addLayout(buttons);
   connect(Command1, &QPushButton::clicked, this, &QDialog::accept);

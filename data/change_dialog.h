@@ -9,12 +9,14 @@
 
 namespace quenlor::data {
 
-// "Change": one text of the document, edited in a box. Its caption says which text that is.
+// "Change": one text of the document, edited in a box. Its caption says which text that is, a line below the
+// box what it is about.
 class ChangeDialog : public QDialog {
   Q_OBJECT
 
  public:
-  ChangeDialog(const std::string& caption, const std::string& text, QWidget* parent);
+  ChangeDialog(const std::string& caption, const std::string& text, const std::string& about,
+               QWidget* parent);
 
   // The edited text on "Enter"; nothing on "Cancel".
   std::optional<std::string> Ask();

@@ -53,6 +53,8 @@ bool Document::AppendReading(std::span<const std::string_view> fields, const Mom
 
   date_ = date + ' ' + time_of_day;
   DataChanged_ = true;
+  ++unsaved_readings_;
+  last_reading_at_ = now.seconds;
   if (table_.Cols() != cols) Tell(&DocumentListener::ColumnsChanged);
   if (first_of_run) Tell(&DocumentListener::RunsChanged);
   Tell(&DocumentListener::ReadingAppended, row);
@@ -67,23 +69,37 @@ void Document::StartRun() {
   if (RunCount_ == 2) MultiRun_ = true;
 }
 
-void Document::RemoveRows(Row row, Row row_sel) {
+MeasurementTable::RemovedRows Document::RemoveRows(Row row, Row row_sel) {
   const auto [first, last] = std::minmax(row, row_sel);
-  if (first < 1 || last >= table_.EntryRow()) return;
+  if (first < 1 || last >= table_.EntryRow()) return {};
   Tell(&DocumentListener::RowsAboutToBeRemoved, Row{first}, Row{last});
-  table_.RemoveRows(first, last);
+  MeasurementTable::RemovedRows removed = table_.RemoveRows(first, last);
+  unsaved_readings_ = std::min(unsaved_readings_, table_.EntryRow() - 1);
+  edited_ = true;
   Tell(&DocumentListener::RowsRemoved, Row{first}, Row{last});
+  return removed;
+}
+
+void Document::RestoreRows(const MeasurementTable::RemovedRows& rows) {
+  if (rows.Count() == 0 || rows.first > table_.EntryRow()) return;
+  const Row last = rows.first + rows.Count() - 1;
+  Tell(&DocumentListener::RowsAboutToBeRestored, Row{rows.first}, Row{last});
+  table_.RestoreRows(rows);
+  edited_ = true;
+  Tell(&DocumentListener::RowsRestored, Row{rows.first}, Row{last});
 }
 
 void Document::SetCell(Row row, int col, std::string_view text) {
   NoteCommas(text);
   table_.SetTextMatrix(row, col, OneLine(text));
+  edited_ = true;
   Tell(&DocumentListener::CellChanged, row, col);
 }
 
 void Document::SetTitle(int col, std::string_view text) {
   NoteCommas(text);
   table_.SetTextMatrix(0, col, OneLine(text));
+  edited_ = true;
   Tell(&DocumentListener::ColumnsChanged);
 }
 
@@ -91,6 +107,7 @@ void Document::SetSampleName(int run, std::string_view name) {
   if (run < 1 || run >= runs_.Rows()) return;
   NoteCommas(name);
   runs_.SetTextMatrix(run, 1, OneLine(name));
+  edited_ = true;
   Tell(&DocumentListener::RunsChanged);
 }
 
@@ -117,6 +134,7 @@ void Document::SetFileName(std::string_view name) {
 
 void Document::SetRemarks(std::string_view remarks) {
   remarks_ = OneLine(remarks);
+  edited_ = true;
   Tell(&DocumentListener::HeaderChanged);
 }
 
@@ -162,7 +180,8 @@ void Document::Load(DataFileContents contents, std::string_view file_name, std::
   List2_ = std::move(contents.List2);
   RunCount_ = static_cast<std::int16_t>(contents.run_count);
   MultiRun_ = RunCount_ >= 2;
-  DataChanged_ = false;
+  KeptInAFile();
+  last_reading_at_ = 0;
   StartTime_ = 0;
   holds_commas_ = contents.holds_commas;
   commas_told_ = false;
@@ -176,8 +195,14 @@ void Document::Load(DataFileContents contents, std::string_view file_name, std::
   Tell(&DocumentListener::DocumentReplaced);
 }
 
-void Document::Saved(std::string_view file_name) {
+void Document::KeptInAFile() {
   DataChanged_ = false;
+  edited_ = false;
+  unsaved_readings_ = 0;
+}
+
+void Document::Saved(std::string_view file_name) {
+  KeptInAFile();
   Tell(&DocumentListener::DocumentSaved);
   SetFileName(file_name);
 }

@@ -28,6 +28,8 @@ class DocumentListener {
   virtual void RowsAboutToBeRemoved(Row /*first*/, Row /*last*/) {
   }  // the one call that comes before its change
   virtual void RowsRemoved(Row /*first*/, Row /*last*/) {}
+  virtual void RowsAboutToBeRestored(Row /*first*/, Row /*last*/) {}  // comes before, too
+  virtual void RowsRestored(Row /*first*/, Row /*last*/) {}           // after a removal was undone
   virtual void CellChanged(Row /*row*/, int /*col*/) {}
   virtual void ColumnsChanged() {
   }  // a column or title more or other, or another column shown as viscosity or temp
@@ -58,6 +60,13 @@ class Document {
   int ViscoColumn() const { return ViscoColumn_; }
   int TempColumn() const { return TempColumn_; }
   double StartTime() const { return StartTime_; }
+  // What a save would keep that no file holds: readings that came since, and whether texts or rows are
+  // others.
+  Row UnsavedReadings() const { return unsaved_readings_; }
+  bool EditedSinceSave() const { return edited_; }
+  double LastReadingAt() const {
+    return last_reading_at_;
+  }  // in the time base of StartTime; 0 before the first
   char FieldSeparator() const { return FieldSeparator_; }
   // Some cell, title or name has a "," in it, and "," divides them in a file: they will not come back whole.
   bool CommasDivide() const { return holds_commas_ && FieldSeparator_ == ','; }
@@ -77,8 +86,10 @@ class Document {
   bool AppendReading(std::span<const std::string_view> fields, const Moment& now,
                      const std::function<void(Row)>& filled = {});
 
-  // Removes readings from the larger to the smaller of the two rows.
-  void RemoveRows(Row row, Row row_sel);
+  // Removes readings from the larger to the smaller of the two rows; what puts them back.
+  MeasurementTable::RemovedRows RemoveRows(Row row, Row row_sel);
+  // Undoes a removal; nothing but appending, and edits that were undone, came between.
+  void RestoreRows(const MeasurementTable::RemovedRows& rows);
 
   void SetCell(Row row, int col, std::string_view text);
   void SetTitle(int col, std::string_view text);
@@ -103,6 +114,7 @@ class Document {
     for (DocumentListener* listener : std::vector(listeners_)) (listener->*what)(arguments...);
   }
   void StartRun();
+  void KeptInAFile();
   void NoteCommas(std::string_view text);
   void TellOfCommas();
   void ChooseColumns();
@@ -120,6 +132,9 @@ class Document {
   bool DataChanged_ = false;
   bool holds_commas_ = false;  // some cell, title or name has a "," in it
   bool commas_told_ = false;
+  bool edited_ = false;
+  Row unsaved_readings_ = 0;
+  double last_reading_at_ = 0;
   TextEncoding encoding_ = TextEncoding::kUtf8;
   char FieldSeparator_ = ',';
   double StartTime_ = 0;

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "data/header_values.h"
+
 namespace quenlor::data {
 
 EditChoice ChooseEdit(const Document& document, Document::Row row, Document::Row row_sel, int col,
@@ -15,9 +17,25 @@ EditChoice ChooseEdit(const Document& document, Document::Row row, Document::Row
   }
   if (row >= table.EntryRow()) return {};
   if (col == col_sel) return {Mode::kData, "Data", std::string(table.TextMatrix(row, col)), row, col, 0};
-  const int run = RunNumber(table.TextMatrix(row, 0));
-  if (run == 0 || run >= document.Grid4().Rows()) return {};
-  return {Mode::kSampleName, "Sample Name", std::string(document.Grid4().TextMatrix(run, 1)), row, 0, run};
+  return SampleNameEdit(document, RunNumber(table.TextMatrix(row, 0)));
+}
+
+EditChoice SampleNameEdit(const Document& document, int run) {
+  if (run < 1 || run >= document.Grid4().Rows()) return {};
+  return {EditChoice::Mode::kSampleName,
+          "Sample Name",
+          std::string(document.Grid4().TextMatrix(run, 1)),
+          0,
+          0,
+          run};
+}
+
+EditChoice FileNameEdit(const Document& document) {
+  return {EditChoice::Mode::kFileName, "File Name", document.FileName(), 0, 0, 0};
+}
+
+EditChoice RemarksEdit(const Document& document) {
+  return {EditChoice::Mode::kRemarks, "Remarks", document.Remarks(), 0, 0, 0};
 }
 
 void ApplyEdit(const EditChoice& choice, const std::string& text, Document& document) {
@@ -25,6 +43,25 @@ void ApplyEdit(const EditChoice& choice, const std::string& text, Document& docu
   if (choice.mode == Mode::kData && text != choice.text) document.SetCell(choice.row, choice.col, text);
   if (choice.mode == Mode::kTitle) document.SetTitle(choice.col, text);
   if (choice.mode == Mode::kSampleName) document.SetSampleName(choice.run, text);
+  if (choice.mode == Mode::kFileName) document.SetFileName(FileNameFrom(text));
+  if (choice.mode == Mode::kRemarks) document.SetRemarks(RemarksFrom(text));
+}
+
+std::string EditedText(const EditChoice& choice, const Document& document) {
+  switch (choice.mode) {
+    case EditChoice::Mode::kNothing:
+      break;
+    case EditChoice::Mode::kData:
+    case EditChoice::Mode::kTitle:
+      return std::string(document.Grid1().TextMatrix(choice.row, choice.col));
+    case EditChoice::Mode::kSampleName:
+      return std::string(document.Grid4().TextMatrix(choice.run, 1));
+    case EditChoice::Mode::kFileName:
+      return document.FileName();
+    case EditChoice::Mode::kRemarks:
+      return document.Remarks();
+  }
+  return {};
 }
 
 bool MayDelete(const MeasurementTable& table, Document::Row row, Document::Row row_sel, int col,

@@ -153,9 +153,16 @@ void MeasurementTable::AppendRow(std::span<const std::string_view> cells) {
   starts_.push_back(StoreRow(cells));
 }
 
-void MeasurementTable::RemoveRows(Row first, Row last) {
-  starts_.erase(starts_.begin() + (first - 1), starts_.begin() + last);
-  if (starts_.empty()) blocks_.clear();
+MeasurementTable::RemovedRows MeasurementTable::RemoveRows(Row first, Row last) {
+  const auto begin = starts_.begin() + (first - 1);
+  const auto end = starts_.begin() + last;
+  RemovedRows removed{first, {begin, end}};
+  starts_.erase(begin, end);
+  return removed;
+}
+
+void MeasurementTable::RestoreRows(const RemovedRows& rows) {
+  starts_.insert(starts_.begin() + (rows.first - 1), rows.starts.begin(), rows.starts.end());
 }
 
 void MeasurementTable::AppendLine(Row row, char separator, std::string& line) const {

@@ -22,6 +22,14 @@ namespace quenlor::data {
 class MeasurementTable {
  public:
   using Row = std::int64_t;
+
+  // Readings that were taken out and can be put back: the table keeps their texts.
+  struct RemovedRows {
+    Row first = 0;
+    std::vector<std::uint64_t> starts;
+    Row Count() const { return static_cast<Row>(starts.size()); }
+  };
+
   static constexpr int kMaxCols = 32767;  // column numbers are 16-bit
   static constexpr char kCellEnd = '\xFF';
   static constexpr char kRowEnd = '\xFE';
@@ -55,7 +63,10 @@ class MeasurementTable {
   void AppendRow(std::span<const std::string_view> cells);
 
   // Removes readings first to last, both included; all of them must be readings.
-  void RemoveRows(Row first, Row last);
+  RemovedRows RemoveRows(Row first, Row last);
+
+  // Puts them back where they were. What was removed later is back already, and Reset came not between.
+  void RestoreRows(const RemovedRows& rows);
 
   // The row's cells from column 0 to the last, joined by the separator; missing cells are empty.
   void AppendLine(Row row, char separator, std::string& line) const;

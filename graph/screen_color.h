@@ -8,5 +8,8 @@
 namespace quenlor::graph {
 
 inline QColor ToQColor(Color color) { return {color.Red(), color.Green(), color.Blue()}; }
+inline Color FromQColor(const QColor& color) {
+  return {static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16)};
+}
 
 }  // namespace quenlor::graph

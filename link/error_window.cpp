@@ -13,6 +13,7 @@ ErrorWindow::ErrorWindow(QWidget* parent)
   setObjectName(QStringLiteral("Form5"));
   setWindowTitle(tr("Error"));
   setAttribute(Qt::WA_DeleteOnClose);
+  setAttribute(Qt::WA_ShowWithoutActivating);
   Text1->setObjectName(QStringLiteral("Text1"));
   Text1->setAccessibleName(tr("Line errors"));
   Text1->setToolTip(tr("Errors of the serial line, the latest at the end"));
@@ -29,5 +30,14 @@ ErrorWindow::ErrorWindow(QWidget* parent)
 }
 
 void ErrorWindow::AppendLine(const QString& line) { Text1->appendPlainText(line); }
+
+void ErrorWindow::ComeUp() {
+  if (isMinimized()) {
+    showNormal();
+  } else if (!isVisible()) {
+    show();
+  }
+  raise();
+}
 
 }  // namespace quenlor::link

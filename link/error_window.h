@@ -17,6 +17,7 @@ class ErrorWindow : public QWidget {
   explicit ErrorWindow(QWidget* parent);
 
   void AppendLine(const QString& line);
+  void ComeUp();  // above the window that it belongs to; whoever types there goes on typing
 
  private:
   QPlainTextEdit* Text1;

@@ -2,6 +2,7 @@
 #include "link/measurement.h"
 
 #include <chrono>
+#include <utility>
 
 #include "link/port_settings.h"
 
@@ -30,7 +31,7 @@ Measurement::Measurement(const MeasurementPorts& ports, data::Document& document
       document_(document),
       settings_(settings),
       raw_log_(ports.files, ports.clock, document, program_folder,
-               [this](const std::string& line) { ErrorLine(line); }),
+               [this](const std::string& text) { Tell(text); }),
       reception_(ports.MSComm1, ports.clock, document, settings, raw_log_,
                  {.line_begins = [this] { Timer2_.Enabled(false); },
                   .line_received =
@@ -41,8 +42,7 @@ Measurement::Measurement(const MeasurementPorts& ports, data::Document& document
                   .runs_used_up =
                       [this] {
                         if (settings_.IsOn(setting::kVisco)) SendCommand(kStopWord);
-                        ClosePort();
-                        Tell("The measurement has ended: all run numbers, 1 to 32767, are used up");
+                        End(Ending::kRunsUsedUp);
                       }}) {
   Timer1_.Interval(kRequestTick);
   Timer2_.Interval(kReplyTimeout);
@@ -73,6 +73,9 @@ std::optional<platform::OpenFailure> Measurement::Start() {
   if (Running() || stopping_) return {};
   if (auto failure = OpenPort()) return failure;
   document_.BeginMeasurement();
+  started_at_ = clock_.Now().seconds;
+  measuring_ = true;
+  auto_stopping_ = false;
 
   const bool visco = settings_.IsOn(setting::kVisco);
   const bool repeat = settings_.Index(setting::kRepeat) == 1;
@@ -84,11 +87,17 @@ std::optional<platform::OpenFailure> Measurement::Start() {
   NextRequestTime = clock_.Now().seconds + settings_.Number(setting::kRepeatSeconds);
   UpdateRepeatTimer();
   Timer2_.Enabled(false);
+  for (MeasurementListener* listener : listeners_) listener->Started();
   return {};
 }
 
+std::optional<double> Measurement::NextRequestAt() const {
+  if (!Timer1_.Enabled()) return std::nullopt;
+  return NextRequestTime;
+}
+
 std::optional<platform::OpenFailure> Measurement::OpenPort() {
-  reception_.ClearLine();
+  reception_.Begin();
   const auto port = ApplyPortSettings(settings_);
   if (!port) return platform::OpenFailure{"", "a choice of the RS-232C menu is missing", ""};
   if (auto failure = MSComm1_.Open(port->CommPort, port->Settings)) return failure;
@@ -119,14 +128,14 @@ void Measurement::Stop() {
     TakeWaiting();
     stopping_ = false;
   }
-  ClosePort();
+  End(Ending::kByHand);
 }
 
 void Measurement::StopWithoutWait() {
   TakeWaiting();
   if (!Running()) return;
   if (settings_.IsOn(setting::kVisco)) SendCommand(kStopWord);
-  ClosePort();
+  End(Ending::kByHand);
 }
 
 // The port may be closed already, when its device has gone; the rest of a measurement ends all the same.
@@ -140,6 +149,13 @@ void Measurement::ClosePort() {
   UpdateRepeatTimer();
   Timer2_.Enabled(false);
   StateChanged();
+}
+
+// However many roads lead to one end, it is told once, with the first reason.
+void Measurement::End(Ending why) {
+  ClosePort();
+  if (!std::exchange(measuring_, false)) return;
+  for (MeasurementListener* listener : listeners_) listener->Ended(why);
 }
 
 void Measurement::UpdateRepeatTimer() {
@@ -177,7 +193,9 @@ void Measurement::Timer1_Timer() {
     CommandText = kStopWord;
     SendCommand(CommandText);
     ArmTimer2();
+    auto_stopping_ = true;
   } else {
+    auto_stopping_ = false;
     CommandText = command_data_;
     SendCommand(CommandText);
   }
@@ -196,14 +214,14 @@ void Measurement::Timer2_Timer() {
   TakeWaiting();
   if (!Timer2_.Enabled()) return;  // the answer was there
   Timer2_.Enabled(false);
-  if (Running()) ClosePort();
+  if (Running()) End(auto_stopping_ ? Ending::kAutoStop : Ending::kNoReply);
 }
 
 void Measurement::OnComm(int CommEvent) {
   reception_.MSComm1_OnComm(CommEvent);
   if (CommEvent != platform::comm_event::kPortGone) return;
   TakeWaiting();
-  ClosePort();
+  End(Ending::kDeviceGone);
 }
 
 }  // namespace quenlor::link

@@ -28,11 +28,22 @@ struct MeasurementPorts {
   platform::FileSystem& files;
 };
 
+// Why a measurement ended.
+enum class Ending {
+  kByHand,      // Stop, another document, or the end of the program
+  kNoReply,     // to an answered request
+  kAutoStop,    // the set time is over
+  kDeviceGone,  // pulled out or switched off
+  kRunsUsedUp,  // no run number is left
+};
+
 // Told what happens in a measurement.
 class MeasurementListener {
  public:
   virtual ~MeasurementListener() = default;
-  virtual void StateChanged() {}  // Running or Stopping is another than before
+  virtual void Started() {}
+  virtual void Ended(Ending /*why*/) {}  // after StateChanged
+  virtual void StateChanged() {}         // Running or Stopping is another than before
   virtual void LineReceived(const std::string& /*line*/) {}
   virtual void ErrorLine(const std::string& /*line*/) {}
   virtual void Told(const std::string& /*text*/) {}  // what the operator should know
@@ -57,6 +68,16 @@ class Measurement {
   bool Running() const { return MSComm1_.PortOpen(); }
   bool Stopping() const { return stopping_; }
   int CommPort() const { return MSComm1_.CommPort(); }  // of the measurement that runs, or ran last
+
+  // While it runs: how far it has come. Times in the time base of Document::StartTime.
+  double StartedAt() const { return started_at_; }
+  double LastByteAt() const { return reception_.LastByteAt(); }  // 0 before the first
+  std::uint64_t BytesReceived() const { return reception_.BytesReceived(); }
+  std::uint64_t LinesReceived() const { return reception_.LinesReceived(); }
+  // The next request of Repeat; nothing without it.
+  std::optional<double> NextRequestAt() const;
+  // Where the readings are on the disk, as they come.
+  std::string RawLogPath() const { return raw_log_.Path(CommPort()); }
 
   // Opens the port of the settings and starts. On failure the measurement is stopped and nothing was sent.
   std::optional<platform::OpenFailure> Start();
@@ -88,6 +109,7 @@ class Measurement {
   void TakeWaiting();
   std::optional<platform::OpenFailure> OpenPort();
   void ClosePort();
+  void End(Ending why);
   void UpdateRepeatTimer();
   void WaitSeconds(double seconds) { loop_.WaitSeconds(seconds); }
   void ArmTimer2();
@@ -108,6 +130,9 @@ class Measurement {
   std::string command_data_;
   double NextRequestTime = 0;  // seconds of the clock's time base
   bool stopping_ = false;
+  bool measuring_ = false;      // from Start to the end that listeners are told of
+  bool auto_stopping_ = false;  // "STOP" was sent since the set time is over
+  double started_at_ = 0;
 };
 
 }  // namespace quenlor::link

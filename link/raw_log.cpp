@@ -22,12 +22,12 @@ std::string_view WithoutEmptyEnd(std::string_view line, char separator) {
 }  // namespace
 
 RawLog::RawLog(platform::FileSystem& files, platform::Clock& clock, data::Document& document,
-               std::string folder, std::function<void(const std::string&)> report_error)
+               std::string folder, std::function<void(const std::string&)> tell)
     : files_(files),
       clock_(clock),
       document_(document),
       folder_(std::move(folder)),
-      report_error_(std::move(report_error)),
+      tell_(std::move(tell)),
       saved_logs_(files, folder_) {
   document_.AddListener(*this);
 }
@@ -127,14 +127,14 @@ void RawLog::AppendRows(Row first, Row last) {
   if (NotFound(failed)) failed = WriteTable(path_);
   if (failed) {
     last_attempt_ = clock_.Now().seconds;
-    if (!missing_from_) report_error_("Raw Log Not Written: " + failed->text);
+    if (!missing_from_) tell_("Raw Log Not Written: " + failed->text);
     missing_from_ = first;
     return;
   }
   if (appended) logs_[name_].content.Add(lines);
   if (!missing_from_) return;
   missing_from_.reset();
-  report_error_("Raw Log Written Again");
+  tell_("Raw Log Written Again");
 }
 
 void RawLog::Close() {
@@ -143,7 +143,7 @@ void RawLog::Close() {
   auto failed = files_.Sync(path_);
   // Removed since the last reading: what was in it is in the table still.
   if (NotFound(failed) && !missing_from_) failed = WriteTable(path_);
-  if (failed && !missing_from_) report_error_("Raw Log Not Written: " + failed->text);
+  if (failed && !missing_from_) tell_("Raw Log Not Written: " + failed->text);
   path_.clear();
   lock_.reset();
 }
@@ -171,6 +171,11 @@ void RawLog::RowsRemoved(Row first, Row last) {
   if (missing_from_ && *missing_from_ > first) {
     *missing_from_ -= std::min(last + 1, *missing_from_) - first;
   }
+}
+
+void RawLog::RowsRestored(Row first, Row last) {
+  TableHasChanged();
+  if (missing_from_ && *missing_from_ >= first) *missing_from_ += last + 1 - first;
 }
 
 }  // namespace quenlor::link

@@ -25,7 +25,7 @@ namespace quenlor::link {
 class RawLog : private data::DocumentListener {
  public:
   RawLog(platform::FileSystem& files, platform::Clock& clock, data::Document& document, std::string folder,
-         std::function<void(const std::string&)> report_error);
+         std::function<void(const std::string&)> tell);
   ~RawLog() override;
   RawLog(const RawLog&) = delete;
   RawLog& operator=(const RawLog&) = delete;
@@ -50,6 +50,7 @@ class RawLog : private data::DocumentListener {
   };
 
   void RowsRemoved(Row first, Row last) override;
+  void RowsRestored(Row first, Row last) override;
   void CellChanged(Row, int) override { TableHasChanged(); }
   void DocumentReplaced() override;
   void DocumentSaved() override;
@@ -66,7 +67,7 @@ class RawLog : private data::DocumentListener {
   platform::Clock& clock_;
   data::Document& document_;
   std::string folder_;
-  std::function<void(const std::string&)> report_error_;
+  std::function<void(const std::string&)> tell_;
   std::string path_;  // empty while no measurement runs
   std::unique_ptr<platform::FileLock> lock_;
   SavedLogs saved_logs_;

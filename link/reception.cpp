@@ -26,6 +26,13 @@ void Reception::MSComm1_OnComm(int CommEvent) {
   }
 }
 
+void Reception::Begin() {
+  ClearLine();
+  bytes_ = 0;
+  lines_ = 0;
+  last_byte_at_ = 0;
+}
+
 void Reception::ClearLine() {
   LineBuffer.clear();
   line_cut_ = false;
@@ -34,7 +41,12 @@ void Reception::ClearLine() {
 void Reception::TakeWaiting() {
   if (taking_) return;
   taking_ = true;
-  TakeCharacters(MSComm1_.Input());
+  const std::string Input = MSComm1_.Input();
+  if (!Input.empty()) {
+    bytes_ += Input.size();
+    last_byte_at_ = clock_.Now().seconds;
+  }
+  TakeCharacters(Input);
   taking_ = false;
 }
 
@@ -61,6 +73,7 @@ void Reception::Keep(std::string_view characters) {
 // False when the measurement has ended over this line.
 bool Reception::ProcessLine() {
   answers_.line_begins();
+  ++lines_;
   const std::string line = data::ToUtf8(std::move(LineBuffer));
   ClearLine();
   answers_.line_received(line);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -46,10 +47,15 @@ class Reception {
   // taken.
   void TakeWaiting();
 
-  // Forgets a line that has begun.
-  void ClearLine();
+  // A measurement begins: forgets a line that has begun, and what was counted.
+  void Begin();
+
+  std::uint64_t BytesReceived() const { return bytes_; }
+  std::uint64_t LinesReceived() const { return lines_; }
+  double LastByteAt() const { return last_byte_at_; }  // in the clock's time base; 0 before the first
 
  private:
+  void ClearLine();
   void TakeCharacters(std::string_view Input);
   void Keep(std::string_view characters);
   bool ProcessLine();
@@ -64,6 +70,9 @@ class Reception {
   bool taking_ = false;    // characters are being looked at
   bool line_cut_ = false;  // the line has been longer than can be kept
   std::vector<std::string> fields_;
+  std::uint64_t bytes_ = 0;
+  std::uint64_t lines_ = 0;
+  double last_byte_at_ = 0;
 };
 
 }  // namespace quenlor::link

@@ -4,18 +4,25 @@
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "app/window/frame.h"
 #include "app/window/named.h"
 
 namespace quenlor::app {
 
 using graph::Axis;
 
+namespace {
+constexpr int kWideScreen = 130;  // letters that the frames want side by side
+}
+
 GraphChoices::GraphChoices(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(kSpacing);
   layout->addWidget(BuildAutoScalingFrame());
   layout->addWidget(BuildSelectionFrame());
   ConnectHandlers();
@@ -74,45 +81,51 @@ void GraphChoices::ShowChoices() {
 }
 
 QGroupBox* GraphChoices::BuildAutoScalingFrame() {
-  auto* frame = new QGroupBox(QStringLiteral("Auto-Scaling"), this);
-  frame->setObjectName(QStringLiteral("Frame1"));
-  auto* layout = new QGridLayout(frame);
-  const auto box = [&](const char* name, const QString& caption, int row, int column) {
+  QGroupBox* frame = NewFrame("Frame1", QStringLiteral("Auto-Scaling"), this);
+  auto* layout = new QGridLayout;
+  const auto box = [&](const char* name, const QString& caption, int row) {
     auto* made =
         Named(new QCheckBox(caption, frame), name, caption, tr("The range of this axis follows the data"));
-    layout->addWidget(made, row, column);
+    layout->addWidget(made, row, 0);
     return made;
   };
-  Check2 = box("Check2", QStringLiteral("Time"), 0, 0);
-  Check3 = box("Check3", QStringLiteral("Viscosity"), 1, 0);
-  Check4 = box("Check4", QStringLiteral("Temp"), 0, 1);
+  Check2 = box("Check2", QStringLiteral("Time"), 0);
+  Check3 = box("Check3", QStringLiteral("Viscosity"), 1);
+  Check4 = box("Check4", QStringLiteral("Temp"), 2);
   const std::array fineness = {QStringLiteral("Standard"), QStringLiteral("Fine")};
   auto* group = new QButtonGroup(frame);
+  const bool wide = screen()->availableSize().width() > kWideScreen * fontMetrics().averageCharWidth();
   for (std::size_t i = 0; i < Option2.size(); ++i) {
     Option2[i] = new QRadioButton(fineness[i], frame);
     Option2[i]->setObjectName(QStringLiteral("Option2[%1]").arg(i));
     Option2[i]->setToolTip(i == 0 ? tr("The viscosity axis starts at zero where it can")
                                   : tr("The viscosity axis shows what the data span"));
     group->addButton(Option2[i]);
-    layout->addWidget(Option2[i], static_cast<int>(i), 2);
+    // One below the other where the screen is narrow for the row of frames.
+    if (wide) {
+      layout->addWidget(Option2[i], 1, static_cast<int>(i) + 1);
+    } else {
+      layout->addWidget(Option2[i], static_cast<int>(i), 1);
+    }
   }
   Option2[1]->setChecked(true);
+  SetFrameLayout(frame, layout);
   return frame;
 }
 
 QGroupBox* GraphChoices::BuildSelectionFrame() {
-  auto* frame = new QGroupBox(QStringLiteral("Selection"), this);
-  frame->setObjectName(QStringLiteral("Frame2"));
-  auto* layout = new QVBoxLayout(frame);
+  QGroupBox* frame = NewFrame("Frame2", QStringLiteral("Selection"), this);
+  auto* layout = new QVBoxLayout;
   const std::array captions = {QStringLiteral("Visco / Time"), QStringLiteral("Visco / Time , Temp / Time"),
                                QStringLiteral("Visco / Temp")};
   for (std::size_t i = 0; i < captions.size(); ++i) {
     Option1[i] = new QRadioButton(captions[i], frame);
     Option1[i]->setObjectName(QStringLiteral("Option1[%1]").arg(i));
-    Option1[i]->setToolTip(tr("Which graphs are drawn"));
+    Option1[i]->setToolTip(tr("Which graphs are drawn (Ctrl+%1)").arg(i + 1));
     Option1[i]->setChecked(i == 0);
     layout->addWidget(Option1[i]);
   }
+  SetFrameLayout(frame, layout);
   return frame;
 }
 

@@ -20,6 +20,8 @@ class GraphChoices : public QWidget {
   // The boxes as the graph has them.
   void ShowChoices();
 
+  void ChooseKind(int Index) { Option1[static_cast<std::size_t>(Index)]->click(); }
+
  private:
   void Check2_Click();            // "Time"
   void Check3_Click();            // "Viscosity"

@@ -17,6 +17,12 @@ int ToCount(data::Document::Row rows) {
   return static_cast<int>(std::min<data::Document::Row>(rows, std::numeric_limits<int>::max()));
 }
 
+// Figures stand on the right, so that their places stand below each other.
+Qt::Alignment SideOf(std::string_view text) {
+  const bool figure = !text.empty() && text.find_first_not_of("0123456789+-.,eE ") == std::string_view::npos;
+  return (figure ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
 }  // namespace
 
 GridModel::GridModel(data::Document& document, const graph::ColorSettings& colors, QObject* parent)
@@ -35,6 +41,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const data::Document::Row row = index.row() + 1;
   if (role == Qt::DisplayRole) return Text(row, index.column() + 1);
+  if (role == Qt::TextAlignmentRole) return QVariant(SideOf(TableText(row, index.column() + 1)));
   if (role == Qt::ForegroundRole && TextsInRunColor()) {
     if (const auto run = RunOfRow(row)) return ToQColor(graph::RunColor(colors_.Colors(), *run));
   }
@@ -43,8 +50,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (section < 0 || section >= (orientation == Qt::Horizontal ? shown_cols_ : shown_rows_)) return {};
-  if (orientation == Qt::Horizontal)
+  if (orientation == Qt::Horizontal) {
+    if (role == Qt::TextAlignmentRole) return QVariant(SideOf(TableText(1, section + 1)));
     return role == Qt::DisplayRole ? QVariant(Text(0, section + 1)) : QVariant();
+  }
 
   const data::Document::Row row = section + 1;
   if (role == Qt::DisplayRole) return Text(row, 0);
@@ -66,6 +75,8 @@ bool GridModel::Sync() {
   if (was_entry >= 0) {
     emit dataChanged(index(was_entry, 0), index(was_entry, shown_cols_ - 1));
     emit headerDataChanged(Qt::Vertical, was_entry, was_entry);
+    if (was_entry == 0)
+      emit headerDataChanged(Qt::Horizontal, 0, shown_cols_ - 1);  // titles stand as texts do
   }
   return true;
 }
@@ -79,6 +90,16 @@ void GridModel::RowsAboutToBeRemoved(Row first, Row last) {
 void GridModel::RowsRemoved(Row first, Row last) {
   shown_rows_ -= static_cast<int>(last - first) + 1;
   endRemoveRows();
+}
+
+void GridModel::RowsAboutToBeRestored(Row first, Row last) {
+  Sync();
+  beginInsertRows({}, static_cast<int>(first) - 1, static_cast<int>(last) - 1);
+}
+
+void GridModel::RowsRestored(Row first, Row last) {
+  shown_rows_ += static_cast<int>(last - first) + 1;
+  endInsertRows();
 }
 
 void GridModel::CellChanged(Row row, int /*col*/) {

@@ -49,6 +49,8 @@ class GridModel : public platform::qt::GridTable, protected data::DocumentListen
 
   void RowsAboutToBeRemoved(Row first, Row last) override;
   void RowsRemoved(Row first, Row last) override;
+  void RowsAboutToBeRestored(Row first, Row last) override;
+  void RowsRestored(Row first, Row last) override;
   void CellChanged(Row row, int col) override;
   void ColumnsChanged() override;
   void DocumentReplaced() override;
@@ -104,6 +106,8 @@ class Grid4Model : public GridModel {
   bool TextsInRunColor() const override { return false; }
   void RowsAboutToBeRemoved(Row, Row) override {}
   void RowsRemoved(Row, Row) override {}
+  void RowsAboutToBeRestored(Row, Row) override {}
+  void RowsRestored(Row, Row) override {}
   void CellChanged(Row, int) override {}
   void RunsChanged() override;
   void ReadingAppended(Row) override { latest_changed_ = true; }

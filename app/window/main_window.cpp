@@ -6,12 +6,15 @@
 #include <QHBoxLayout>
 #include <QMimeData>
 #include <QScreen>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
 
 #include "app/desk/version.h"
+#include "app/window/frame.h"
+#include "app/window/status_line.h"
 #include "app/window/window_state.h"
 #include "graph/color_window.h"
 #include "platform/qt/qt_busy_pointer.h"
@@ -28,12 +31,13 @@ MainWindow::MainWindow(const MainWindowPorts& ports)
     : refresh_([this](bool whole) { return ShowNews(whole); }, [this] { Picture1.LayoutLabels(); }, this),
       session_(ports.measurement.files, ports.place, ports.system_writes_comma, &refresh_),
       measurement_(ports.measurement, session_.Document(), session_.List(), ports.place.folder),
+      status_(session_, measurement_, ports.measurement.clock, ports.name_of_port),
       documents_(session_, measurement_, ports.dialogs, *this),
-      status_(*new StatusLine(this)),
       menus_(*new Menus(menuBar(), session_, measurement_, {ports.look_for_devices, ports.name_of_port},
                         status_)),
       panel_(*new MeasurePanel(session_, measurement_, ports.dialogs, commands_, status_, this)),
       choices_(*new GraphChoices(session_, this)),
+      value_(*new CurrentValue(session_, this)),
       tables_(*new TablesPane(session_, panel_.ReceivedData(), this)),
       Picture1(*new graph::GraphPane(session_.Document(), session_.Graph(), session_.List(),
                                      session_.Colors(), this)),
@@ -48,6 +52,7 @@ MainWindow::MainWindow(const MainWindowPorts& ports)
           [this] { return Picture1.Settings(); }, this) {
   BuildWindow();
   ConnectHandlers();
+  AddShortcuts();
   session_.Document().AddListener(refresh_);
   measurement_.AddListener(refresh_);
   Form_Load();
@@ -67,14 +72,20 @@ void MainWindow::BuildWindow() {
   setAcceptDrops(true);
   auto* centre = new QWidget(this);
   auto* controls = new QHBoxLayout;
+  controls->setContentsMargins(0, 0, kEdge, 0);
+  controls->setSpacing(kSpacing);
   controls->addWidget(&panel_);
   controls->addWidget(&choices_);
-  controls->addStretch(1);
+  controls->addWidget(&value_, 1);
   auto* layout = new QVBoxLayout(centre);
+  layout->setContentsMargins(kEdge, 2, 0, kSpacing);  // the graph keeps its own distance on the right
+  layout->setSpacing(kSpacing);
   layout->addLayout(controls);
   layout->addWidget(&halves_, 1);
+  constexpr QSize kLeastHalves(420, 180);  // below that captions and rows would be crushed
+  halves_.setMinimumSize(kLeastHalves);
   setCentralWidget(centre);
-  statusBar()->addWidget(&status_, 1);
+  new StatusLine(status_, statusBar());
   // With its frame it is to fit the screen, which is small where everything is shown enlarged.
   constexpr QSize kUsual(1200, 760);
   constexpr QSize kFrame(8, 48);
@@ -96,6 +107,10 @@ void MainWindow::ConnectHandlers() {
           [this, Grid1](int KeyCode) { edits_.Grid1_KeyDown(*Grid1, KeyCode); });
   connect(Grid1, &platform::qt::GridView::Grid_DblClick, this,
           [this, Grid1] { edits_.Grid1_DblClick(*Grid1); });
+  connect(Grid1, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+    platform::qt::GridView& grid = *tables_.Measurement();
+    edits_.ShowTableMenu(grid, grid.viewport()->mapToGlobal(at));
+  });
   connect(&Picture1, &graph::GraphPane::Label5_DblClick, this,
           [this](int Index) { edits_.Label5_DblClick(Index); });
   connect(&Picture1, &graph::GraphPane::Label6_DblClick, this,
@@ -104,13 +119,28 @@ void MainWindow::ConnectHandlers() {
           [this](int Index) { edits_.Label10_DblClick(Index); });
 }
 
+// Keys beside those of the menus; each does what a click would.
+void MainWindow::AddShortcuts() {
+  const auto on = [this](const QKeySequence& keys, const auto& what) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, what);
+  };
+  on(Qt::Key_F5, [this] { panel_.PressStart(); });
+  on(Qt::Key_F6, [this] { panel_.PressCommand(); });
+  for (int kind = 0; kind < 3; ++kind)
+    on(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + kind)),
+       [this, kind] { choices_.ChooseKind(kind); });
+  on(Qt::CTRL | Qt::Key_L, [this] { menus_.ToggleLog(); });
+  on(QKeySequence::Undo, [this] { edits_.Undo(); });
+  on(QKeySequence::Redo, [this] { edits_.Redo(); });
+}
+
 void MainWindow::Form_Load() {
   panel_.LoadCommandList();
   RestoreWindow(session_.Files(), session_.File(kWindowFile), *this, halves_);
   menus_.AddPorts();
   ShowChoices();
   QTimer::singleShot(kDevicesMilliseconds, this, [this] {
-    const std::string told = status_.Told();  // of a file that cannot be read, or of a start
+    const std::string told = status_.Said();  // of a file that cannot be read, or of a start
     menus_.ShowDevices();
     if (!told.empty()) Say(told);
   });
@@ -194,6 +224,7 @@ int MainWindow::ShowNews(bool whole) {
     Picture1.ShowReadings();
   }
   panel_.ShowLine();
+  value_.ShowNewest();
   return milliseconds;
 }
 

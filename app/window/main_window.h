@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/desk/document_commands.h"
+#include "app/window/current_value.h"
 #include "app/window/edits.h"
 #include "app/window/graph_choices.h"
 #include "app/window/measure_panel.h"
@@ -60,6 +61,7 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   void Form_Load();
   void BuildWindow();
   void ConnectHandlers();
+  void AddShortcuts();
   void mNew_Click();
   void mOpen_Click();
   void mSave_Click();
@@ -80,12 +82,13 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   RefreshTick refresh_;
   Session session_;
   link::Measurement measurement_;
+  Status status_;
   DocumentCommands documents_;
   OneAtATime commands_;
-  StatusLine& status_;
   Menus& menus_;
   MeasurePanel& panel_;
   GraphChoices& choices_;
+  CurrentValue& value_;
   TablesPane& tables_;
   graph::GraphPane& Picture1;
   graph::TableAndGraph& halves_;

@@ -4,12 +4,16 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <utility>
 
+#include "app/window/frame.h"
 #include "app/window/named.h"
 #include "data/text_number.h"
+#include "graph/contrast.h"
+#include "graph/screen_color.h"
 #include "platform/qt/plain_tip.h"
 #include "platform/qt/to_qstring.h"
 
@@ -19,18 +23,25 @@ namespace {
 namespace setting = data::setting;
 using platform::qt::ToQString;
 
+constexpr double kButtonContrast = 6;  // of a word to its button
+
 }  // namespace
 
 MeasurePanel::MeasurePanel(Session& session, link::Measurement& measurement, platform::Dialogs& dialogs,
-                           OneAtATime& commands, StatusLine& status, QWidget* parent)
+                           OneAtATime& commands, Status& status, QWidget* parent)
     : QWidget(parent),
       session_(session),
       measurement_(measurement),
       dialogs_(dialogs),
       commands_(commands),
       status_(status) {
-  BuildButtons();
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(kSpacing);
+  layout->addWidget(BuildMeasureFrame());
+  layout->addWidget(BuildRepeatFrame());
   BuildReceivedData();
+  ShowSign();
   ConnectHandlers();
   measurement_.AddListener(*this);
 }
@@ -59,12 +70,12 @@ void MeasurePanel::Command1_Click() {
     if (measurement_.Running()) return measurement_.Stop();
     session_.Settings().SaveSettings();
     const auto failure = measurement_.Start();
-    if (!failure) return status_.Say(tr("Measuring on port %1").arg(measurement_.CommPort()).toStdString());
+    if (!failure) return;
     StateChanged();
+    status_.StartRefused(*failure);
     dialogs_.Show({.text = "Can not Open !\rPlease Check Setting of Com Port !",
                    .buttons = platform::Buttons::kOk,
                    .icon = platform::Icon::kCritical});
-    status_.Say(failure->Text());
   });
 }
 
@@ -107,6 +118,7 @@ void MeasurePanel::StateChanged() {
   const bool running = measurement_.Running();
   const bool stopping = measurement_.Stopping();
   Command1->setText(running ? QStringLiteral("Stop") : QStringLiteral("Start"));
+  ShowSign();
   // A button that is disabled loses the focus, and the box beside it would take whatever is typed. Whoever
   // works by keyboard finds it where it was.
   if (stopping && Command1->hasFocus()) {
@@ -116,7 +128,6 @@ void MeasurePanel::StateChanged() {
   Command1->setEnabled(!stopping);
   Command2->setEnabled(running && !stopping);
   if (!stopping && std::exchange(had_focus_, false)) Command1->setFocus();
-  if (!running) status_.Say({});
 }
 
 void MeasurePanel::LineReceived(const std::string& line) {
@@ -127,10 +138,8 @@ void MeasurePanel::LineReceived(const std::string& line) {
 void MeasurePanel::ErrorLine(const std::string& line) {
   if (!Form5) Form5 = new link::ErrorWindow(window());
   Form5->AppendLine(ToQString(line));
-  if (!Form5->isVisible()) Form5->show();
+  Form5->ComeUp();
 }
-
-void MeasurePanel::Told(const std::string& text) { status_.Say(text); }
 
 void MeasurePanel::ShowLine() {
   if (!std::exchange(line_waits_, false)) return;
@@ -146,41 +155,89 @@ void MeasurePanel::ClearReceivedData() {
   Text3->setToolTip({});
 }
 
-void MeasurePanel::BuildButtons() {
-  Command1 = Named(new QPushButton(QStringLiteral("Start"), this), "Command1", QString(),
-                   tr("Opens the port and begins a measurement, or ends it"));
-  Command2 = Named(new QPushButton(QStringLiteral("Command"), this), "Command2", QString(),
-                   tr("Sends the command to the instrument, while a measurement runs"));
-  Combo1 = Named(new QComboBox(this), "Combo1", tr("Command Data"),
+QGroupBox* MeasurePanel::BuildMeasureFrame() {
+  QGroupBox* frame = NewFrame("Measure", QString(), this);
+  Command1 = Named(new QPushButton(QStringLiteral("Start"), frame), "Command1", QString(),
+                   tr("Opens the port and begins a measurement, or ends it (F5)"));
+  Command2 = Named(new QPushButton(QStringLiteral("Command"), frame), "Command2", QString(),
+                   tr("Sends the command to the instrument, while a measurement runs (F6)"));
+  Combo1 = Named(new QComboBox(frame), "Combo1", tr("Command Data"),
                  tr("The command for the button, for Start and for repeat requests; any text may be typed"));
   Combo1->setEditable(true);
   Combo1->setInsertPolicy(QComboBox::NoInsert);
   Combo1->setCompleter(nullptr);  // what is typed is what is sent
-  auto* label = new QLabel(QStringLiteral("Command &Data"), this);
+  auto* label = new QLabel(QStringLiteral("Command &Data"), frame);
   label->setBuddy(Combo1);
   Command2->setEnabled(false);
   Combo1->setAcceptDrops(false);  // files dropped on the window are documents, wherever they fall
   Combo1->lineEdit()->setAcceptDrops(false);
+  Combo1->setMinimumWidth(fontMetrics().averageCharWidth() * 13);
+
+  // What the eye finds first.
+  Command1->setDefault(true);
+  Command1->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  Command1->setMinimumWidth(fontMetrics().averageCharWidth() * 13);
   Command1->setFocus();
 
-  auto* button_row = new QHBoxLayout;
-  button_row->addWidget(Command1);
-  button_row->addWidget(Command2);
-  auto* command_row = new QHBoxLayout;
-  command_row->addWidget(label);
-  command_row->addWidget(Combo1, 1);
-  auto* buttons = new QVBoxLayout;
-  buttons->addLayout(button_row);
-  buttons->addLayout(command_row);
-  auto* layout = new QHBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addLayout(buttons);
-  layout->addWidget(BuildRepeatFrame());
+  auto* layout = new QGridLayout;
+  layout->addWidget(Command1, 0, 0, 3, 1);
+  layout->addWidget(label, 0, 1);
+  layout->addWidget(Combo1, 1, 1);
+  layout->addWidget(Command2, 2, 1);
+  SetFrameLayout(frame, layout);
+  return frame;
+}
+
+// A sign besides the word, in the button's own colours.
+void MeasurePanel::ShowSign() {
+  QFont bold = font();
+  bold.setBold(true);
+  Command1->setFont(bold);
+  QPalette colors = palette();
+  const QColor word = Qt::white;
+  QColor ground = palette().color(QPalette::Active, QPalette::Highlight);
+  // Styles lighten a button's upper half.
+  while (graph::Contrast(graph::FromQColor(ground), graph::FromQColor(word)) < kButtonContrast)
+    ground = ground.darker(110);
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    colors.setColor(group, QPalette::Button, ground);
+    colors.setColor(group, QPalette::ButtonText, word);
+  }
+  Command1->setPalette(colors);
+  const int size = fontMetrics().height() * 3 / 4;
+  Command1->setIconSize({size, size});
+  QIcon sign;
+  for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled}) {
+    const auto group = mode == QIcon::Normal ? QPalette::Active : QPalette::Disabled;
+    for (const int scale : {1, 2, 3}) {
+      QPixmap picture(QSize(size, size) * scale);
+      picture.fill(Qt::transparent);
+      QPainter painter(&picture);
+      painter.setRenderHint(QPainter::Antialiasing);
+      painter.setPen(Qt::NoPen);
+      painter.setBrush(colors.color(group, QPalette::ButtonText));
+      painter.scale(size * scale / 12.0, size * scale / 12.0);
+      if (measurement_.Running()) {
+        painter.drawRect(2, 2, 8, 8);
+      } else {
+        painter.drawPolygon(QPolygonF({{2, 1}, {11, 6}, {2, 11}}));
+      }
+      painter.end();
+      picture.setDevicePixelRatio(scale);
+      sign.addPixmap(picture, mode);
+    }
+  }
+  Command1->setIcon(sign);
+}
+
+void MeasurePanel::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  const bool look = event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
+  if (look && Command1 != nullptr) ShowSign();
 }
 
 QGroupBox* MeasurePanel::BuildRepeatFrame() {
-  auto* frame = new QGroupBox(QStringLiteral("Repeat/Auto Stop"), this);
-  frame->setObjectName(QStringLiteral("Frame3"));
+  QGroupBox* frame = NewFrame("Frame3", QStringLiteral("Repeat/Auto Stop"), this);
   Check1 = Named(new QCheckBox(QStringLiteral("Re&peat"), frame), "Check1", QStringLiteral("Repeat"),
                  tr("Sends the command again and again while a measurement runs"));
   Text2 = Named(new QLineEdit(frame), "Text2", tr("Repeat interval in seconds"),
@@ -189,16 +246,17 @@ QGroupBox* MeasurePanel::BuildRepeatFrame() {
                  tr("Ends the measurement after the set time; works together with Repeat"));
   Text1 = Named(new QLineEdit(frame), "Text1", tr("Auto stop after minutes"),
                 tr("Minutes from the first reading of a run to its end"));
-  auto* layout = new QGridLayout(frame);
+  auto* layout = new QGridLayout;
   const auto row = [&](int at, QCheckBox* box, QLineEdit* text, const QString& unit) {
     text->setAcceptDrops(false);
-    text->setMaximumWidth(fontMetrics().averageCharWidth() * 9);
+    text->setFixedWidth(fontMetrics().averageCharWidth() * 8);
     layout->addWidget(box, at, 0);
     layout->addWidget(text, at, 1);
     layout->addWidget(new QLabel(unit, frame), at, 2);
   };
   row(0, Check1, Text2, tr("sec"));
   row(1, Check5, Text1, tr("min"));
+  SetFrameLayout(frame, layout);
   return frame;
 }
 

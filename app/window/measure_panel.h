@@ -10,8 +10,8 @@
 #include <string>
 
 #include "app/desk/session.h"
+#include "app/desk/status.h"
 #include "app/window/one_at_a_time.h"
-#include "app/window/status_line.h"
 #include "link/command_list.h"
 #include "link/error_window.h"
 #include "link/measurement.h"
@@ -26,14 +26,19 @@ class MeasurePanel : public QWidget, private link::MeasurementListener {
 
  public:
   MeasurePanel(Session& session, link::Measurement& measurement, platform::Dialogs& dialogs,
-               OneAtATime& commands, StatusLine& status, QWidget* parent);
+               OneAtATime& commands, Status& status, QWidget* parent);
   ~MeasurePanel() override;
 
   QWidget* ReceivedData() const { return received_; }  // stands above the tables
   void LoadCommandList();
+  void PressStart() { Command1->click(); }
+  void PressCommand() { Command2->click(); }
   void ShowChoices();
   void ShowLine();  // the last line, as it has come since
   void ClearReceivedData();
+
+ protected:
+  void changeEvent(QEvent* event) override;
 
  private:
   void Command1_Click();  // "Start" / "Stop"
@@ -45,20 +50,20 @@ class MeasurePanel : public QWidget, private link::MeasurementListener {
   void Text2_Change();    // repeat interval, seconds
   void ConnectHandlers();
 
-  void BuildButtons();
+  QGroupBox* BuildMeasureFrame();
   QGroupBox* BuildRepeatFrame();
   void BuildReceivedData();
+  void ShowSign();
 
   void StateChanged() override;
   void LineReceived(const std::string& line) override;
   void ErrorLine(const std::string& line) override;
-  void Told(const std::string& text) override;
 
   Session& session_;
   link::Measurement& measurement_;
   platform::Dialogs& dialogs_;
   OneAtATime& commands_;
-  StatusLine& status_;
+  Status& status_;
   link::CommandList command_list_;
   std::string last_line_;
   bool line_waits_ = false;  // last_line_ is not shown yet

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "link/port_settings.h"
+#include "platform/qt/described_menu.h"
 #include "platform/qt/to_qstring.h"
 
 namespace quenlor::app {
@@ -12,6 +13,11 @@ namespace {
 
 namespace setting = data::setting;
 using platform::qt::ToQString;
+
+using platform::qt::DescribedMenu;
+
+// A device's own name, without the folder that all of them stand in.
+std::string_view ShortName(std::string_view device) { return device.substr(device.rfind('/') + 1); }
 
 using Captions = std::vector<std::string_view>;
 
@@ -36,7 +42,7 @@ struct Menus::GroupRow {
 };
 
 Menus::Menus(QMenuBar* bar, Session& session, link::Measurement& measurement, DeviceNames devices,
-             StatusLine& status)
+             Status& status)
     : QObject(bar),
       bar_(bar),
       session_(session),
@@ -66,6 +72,7 @@ void Menus::BuildFileMenu() {
   mOpen->setShortcut(QKeySequence::Open);
   mSave->setShortcut(QKeySequence::Save);
   mPrint->setShortcut(QKeySequence::Print);
+  mStatistics->setShortcut(Qt::CTRL | Qt::Key_T);
   mEnd->setShortcut(QKeySequence::Quit);
 }
 
@@ -80,7 +87,9 @@ void Menus::BuildPortMenu() {
       {"RS5", "Terminator(&T)", Term, "Term", 0, Items(link::Term), setting::kTerm, &Menus::Term_Click},
   };
   for (const GroupRow& row : rows) AddGroup(mRS, row);
+  // A device that was plugged in meanwhile is there.
   connect(mRS, &QMenu::aboutToShow, this, &Menus::ShowDevices);
+  connect(Port.Menu(), &QMenu::aboutToShow, this, &Menus::ShowDevices);
 }
 
 void Menus::BuildOptionMenu() {
@@ -130,9 +139,9 @@ void Menus::BuildScaleMenu() {
 }
 
 QMenu* Menus::AddMenu(const char* name, const char* caption) {
-  QMenu* menu = bar_->addMenu(QString::fromLatin1(caption));
+  auto* menu = new DescribedMenu(QString::fromLatin1(caption), bar_);
   menu->setObjectName(QString::fromLatin1(name));
-  menu->setToolTipsVisible(true);
+  bar_->addMenu(menu);
   return menu;
 }
 
@@ -146,9 +155,9 @@ QAction* Menus::AddItem(QMenu* menu, const char* name, const char* caption, cons
 
 void Menus::AddGroup(QMenu* menu, const GroupRow& row) {
   if (row.menu != nullptr) {
-    menu = menu->addMenu(QString::fromLatin1(row.caption));
+    auto* around = std::exchange(menu, new DescribedMenu(QString::fromLatin1(row.caption), menu));
     menu->setObjectName(QString::fromLatin1(row.menu));
-    menu->setToolTipsVisible(true);
+    around->addMenu(menu);
   }
   row.group.Build(menu, QString::fromLatin1(row.array), row.first, row.element,
                   [this, click = row.click](int Index) { (this->*click)(Index); });
@@ -193,6 +202,8 @@ void Menus::mLog_Click(int Index) {
   Choose(mLog, Index);
   session_.Graph().ViscoAxisChanged();
 }
+
+void Menus::ToggleLog() { mLog_Click(session_.List().Index(setting::kLog) == 1 ? 0 : 1); }
 
 void Menus::DP_Click(int Index) {
   Choose(DP, Index);
@@ -245,6 +256,8 @@ void Menus::ShowDevices() {
                                        : tr("Port %1: %2").arg(port).arg(ToQString(device));
     Port.Item(port)->setToolTip(tip);
     Port.Item(port)->setStatusTip(tip);
+    static_cast<DescribedMenu*>(Port.Menu())
+        ->SetBeside(Port.Item(port), ToQString(ShortName(device)), device.empty());
   }
   TellOfUnreachableDevice();
 }

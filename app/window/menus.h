@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "app/desk/session.h"
+#include "app/desk/status.h"
 #include "app/window/option_group.h"
-#include "app/window/status_line.h"
 #include "link/measurement.h"
 
 namespace quenlor::app {
@@ -25,13 +25,13 @@ class Menus : public QObject, private link::MeasurementListener {
   Q_OBJECT
 
  public:
-  Menus(QMenuBar* bar, Session& session, link::Measurement& measurement, DeviceNames devices,
-        StatusLine& status);
+  Menus(QMenuBar* bar, Session& session, link::Measurement& measurement, DeviceNames devices, Status& status);
   ~Menus() override;
 
   void AddPorts();     // items of the Com Port menu, as many as the settings say
   void ShowChoices();  // every check mark as the settings list has it; elements stay, whatever they say
   void ShowDevices();
+  void ToggleLog();  // the viscosity axis becomes the other one
 
   QAction* mNew = nullptr;
   QAction* mOpen = nullptr;
@@ -82,7 +82,7 @@ class Menus : public QObject, private link::MeasurementListener {
   Session& session_;
   link::Measurement& measurement_;
   DeviceNames devices_;
-  StatusLine& status_;
+  Status& status_;
   std::vector<OptionGroup*> groups_;  // those that the settings list keeps
   QMenu* mRS = nullptr;               // only while stopped
   OptionGroup Port, BPS, Parity, Length, Bit, Term;

@@ -1,20 +1,44 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QElapsedTimer>
 #include <QLabel>
-#include <string>
+#include <QStatusBar>
+#include <QTimer>
+#include <array>
+
+#include "app/desk/status.h"
 
 namespace quenlor::app {
 
-// What the window tells in words. It stays while menus tell about their items beside it.
-class StatusLine : public QLabel {
+// The status bar: what was said last on the left, and what goes on in fields beside it, which no text pushes
+// away. Where they do not all fit, the less important ones go first.
+class StatusLine : public QObject {
   Q_OBJECT
 
  public:
-  explicit StatusLine(QWidget* parent);
+  StatusLine(Status& status, QStatusBar* bar);
 
-  void Say(const std::string& text);
-  std::string Told() const { return text().toStdString(); }
+  void Show();  // as it is now
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  enum Field { kState, kDocument, kErrors, kPort, kRun, kAges, kFields };
+
+  void Changed();
+  void Set(QLabel* label, const QString& text);
+  void FitFields();
+
+  Status& status_;
+  QStatusBar* bar_;
+  QLabel* message_;
+  QWidget* room_;
+  QLabel* sign_;
+  std::array<QLabel*, kFields> fields_{};
+  QTimer tick_;  // while a measurement runs
+  QTimer soon_;  // events that come in bursts are shown once
 };
 
 }  // namespace quenlor::app

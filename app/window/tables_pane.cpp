@@ -18,7 +18,10 @@ TablesPane::TablesPane(Session& session, QWidget* received_data, QWidget* parent
   Grid2 = new GridView(&grid2_model_, QStringLiteral("Grid2"), tr("Display table"), tabs);
   Grid4 = new GridView(&grid4_model_, QStringLiteral("Grid4"), tr("Run information table"), tabs);
   Grid1->setToolTip(
-      tr("Every reading. Del deletes whole rows; a double click edits while no measurement runs"));
+      tr("Every reading. Del deletes whole rows; a double click, F2 or Enter edits while no "
+         "measurement runs; Ctrl+C copies, Ctrl+Z undoes"));
+  Grid1->SetHint(tr("Choose the port in RS-232C, then press Start,\nor drop a data file here"));
+  Grid1->setContextMenuPolicy(Qt::CustomContextMenu);
   tabs->addTab(Grid1, tr("&Measurement"));
   tabs->addTab(Grid2, tr("Displa&y"));
   tabs->addTab(Grid4, tr("R&uns"));

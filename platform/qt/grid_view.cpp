@@ -83,6 +83,8 @@ GridView::GridView(GridTable* table, const QString& name, const QString& title, 
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
   horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance(QStringLiteral("00:00:00")) +
+                                            kCellMargins);
   // Texts that are too long for a header's first glance must not decide how wide it is.
   horizontalHeader()->setMaximumSectionSize(kWidestColumn);
   verticalHeader()->setResizeContentsPrecision(0);
@@ -151,12 +153,31 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Delete) {
     emit Grid_KeyDown(46);
   } else if (event->matches(QKeySequence::Copy)) {
-    QGuiApplication::clipboard()->setText(SelectedText());
-  } else if (event->key() == Qt::Key_F2) {
+    Copy();
+  } else if (event->key() == Qt::Key_F2 || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     emit Grid_DblClick();
   } else {
     QTableView::keyPressEvent(event);
   }
+}
+
+void GridView::Copy() const { QGuiApplication::clipboard()->setText(SelectedText()); }
+
+void GridView::SetHint(const QString& hint) {
+  hint_ = hint;
+  viewport()->update();
+}
+
+void GridView::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (hint_.isEmpty() || table_->rowCount() > 1) return;
+  QPainter painter(viewport());
+  QColor pale = palette().color(QPalette::Text);
+  pale.setAlphaF(0.65F);
+  painter.setPen(pale);
+  const int margin = fontMetrics().height();
+  painter.drawText(viewport()->rect().adjusted(margin, 3 * margin, -margin, -margin),
+                   static_cast<int>(Qt::AlignHCenter | Qt::AlignTop) | Qt::TextWordWrap, hint_);
 }
 
 // Whole rows begin with column 0, whole columns with their titles.

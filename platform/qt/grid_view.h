@@ -47,13 +47,18 @@ class GridView : public QTableView {
   int Sync();
 
   GridSelection Selection() const;
+  void Copy() const;  // the selected block, to the clipboard
+
+  // What stands in the grid, pale, as long as it has no row but the entry row.
+  void SetHint(const QString& hint);
 
  signals:
   void Grid_KeyDown(int key_code);  // 46, the delete key
-  void Grid_DblClick();             // or F2
+  void Grid_DblClick();             // or F2 or Enter
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -68,6 +73,7 @@ class GridView : public QTableView {
 
   GridTable* table_;
   QWidget* corner_ = nullptr;
+  QString hint_;
   bool fitted_ = false;  // to the width that it is shown with
 };
 

@@ -121,6 +121,7 @@ class Bench : private MeasurementListener {
   Texts received;  // the "Received Data" box, line after line
   Texts told;      // the status line
   int state_changes = 0;
+  std::vector<Ending> endings;
 
   // What a test does, or looks at, in that very moment.
   std::function<void()> while_painting;
@@ -160,6 +161,7 @@ class Bench : private MeasurementListener {
     ++state_changes;
     if (on_state_change) on_state_change();
   }
+  void Ended(Ending why) override { endings.push_back(why); }
   void LineReceived(const std::string& line) override {
     received.push_back(line);
     if (on_line) on_line();

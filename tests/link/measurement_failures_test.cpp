@@ -214,6 +214,70 @@ TEST(MeasurementFailures, ADeviceMayDisappearWhileALineIsProcessed) {
   EXPECT_TRUE(bench.Stopped());
 }
 
+// Why it ended.
+
+TEST(MeasurementFailures, EveryEndIsToldOnceWithItsReason) {
+  Bench by_hand;
+  by_hand.Visco();
+  by_hand.Start();
+  by_hand.measurement.Stop();
+  EXPECT_THAT(by_hand.endings, ElementsAre(Ending::kByHand));
+
+  Bench silent;
+  silent.Repeat("1", "QM");
+  silent.Start();
+  silent.Line("1");
+  silent.Advance(7);
+  EXPECT_THAT(silent.endings, ElementsAre(Ending::kNoReply));
+
+  Bench timed;
+  timed.Repeat("30", "Q");
+  timed.AutoStop("1");
+  timed.Start();
+  timed.Line("1");
+  timed.Advance(70);
+  EXPECT_THAT(timed.endings, ElementsAre(Ending::kAutoStop));
+
+  Bench pulled;
+  pulled.Start();
+  pulled.port.VanishDevice();
+  EXPECT_THAT(pulled.endings, ElementsAre(Ending::kDeviceGone));
+}
+
+TEST(MeasurementFailures, ADeviceThatGoesDuringStopIsOneEnd) {
+  Bench bench;
+  bench.Visco();
+  bench.Start();
+  bench.loop.during_wait = [&] { bench.port.VanishDevice(); };
+  bench.measurement.Stop();
+  EXPECT_THAT(bench.endings, SizeIs(1));
+}
+
+TEST(MeasurementFailures, AStartThatFailedIsNoEnd) {
+  Bench bench;
+  bench.files.FailAfter(0);
+  EXPECT_TRUE(bench.measurement.Start());
+  EXPECT_THAT(bench.endings, IsEmpty());
+}
+
+TEST(MeasurementFailures, WhatHasComeIsCountedFromStartOn) {
+  Bench bench;
+  bench.Start();
+  EXPECT_EQ(bench.measurement.BytesReceived(), 0u);
+  EXPECT_EQ(bench.measurement.LastByteAt(), 0);
+  bench.Advance(2);
+  bench.port.Feed("1,2\r3");
+  EXPECT_EQ(bench.measurement.BytesReceived(), 5u);
+  EXPECT_EQ(bench.measurement.LinesReceived(), 1u);
+  EXPECT_EQ(bench.measurement.LastByteAt(), bench.measurement.StartedAt() + 2);
+  EXPECT_FALSE(bench.measurement.NextRequestAt()) << "nothing is asked for";
+  bench.measurement.Stop();
+  bench.Repeat("4");
+  bench.Start();
+  EXPECT_EQ(bench.measurement.BytesReceived(), 0u);
+  EXPECT_EQ(bench.measurement.NextRequestAt(), bench.measurement.StartedAt() + 4);
+}
+
 // Run numbers.
 
 constexpr char kFullDocument[] = "No.,Time,Data1\r\n32767,00.0,5\r\n";
@@ -228,7 +292,7 @@ TEST(MeasurementFailures, WithoutARunNumberTheFirstLineStopsTheInstrumentAndIsTo
 
   bench.Line("6");
 
-  EXPECT_THAT(bench.told, ElementsAre(HasSubstr("run numbers")));
+  EXPECT_THAT(bench.endings, ElementsAre(Ending::kRunsUsedUp));
   EXPECT_THAT(bench.errors, IsEmpty()) << "it is no error of the line";
   EXPECT_TRUE(bench.Stopped());
   EXPECT_EQ(bench.TakeSent(), "STOP\r\n");
@@ -243,7 +307,7 @@ TEST(MeasurementFailures, WithoutARunNumberTheDataStay) {
 
   EXPECT_THAT(TableLines(bench.document.Grid1()), ElementsAre("No.|Time|Data1", "32767|00.0|5"));
   EXPECT_EQ(bench.RawLogText(), kFullDocument);
-  EXPECT_THAT(bench.told, SizeIs(1)) << "once for the burst";
+  EXPECT_THAT(bench.endings, SizeIs(1)) << "once for the burst";
 }
 
 TEST(MeasurementFailures, WithoutARunNumberAStartThatReceivesNothingIsFine) {

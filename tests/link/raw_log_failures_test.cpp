@@ -46,7 +46,7 @@ TEST_F(RawLogFailures, TheBeginIsToldOnceWithItsReason) {
     bench.Advance(1);
   }
 
-  EXPECT_THAT(bench.errors,
+  EXPECT_THAT(bench.told,
               ElementsAre("Raw Log Not Written: cannot append to /lab/Com_1.txt: No space left on device"));
 }
 
@@ -79,7 +79,7 @@ TEST_F(RawLogFailures, TheEndIsToldOnce) {
   bench.Line("4");
   bench.measurement.Stop();
 
-  EXPECT_THAT(bench.errors, ElementsAre(StartsWith("Raw Log Not Written: "), "Raw Log Written Again"));
+  EXPECT_THAT(bench.told, ElementsAre(StartsWith("Raw Log Not Written: "), "Raw Log Written Again"));
 }
 
 TEST_F(RawLogFailures, ASecondFailureIsToldAgain) {
@@ -91,8 +91,8 @@ TEST_F(RawLogFailures, ASecondFailureIsToldAgain) {
     bench.Line("3");
   }
 
-  EXPECT_THAT(bench.errors, ElementsAre(StartsWith("Raw Log Not"), "Raw Log Written Again",
-                                        StartsWith("Raw Log Not"), "Raw Log Written Again"));
+  EXPECT_THAT(bench.told, ElementsAre(StartsWith("Raw Log Not"), "Raw Log Written Again",
+                                      StartsWith("Raw Log Not"), "Raw Log Written Again"));
   EXPECT_THAT(OnDisk(), ElementsAre("1", "2", "3", "2", "3"));
 }
 
@@ -151,7 +151,7 @@ TEST_F(RawLogFailures, StopWritesWhatIsMissing) {
   bench.measurement.Stop();
 
   EXPECT_THAT(OnDisk(), ElementsAre("1", "2", "3"));
-  EXPECT_THAT(bench.errors, ElementsAre(StartsWith("Raw Log Not"), "Raw Log Written Again"));
+  EXPECT_THAT(bench.told, ElementsAre(StartsWith("Raw Log Not"), "Raw Log Written Again"));
 }
 
 TEST_F(RawLogFailures, FullUntilStopIsToldOnceAndTheTableKeepsAll) {
@@ -159,7 +159,7 @@ TEST_F(RawLogFailures, FullUntilStopIsToldOnceAndTheTableKeepsAll) {
 
   bench.measurement.Stop();
 
-  EXPECT_THAT(bench.errors, SizeIs(1));
+  EXPECT_THAT(bench.told, SizeIs(1));
   EXPECT_THAT(InTable(), ElementsAre("1", "2"));
   EXPECT_THAT(OnDisk(), ElementsAre("1"));
   EXPECT_TRUE(bench.Stopped());
@@ -208,7 +208,7 @@ TEST_F(RawLogFailures, AFolderThatIsGoneIsLikeAFullDisk) {
 
   bench.Line("3");
 
-  EXPECT_THAT(bench.errors, ElementsAre(HasSubstr("No such file or directory"), "Raw Log Written Again"));
+  EXPECT_THAT(bench.told, ElementsAre(HasSubstr("No such file or directory"), "Raw Log Written Again"));
   EXPECT_THAT(OnDisk(), ElementsAre("1", "2", "3"));
 }
 
@@ -305,8 +305,7 @@ TEST(RawLogSync, WhatDoesNotReachTheDeviceAtTheEndIsTold) {
 
   bench.measurement.Stop();
 
-  EXPECT_THAT(bench.errors,
-              ElementsAre("Raw Log Not Written: cannot sync /lab/Com_1.txt: Input/output error"));
+  EXPECT_THAT(bench.told, ElementsAre("Raw Log Not Written: cannot sync /lab/Com_1.txt: Input/output error"));
   EXPECT_TRUE(bench.Stopped());
 }
 
@@ -316,7 +315,7 @@ TEST_F(RawLogFailures, AFailureThatWasToldIsNotToldAgainBySyncing) {
 
   bench.measurement.Stop();
 
-  EXPECT_THAT(bench.errors, SizeIs(1));
+  EXPECT_THAT(bench.told, SizeIs(1));
 }
 
 }  // namespace

@@ -81,7 +81,7 @@ TEST(ReceptionLongLines, AForgottenTooLongLineDoesNotSilenceTheNext) {
   Receiver receiver;
   receiver.Feed(LineOf(9000));
 
-  receiver.reception.ClearLine();
+  receiver.reception.Begin();
   receiver.Feed(LineOf(9000) + "\r");
 
   EXPECT_THAT(receiver.errors, SizeIs(2));

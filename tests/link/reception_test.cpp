@@ -249,11 +249,11 @@ TEST(Reception, ALineIsProcessedWhollyBeforeTheNextCharacterIsTaken) {
   EXPECT_THAT(Column(receiver.Table(), 2), ElementsAre("1", "2", "3"));
 }
 
-TEST(Reception, ClearLineForgetsTheBegunLine) {
+TEST(Reception, ANewMeasurementForgetsTheBegunLine) {
   Receiver receiver;
   receiver.Feed("half a li");
 
-  receiver.reception.ClearLine();
+  receiver.reception.Begin();
   receiver.Feed("5\r");
 
   EXPECT_THAT(receiver.received, ElementsAre("5"));

@@ -1,16 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "app/window/main_window.h"
 
+#include <QAccessible>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "app/desk/version.h"
+#include "graph/contrast.h"
+#include "graph/screen_color.h"
+#include "platform/qt/described_menu.h"
 #include "tests/app/window/window_test.h"
 
 namespace quenlor::app {
 namespace {
 
 namespace setting = data::setting;
+using platform::qt::DescribedMenu;
 
 using MainWindowTest = WindowTest;
 
@@ -127,6 +133,61 @@ TEST_F(MainWindowTest, PortMenuNamesTheDeviceBehindEachNumber) {
   EXPECT_EQ(Find<QAction>("Port[2]")->text(), "2");
   EXPECT_EQ(Find<QAction>("Port[2]")->toolTip(), "Port 2: /dev/serial/by-id/usb-x");
   EXPECT_EQ(Find<QAction>("Port[3]")->statusTip(), "Port 3: there is no device");
+}
+
+TEST_F(MainWindowTest, ADeviceStandsBesideItsNumberForTheEyeAndTheEar) {
+  Open();
+  Find<QMenu>("mRS")->popup({0, 0});
+  auto* menu = Find<QMenu>("RS0");
+  menu->popup({0, 0});
+  const auto* there = Find<QAction>("Port[1]");
+  const auto* missing = Find<QAction>("Port[2]");
+  EXPECT_EQ(there->text(), "1");
+  EXPECT_EQ(DescribedMenu::Beside(there), "ttyV1");
+  EXPECT_FALSE(DescribedMenu::IsPale(there));
+  EXPECT_EQ(DescribedMenu::Beside(missing), "");
+  EXPECT_TRUE(DescribedMenu::IsPale(missing));
+  QAccessibleInterface* item = QAccessible::queryAccessibleInterface(menu)->child(0);
+  EXPECT_EQ(item->text(QAccessible::Name), "1");
+  EXPECT_EQ(item->text(QAccessible::Description), "Port 1: /dev/ttyV1");
+
+  devices[2] = "/dev/ttyUSB1";
+  menu->close();
+  menu->popup({0, 0});
+  EXPECT_EQ(DescribedMenu::Beside(missing), "ttyUSB1") << "plugged in meanwhile";
+}
+
+TEST_F(MainWindowTest, NothingIsCrushedInTheSmallestWindow) {
+  Open();
+  window->resize(1, 1);
+  QApplication::processEvents();
+  for (const char* name : {"Command1", "Command2", "Combo1", "Text1", "Text2", "Check1", "Check5",
+                           "Option1[1]", "Option2[1]", "Check4", "Text3"}) {
+    const auto* control = Find<QWidget>(name);
+    EXPECT_GE(control->height(), control->minimumSizeHint().height()) << name;
+    EXPECT_GE(control->width(), control->minimumSizeHint().width()) << name;
+  }
+  EXPECT_GE(Find<QWidget>("Picture2")->height(), 100);
+  const auto* rows = Find<GridView>("Grid1");
+  EXPECT_GE(rows->viewport()->height(), 2 * rows->verticalHeader()->defaultSectionSize());
+}
+
+TEST_F(MainWindowTest, TheFirstColumnsFitWithoutAScrollBar) {
+  Open();
+  for (const char* name : {"Grid1", "Grid2"}) {
+    const auto* grid = Find<GridView>(name);
+    EXPECT_LE(grid->horizontalHeader()->length(), Find<GridView>("Grid1")->viewport()->width()) << name;
+  }
+}
+
+TEST_F(MainWindowTest, StartIsTheDefaultButtonAndItsWordCanBeRead) {
+  Open();
+  const auto* Command1 = Find<QPushButton>("Command1");
+  EXPECT_TRUE(Command1->isDefault());
+  EXPECT_FALSE(Command1->icon().isNull());
+  EXPECT_GE(graph::Contrast(graph::FromQColor(Command1->palette().color(QPalette::Button)),
+                            graph::FromQColor(Command1->palette().color(QPalette::ButtonText))),
+            4.5);
 }
 
 TEST_F(MainWindowTest, ADeviceBeyondThePortMenuIsToldOf) {
