@@ -2,6 +2,7 @@
 #include "graph/plot_axes.h"
 
 #include <algorithm>
+#include <cmath>
 #include <tuple>
 
 #include "graph/graph_math.h"
@@ -14,6 +15,13 @@ namespace {
 double ScaleOf(double extent, double min, double max, double scale) {
   const double half = max / 2 - min / 2;
   return half < 0 || half > 0 ? Bounded(extent / 2 / half) : scale;
+}
+
+// In plot units from the origin. Two numbers so far apart that no double holds their distance are scaled one
+// by one.
+double Position(double value, double origin, double scale) {
+  const double distance = value - origin;
+  return std::isinf(distance) ? value * scale - origin * scale : distance * scale;
 }
 
 double Height(double position) { return PlotAxes::kHeight - C_XY(position); }
@@ -48,10 +56,12 @@ bool PlotAxes::ShowsTemp() const {
 
 double PlotAxes::ViscoY(double value) const {
   if (visco_axis_ == ViscoAxis::Log) return LogY(Log10(value));
-  return Height((value - ranges_.ViscoMin) * ViscoScale_);
+  return Height(Position(value, ranges_.ViscoMin, ViscoScale_));
 }
 
-double PlotAxes::TempY(double value) const { return Height((value - ranges_.TempMin) * TempScale_); }
+double PlotAxes::TempY(double value) const { return Height(Position(value, ranges_.TempMin, TempScale_)); }
+
+double PlotAxes::FarX(double value) const { return C_XY(Position(value, XOrigin_, XScale_)); }
 
 PlotAxes::Span PlotAxes::ViscoSpan(const ValueColumn::Extremes& extremes) const {
   if (visco_axis_ == ViscoAxis::Linear) return {ViscoY(extremes.min), ViscoY(extremes.max)};

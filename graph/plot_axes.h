@@ -38,10 +38,10 @@ class PlotAxes {
   // told right here.
   double X(double value) const {
     const double position = (value - XOrigin_) * XScale_;
-    return position > 0 && position < kHeight ? static_cast<float>(position) : C_XY(position);
+    return position > 0 && position < kHeight ? static_cast<float>(position) : FarX(value);
   }
-  // The value that stands about there, X's way back.
-  double XValue(double position) const { return XOrigin_ + position / XScale_; }
+  // The value that stands about there, X's way back. Halves, as the range may be wider than any number.
+  double XValue(double position) const { return 2 * (XOrigin_ / 2 + position / 2 / XScale_); }
   double ViscoY(double value) const;
   double TempY(double value) const;
 
@@ -62,6 +62,7 @@ class PlotAxes {
   bool operator==(const PlotAxes& other) const;
 
  private:
+  double FarX(double value) const;
   double LogY(float decade) const;
 
   data::AxisRanges ranges_;

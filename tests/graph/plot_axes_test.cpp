@@ -64,6 +64,24 @@ TEST(PlotAxes, PlotUnitsHaveAMarginOfOnePercent) {
   EXPECT_EQ(axes.PlotUnits(), (platform::Units{-100, -100, 10200, 10200}));
 }
 
+TEST(PlotAxes, ValuesStandAtTheirPlacesOnARangeAsWideAsAllNumbers) {
+  constexpr double kHuge = 1e308;
+  data::AxisRanges ranges;
+  ranges.TimeMin = ranges.ViscoMin = ranges.TempMin = -kHuge;
+  ranges.TimeMax = ranges.ViscoMax = ranges.TempMax = kHuge;
+  PlotAxes axes;
+  axes.SetScales(ranges, GraphKind::ViscoTempTime, ViscoAxis::Linear);
+  for (const double part : {-1.0, -0.5, 0.0, 0.5, 1.0}) {
+    EXPECT_FLOAT_EQ(axes.X(part * kHuge), 3000 + part * 3000);
+    EXPECT_FLOAT_EQ(axes.ViscoY(part * kHuge), 5000 - part * 5000);
+    EXPECT_FLOAT_EQ(axes.TempY(part * kHuge), 5000 - part * 5000);
+    EXPECT_NEAR(axes.XValue(3000 + part * 3000), part * kHuge, 1e300);
+  }
+  axes.SetScales(ranges, GraphKind::ViscoTemp, ViscoAxis::Linear);
+  EXPECT_FLOAT_EQ(axes.X(kHuge), 10000);
+  EXPECT_FLOAT_EQ(axes.X(0), 5000);
+}
+
 TEST(PlotAxes, ValuesStandAtTheirPlaces) {
   PlotAxes axes;
   axes.SetScales({}, GraphKind::ViscoTempTime, ViscoAxis::Linear);
