@@ -17,7 +17,7 @@ namespace quenlor::graph {
 // What the readings in the table span. The numbers mean nothing while HasReadings is off.
 struct DataExtremes {
   bool HasReadings = false;
-  double LastTime = 0;  // seconds of the newest reading; after a rescan the largest of all
+  double LastTime = 0;  // seconds; the largest of all, which need not be the newest reading's
   double DataViscoMin = 0;
   double DataViscoMax = 0;
   double PosViscoMin = 0;  // among the positive ones; 0 while there is none
@@ -57,9 +57,9 @@ struct ResolutionTexts {
   std::string_view temp;
 };
 
-// The same for a reading that has just come, which the extremes contain already: only a range that it leaves
-// is chosen afresh, so that the graph rests while the data stay in view. On the logarithmic axis readings
-// that are not positive leave no range.
+// The same for a reading that has come to others, which the extremes contain already: only a range that it
+// leaves is chosen afresh, so that the graph rests while the data stay in view. On the logarithmic axis
+// readings that are not positive leave no range.
 bool AutoScale_Reading(data::AxisRanges& ranges, const Reading& reading, const DataExtremes& extremes,
                        const AutoScaling& scaling, const ResolutionTexts& texts, ViscoAxis axis);
 

@@ -78,6 +78,22 @@ bool LiveGraph::RunAutoScale(Axis axis) {
   return changed;
 }
 
+bool LiveGraph::RunEveryAutoScale() {
+  bool changed = false;
+  for (const Axis axis : {Axis::Time, Axis::Visco, Axis::Temp}) changed |= RunAutoScale(axis);
+  return changed;
+}
+
+// Chooses those ranges afresh that this reading leaves; true when one has become another.
+bool LiveGraph::Widen(Index newest) {
+  const Reading reading{values_.Time()[newest], values_.Visco()[newest], values_.Temp()[newest]};
+  data::AxisRanges ranges = document_.Ranges();
+  const bool changed =
+      AutoScale_Reading(ranges, reading, values_.Extremes(), scaling_, FirstReading(), View().visco_axis);
+  if (changed) document_.SetRanges(ranges);
+  return changed;
+}
+
 ResolutionTexts LiveGraph::FirstReading() const {
   const data::MeasurementTable& table = document_.Grid1();
   return {table.TextMatrix(1, document_.ViscoColumn()), table.TextMatrix(1, document_.TempColumn())};
@@ -99,7 +115,7 @@ void LiveGraph::RefreshSeries() {
   shown_visco_ = document_.ViscoColumn();
   shown_temp_ = document_.TempColumn();
   values_.CopyAll(document_.Grid1(), shown_visco_, shown_temp_);
-  for (const Axis axis : {Axis::Time, Axis::Visco, Axis::Temp}) RunAutoScale(axis);
+  RunEveryAutoScale();
   view_.Fig();
 }
 
@@ -110,12 +126,9 @@ void LiveGraph::ReadingAppended(Row row) {
   values_.Copy_Visco(table, row, shown_visco_);
   values_.Copy_Temp(table, row, shown_temp_);
 
+  // The ranges of an empty document suit nothing in particular, so the first reading chooses all of them.
   const Index newest = values_.Size() - 1;
-  const Reading reading{values_.Time()[newest], values_.Visco()[newest], values_.Temp()[newest]};
-  data::AxisRanges ranges = document_.Ranges();
-  const bool RedrawPending =
-      AutoScale_Reading(ranges, reading, values_.Extremes(), scaling_, FirstReading(), View().visco_axis);
-  if (RedrawPending) document_.SetRanges(ranges);
+  const bool RedrawPending = newest == 0 ? RunEveryAutoScale() : Widen(newest);
   // A second series changes the colours of the first.
   if (RedrawPending || values_.SeriesCount() != series_before) {
     view_.Fig();

@@ -66,6 +66,8 @@ class LiveGraph : private data::DocumentListener {
   void CopyAll_Temp();
   bool& BoxOf(Axis axis);
   bool RunAutoScale(Axis axis);
+  bool RunEveryAutoScale();
+  bool Widen(Index newest);
   ResolutionTexts FirstReading() const;
 
   void ReadingAppended(Row row) override;

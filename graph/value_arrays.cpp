@@ -108,8 +108,10 @@ void ValueArrays::AddTime(Table::Row row, std::string_view number, std::string_v
   }
   const int run = runs_.back().number;
   if (run >= 1 && run < static_cast<int>(last_rows_.size())) last_rows_[static_cast<std::size_t>(run)] = row;
+  const bool first = time_.Size() == 0;
   time_.Append(data::TimeToSeconds(time));
-  extremes_.LastTime = time_[time_.Size() - 1];
+  const double newest = time_[time_.Size() - 1];
+  extremes_.LastTime = first ? newest : std::max(extremes_.LastTime, newest);
   extremes_.HasReadings = true;
 }
 

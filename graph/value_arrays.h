@@ -56,7 +56,6 @@ class ValueArrays {
   // The newest reading of run `number`, 1 to 10, as a row of the table; 0 when it has none.
   Table::Row LastRow(int number) const { return last_rows_[static_cast<std::size_t>(number)]; }
 
-  // LastTime is the newest reading's time; after CopyAll_Time it is the largest of all.
   const DataExtremes& Extremes() const { return extremes_; }
 
   // Becomes another number whenever more has changed than readings having been appended.

@@ -169,6 +169,57 @@ TEST(LiveGraph, TickingABoxScalesAtOnce) {
   EXPECT_GE(desk.Ranges().ViscoMax, 5000);
 }
 
+TEST(LiveGraph, TickingTimeInASecondRunFitsTheWholeTable) {
+  Desk desk;
+  desk.Read("50", "25", 1000);
+  desk.Read("50");
+  desk.document.BeginMeasurement();
+  desk.Read("50");
+  desk.graph.SetAutoScaling(Axis::Time, true);
+  EXPECT_EQ(desk.Ranges().TimeMax, 1080);
+}
+
+TEST(LiveGraph, AClockSetBackShrinksNoAxis) {
+  Desk desk;
+  desk.Read("50", "25", 1000);
+  desk.Read("50", "25", -4000);
+  desk.Read("50");
+  EXPECT_LT(desk.graph.Values().Time()[2], 0);
+  EXPECT_EQ(desk.Ranges().TimeMax, 1080);
+}
+
+TEST(LiveGraph, TheFirstReadingOfAnEmptyDocumentFitsTheAxesWhoseBoxesAreTicked) {
+  Desk desk;
+  desk.graph.SetAutoScaling(Axis::Visco, false);
+  desk.Read("2.5", "25.0");
+  EXPECT_EQ(desk.Ranges().TempMin, 20);
+  EXPECT_EQ(desk.Ranges().TempMax, 30);
+  EXPECT_EQ(desk.Ranges().ViscoMax, 100) << "its box is not ticked";
+  EXPECT_EQ(desk.figs, 2) << "the box, the reading";
+}
+
+TEST(LiveGraph, LaterReadingsInViewLeaveTheAxesThatTheFirstOneFitted) {
+  Desk desk;
+  desk.Read("50.0", "25.0");
+  const double min = desk.Ranges().TempMin;
+  desk.Forget();
+  desk.Read("50.1", "29.9");
+  EXPECT_EQ(desk.figs, 0);
+  desk.Read("50.1", "30.1");
+  EXPECT_EQ(desk.figs, 1);
+  EXPECT_GE(desk.Ranges().TempMax, 30.1);
+  EXPECT_LE(desk.Ranges().TempMin, 25);
+  EXPECT_NE(desk.Ranges().TempMin, min);
+}
+
+TEST(LiveGraph, OnTheLogAxisTheFirstReadingFitsTheDecades) {
+  Desk desk;
+  desk.settings.Set(setting::kLog, 1);
+  desk.Read("20");
+  EXPECT_EQ(desk.Ranges().ViscoLogMin, 1);
+  EXPECT_EQ(desk.Ranges().ViscoLogMax, 2);
+}
+
 TEST(LiveGraph, StandardBeginsTheViscosityAxisAtZero) {
   Desk desk;
   desk.Read("4000.5");

@@ -171,13 +171,13 @@ TEST(ValueArrays, WithoutPositiveViscosityItsExtremesAreZero) {
   EXPECT_EQ(extremes.DataViscoMin, -5);
 }
 
-TEST(ValueArrays, LastTimeIsTheNewestReadingsAndAfterARescanTheLargest) {
+TEST(ValueArrays, LastTimeIsTheLargestOfAllReadings) {
   auto table = TableOf({{1, 100}, {1, 300}});
   ValueArrays values;
   CopyAll(values, table);
   Append(table, {2, 5});
   CopyNewest(values, table);
-  EXPECT_EQ(values.Extremes().LastTime, 5);
+  EXPECT_EQ(values.Extremes().LastTime, 300);
   values.CopyAll_Time(table);
   EXPECT_EQ(values.Extremes().LastTime, 300);
 }

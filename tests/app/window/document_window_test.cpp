@@ -27,7 +27,7 @@ TEST_F(DocumentWindowTest, SaveWritesTheDocumentAndTakesItsName) {
       files.Content("/data/run.csv"),
       "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n1,00:00:00,1.0,mPa.s,25.1,C\r\n"
       "Info,Sample No.,Sample Name,Analysis Time,Date,Time\r\nInfo,No.1,No.1,00:00:00,2026/11/21,09:30:00\r\n"
-      "Axis,2,4,0,180,0,100,0,100,0,2,1,0,2,0\r\nDate,2026/11/21 09:30:00\r\nMemo,Remarks:,,,,,,,,,,\r\n");
+      "Axis,2,4,0,180,-2,8,20,30,0,2,1,0,2,0\r\nDate,2026/11/21 09:30:00\r\nMemo,Remarks:,,,,,,,,,,\r\n");
   EXPECT_EQ(Find<QLabel>("Label6[4]")->text(), "run.csv");
   EXPECT_FALSE(window->Document().DataChanged());
 }

@@ -131,7 +131,7 @@ TEST_F(GraphWindowTest, AReadingBeyondTheRangeRescalesItsAxis) {
   Click("Command1");
   Reading("50");
   ASSERT_TRUE(Becomes("Label10[1]", "No.1\n50"));
-  EXPECT_EQ(Text("Label5[3]"), "100");
+  EXPECT_EQ(Text("Label5[3]"), "120");
   Reading("1000");
   EXPECT_TRUE(Becomes("Label10[1]", "No.1\n1000"));
   EXPECT_GE(Ranges().ViscoMax, 1000);
