@@ -21,6 +21,10 @@ double Round(double x, std::int16_t n);
 // The common logarithm, exact at whole decades; 0 where there is none (zero, negative numbers, NaN).
 float Log10(double x);
 
+// The powers of ten that a double holds: 10 to the power of kLowestDecade, and so on.
+inline constexpr int kLowestDecade = -323;
+inline constexpr int kHighestDecade = 308;
+
 // A plot coordinate held within what drawing surfaces bear: -100000 to 100000, NaN as 0.
 float C_XY(double x);
 

@@ -32,6 +32,7 @@ class PlotAxes {
   bool ShowsTemp() const;  // as a curve of its own
   GraphKind Kind() const { return kind_; }
   ViscoAxis Visco() const { return visco_axis_; }
+  int HighestDecade() const { return ranges_.ViscoLogMax; }  // at the upper end of the logarithmic axis
   int Decades() const { return ranges_.ViscoLogMax - ranges_.ViscoLogMin; }
 
   // Of a time or a temperature, as the kind has it. Asked for most often, so the common case is

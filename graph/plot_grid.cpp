@@ -31,14 +31,23 @@ void AddHorizontalLines(const PlotAxes& axes, GridLines& lines) {
     return;
   }
   const int decades = axes.Decades();
-  for (int decade = 1; decade <= decades; ++decade) {
+  if (decades <= 0) return;
+  // Counted from the top. An axis may have a hundred times as many decades as there are numbers for; beyond
+  // these it has no lines but those at its ends.
+  const int first = std::max(axes.HighestDecade() - kHighestDecade, 0);
+  const int last = std::min(axes.HighestDecade() - kLowestDecade, decades);
+  for (int decade = first + 1; decade <= last; ++decade) {
     for (int multiple = 2; multiple <= 9; ++multiple) {
       const double from_top = decade - static_cast<double>(Log10(multiple));
       lines.dotted.push_back(horizontal(from_top * PlotAxes::kHeight / decades));
     }
   }
-  for (int decade = 0; decades > 0 && decade <= decades; ++decade)
+  const auto add_solid = [&](int decade) {
     lines.solid.push_back(horizontal(decade * PlotAxes::kHeight / decades));
+  };
+  add_solid(0);
+  for (int decade = std::max(first, 1); decade <= std::min(last, decades - 1); ++decade) add_solid(decade);
+  add_solid(decades);
 }
 
 void AddTempTicks(const PlotAxes& axes, GridLines& lines) {

@@ -41,7 +41,7 @@ struct PlotLayout {
 };
 
 // The lines of the grid, and with two curves the ticks of the temperature axis, in plot units. A logarithmic
-// axis without a decade has no horizontal lines.
+// axis without a decade has no horizontal lines; one that reaches beyond all numbers has none there.
 struct GridLines {
   std::vector<platform::Segment> dotted;
   std::vector<platform::Segment> solid;

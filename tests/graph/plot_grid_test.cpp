@@ -115,6 +115,28 @@ TEST(Grid, ALogAxisDividesItsHeightAmongItsDecades) {
   EXPECT_NEAR(dotted[31], 2500 * (4 - std::log10(9)), 0.01);
 }
 
+TEST(Grid, ALogAxisHasLinesOnlyWhereThereAreNumbersAndAtItsEnds) {
+  const auto calls = GridOf(GraphKind::ViscoTime, ViscoAxis::Log, -32768, 32767);
+  const auto solid = Horizontals(LinesWith(calls, LineStyle::kSolid), 6000);
+  EXPECT_EQ(solid.size(), 2U + 323 + 1 + 308) << "the ends and the powers of ten";
+  EXPECT_EQ(solid.front(), 0);
+  EXPECT_EQ(solid.back(), 10000);
+  const auto dotted = Horizontals(LinesWith(calls, LineStyle::kDotted), 6000);
+  EXPECT_EQ(dotted.size(), 8U * (323 + 308)) << "their multiples";
+  for (const double y : dotted) EXPECT_NEAR(y, 5000, 10000.0 * 324 / 65535);
+
+  const auto beyond = GridOf(GraphKind::ViscoTime, ViscoAxis::Log, 400, 410);
+  EXPECT_THAT(Horizontals(Lines(beyond), 6000), ElementsAre(0, 10000));
+}
+
+TEST(Grid, ALogAxisOfAllNumbersHasTheirLines) {
+  const auto calls = GridOf(GraphKind::ViscoTime, ViscoAxis::Log, -324, 309);
+  const auto solid = Horizontals(LinesWith(calls, LineStyle::kSolid), 6000);
+  ASSERT_EQ(solid.size(), 634U);
+  for (std::size_t i = 0; i < solid.size(); ++i)
+    EXPECT_NEAR(solid[i], 10000.0 * static_cast<double>(i) / 633, 1e-9);
+}
+
 TEST(Grid, ALogAxisWithoutADecadeHasNoLines) {
   for (const int log_max : {2, 1, -32768}) {
     EXPECT_TRUE(Horizontals(Lines(GridOf(GraphKind::ViscoTime, ViscoAxis::Log, 2, log_max)), 6000).empty());
