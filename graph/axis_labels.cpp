@@ -61,17 +61,24 @@ std::span<const int> LabelledMultiples(int decades) {
   }
 }
 
+// Where there are no numbers there are no labels.
 void WriteDecades(int lowest, int decades, AxisLabels& labels) {
   const auto add = [&](double value, double decade) {
+    if (value <= 0 || !std::isfinite(value)) return;
     labels.Label8[static_cast<std::size_t>(++labels.Label8Count)] = {data::GeneralText(value),
                                                                      decade / decades};
   };
   for (const int multiple : LabelledMultiples(decades)) {
-    add(Bounded(PowerOfTen(lowest) * multiple), std::log10(multiple));
+    add(std::pow(10.0, lowest) * multiple, std::log10(multiple));
   }
   if (decades <= 4) return;
-  const int inner = std::min(decades - 1, static_cast<int>(labels.Label8.size()) - 1);
-  for (int i = 1; i <= inner; ++i) add(PowerOfTen(lowest + i), i);
+  // One for each inner decade, and where there are more of them than labels, the labels spread.
+  constexpr int kMost = 9;
+  const int parts = std::min(decades, kMost + 1);
+  for (int i = 1; i < parts; ++i) {
+    const int decade = (2 * i * decades + parts) / (2 * parts);
+    add(std::pow(10.0, lowest + decade), decade);
+  }
 }
 
 std::string& TextOf(Limit limit, AxisLabels& labels) {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -208,13 +209,43 @@ INSTANTIATE_TEST_SUITE_P(
                  "1000000000",
                  {"1", "10", "100", "1000", "10000", "100000", "1000000", "10000000", "100000000"}}));
 
-TEST(LogLabels, MoreThanTenDecadesHaveAsManyLabelsAsThereAreControls) {
-  const AxisLabels labels = LogLabels(-2, 12);
+TEST(LogLabels, OfMoreThanTenDecadesNineAreSpreadOverTheAxis) {
+  for (int decades = 11; decades <= 300; ++decades) {
+    const AxisLabels labels = LogLabels(-150, decades - 150);
 
-  EXPECT_EQ(labels.Label8Count, 9);
-  EXPECT_EQ(labels.Label8[1].text, "0.1");
-  EXPECT_EQ(labels.Label8[9].text, "10000000");
-  EXPECT_DOUBLE_EQ(labels.Label8[9].place, 9.0 / 14);
+    ASSERT_EQ(labels.Label8Count, 9) << decades;
+    for (int i = 1; i <= 9; ++i) {
+      const TickLabel& label = labels.Label8[static_cast<std::size_t>(i)];
+      const double decade = label.place * decades;
+      EXPECT_NEAR(decade, std::round(decade), 1e-9) << "a whole one";
+      EXPECT_LE(std::fabs(decade - i * decades / 10.0), 0.5 + 1e-9) << "label " << i << " of " << decades;
+      EXPECT_NEAR(std::log10(data::C_Val(label.text)), decade - 150, 1e-9);
+    }
+  }
+}
+
+TEST(LogLabels, OfTwentyDecadesEverySecondOneHasALabel) {
+  const AxisLabels labels = LogLabels(-10, 10);
+
+  EXPECT_EQ(TextsOf(labels.Label8),
+            Texts({"1E-08", "1E-06", "0.0001", "0.01", "1", "100", "10000", "1000000", "100000000"}));
+  EXPECT_DOUBLE_EQ(labels.Label8[9].place, 0.9);
+}
+
+TEST(LogLabels, StandOnlyWhereThereAreNumbers) {
+  for (const auto& [min, max] : {std::pair{308, 309}, {300, 340}, {-340, -310}, {-326, -324}, {2000, 2020}}) {
+    const AxisLabels labels = LogLabels(min, max);
+    for (std::size_t i = 1; i <= 9; ++i) {
+      const TickLabel& label = labels.Label8[i];
+      if (static_cast<int>(i) > labels.Label8Count) {
+        EXPECT_EQ(label.text, "");
+        continue;
+      }
+      EXPECT_NEAR(std::log10(data::C_Val(label.text)), min + label.place * (max - min), 0.02) << label.text;
+    }
+  }
+  EXPECT_EQ(LogLabels(308, 309).Label8Count, 0);
+  EXPECT_EQ(LogLabels(300, 340).Label8Count, 2);
 }
 
 TEST(LogLabels, AnAxisWithoutADecadeHasEndsAlone) {
@@ -230,8 +261,8 @@ TEST(LogLabels, TheWidestExponentsAreStillNumbers) {
 
   EXPECT_EQ(EndText(labels, Limit::ViscoMini), "0");
   EXPECT_EQ(EndText(labels, Limit::ViscoMax), "1.79769313486232E+308");
-  EXPECT_EQ(labels.Label8Count, 9);
-  for (std::size_t i = 1; i <= 9; ++i) EXPECT_TRUE(labels.Label8[i].place > 0 && labels.Label8[i].place < 1);
+  EXPECT_EQ(labels.Label8Count, 1);
+  EXPECT_EQ(labels.Label8[1].text, "1");
 }
 
 TEST(LogLabels, ComingBackToTheLinearAxisFillsAllLabels) {
