@@ -30,13 +30,13 @@ class CurveReader {
               CurvePieces& pieces)
       : values_(values), settings_(settings), places_(places), pieces_(pieces) {}
 
-  void ReadAll() {
-    if (values_.Size() == 0) return;
-    for (std::size_t run = values_.RunOf(values_.Size() - 1) + 1; run-- > 0;) {
-      const QuantityColors colors =
-          CurveColors(settings_.colors, values_.Runs()[run].number, values_.SeveralSeries());
-      begin_ = values_.Runs()[run].first;
-      end_ = values_.RunEnd(run);
+  void ReadAll(const std::vector<ValueArrays::Run>& runs) {
+    end_ = values_.Size();
+    for (std::size_t i = runs.size(); i-- > 0; end_ = std::min(end_, begin_)) {
+      const ValueArrays::Run& run = runs[i];
+      begin_ = run.first;
+      if (begin_ >= end_) continue;
+      const QuantityColors colors = CurveColors(settings_.colors, run.number, values_.SeveralSeries());
       ReadRun({Quantity::Visco, ToRgb(colors.visco)}, {Quantity::Temp, ToRgb(colors.temp)});
     }
   }
@@ -191,7 +191,8 @@ Viewport ViewportOf(const PixelRectangle& plot, int dot, int reach, const PixelR
 }  // namespace
 
 void DrawCurveLines(DrawingSurface& surface, const Viewport& plot, int dot, const ValueArrays& values,
-                    const PlotSettings& settings, const PlotAxes& axes) {
+                    const std::vector<ValueArrays::Run>& runs, const PlotSettings& settings,
+                    const PlotAxes& axes) {
   const PixelRectangle& area = plot.Area();
   const int width = area.width / dot;
   const int height = area.height / dot;
@@ -205,7 +206,7 @@ void DrawCurveLines(DrawingSurface& surface, const Viewport& plot, int dot, cons
   CurvePieces pieces(width, height, markers, static_cast<int>(cell));
   const CurvePlaces places(values, axes, plot.CoordinateSystem(), 1.0 * area.width / dot,
                            1.0 * area.height / dot);
-  CurveReader(values, settings, places, pieces).ReadAll();
+  CurveReader(values, settings, places, pieces).ReadAll(runs);
   surface.SetViewport(ViewportOf(area, dot, pieces.Reach(), surface.Whole()));
   DrawPieces(surface, pieces.Take(), markers, pen);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <vector>
+
 #include "graph/plot_axes.h"
 #include "graph/plot_settings.h"
 #include "graph/value_arrays.h"
@@ -12,10 +14,11 @@ namespace quenlor::graph {
 // over an older one, and of one reading the temperature over the viscosity. `plot` lays plot units over a
 // rectangle of the device, where lines end; a marker is whole or, where its reading lies outside, not there.
 //
-// Readings stand on whole dots, each of them `dot` device pixels wide. Everything that can be told apart on
-// these is drawn, and hardly anything else, so that ten million readings make a page of some ten thousand
-// lines: see where it is left out.
+// `runs` says where the curves of `values` begin and end. Readings stand on whole dots, each of them `dot`
+// device pixels wide. Everything that can be told apart on these is drawn, and hardly anything else, so that
+// ten million readings make a page of some ten thousand lines: see where it is left out.
 void DrawCurveLines(platform::DrawingSurface& surface, const platform::Viewport& plot, int dot,
-                    const ValueArrays& values, const PlotSettings& settings, const PlotAxes& axes);
+                    const ValueArrays& values, const std::vector<ValueArrays::Run>& runs,
+                    const PlotSettings& settings, const PlotAxes& axes);
 
 }  // namespace quenlor::graph

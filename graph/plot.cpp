@@ -56,7 +56,7 @@ void Plot::DrawKeptCurves(DrawingSurface& surface, const PixelRectangle& area) c
   if (area.Empty()) return;
   // A quarter of a pixel, and of the thinnest line's width: what is finer is not seen, and would fill files.
   const int dot = std::max(1, static_cast<int>(surface.PenScale() / 4));
-  DrawCurveLines(surface, {area, axes_.PlotUnits()}, dot, values_, settings_, axes_);
+  DrawCurveLines(surface, {area, axes_.PlotUnits()}, dot, values_, values_.Runs(), settings_, axes_);
 }
 
 void Plot::PlotRow(DrawingSurface& surface, const PixelRectangle& area, Row row) const {

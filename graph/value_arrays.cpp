@@ -96,15 +96,18 @@ Index ValueArrays::RunEnd(std::size_t run) const {
 void ValueArrays::ClearTime(const Table& table) {
   Clear(time_, table);
   runs_.clear();
+  written_runs_.clear();
   numbers_.clear();
   last_rows_ = {};
 }
 
 void ValueArrays::AddTime(Table::Row row, std::string_view number, std::string_view time) {
-  if (runs_.empty() || number != last_number_) {
+  if (written_runs_.empty() || number != last_number_) {
     last_number_ = number;
-    runs_.push_back({time_.Size(), data::RunNumber(number)});
-    numbers_.insert(runs_.back().number);
+    const Run begun{time_.Size(), data::RunNumber(number)};
+    written_runs_.push_back(begun);
+    if (runs_.empty() || runs_.back().number != begun.number) runs_.push_back(begun);
+    numbers_.insert(begun.number);
   }
   const int run = runs_.back().number;
   if (run >= 1 && run < static_cast<int>(last_rows_.size())) last_rows_[static_cast<std::size_t>(run)] = row;

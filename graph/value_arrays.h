@@ -17,8 +17,8 @@ namespace quenlor::graph {
 // The graph's own copy of the readings, as numbers: time in seconds, viscosity, temperature, and which run
 // each reading belongs to. A cell that is no number counts as 0.
 //
-// A run is a longest stretch of readings whose "No." cells read alike; a number that comes again later is a
-// new run. Reading `row` of the table has the index row - 1 here.
+// A run is a longest stretch of readings with one number in their "No." cells, however it is written; a
+// number that comes again later is a new run. Reading `row` of the table has the index row - 1 here.
 //
 // A new reading is copied by Copy_Time, Copy_Visco and Copy_Temp, in O(1); after every other change of the
 // table the CopyAll_… of the columns concerned read them again. A Copy_… that finds rows before its own
@@ -48,6 +48,9 @@ class ValueArrays {
   Index Size() const;
 
   const std::vector<Run>& Runs() const { return runs_; }
+  // The same, divided also where a number is written in another way ("1", then "01"), as the printed page has
+  // it.
+  const std::vector<Run>& WrittenRuns() const { return written_runs_; }
   std::size_t RunOf(Index index) const;                                  // its place in Runs()
   Index RunEnd(std::size_t run) const;                                   // the index after its last reading
   int SeriesCount() const { return static_cast<int>(numbers_.size()); }  // distinct run numbers
@@ -74,6 +77,7 @@ class ValueArrays {
   ValueColumn visco_;
   ValueColumn temp_;
   std::vector<Run> runs_;
+  std::vector<Run> written_runs_;
   std::string last_number_;  // the newest reading's "No." cell
   std::set<int> numbers_;
   std::array<Table::Row, 11> last_rows_{};

@@ -105,7 +105,8 @@ class Page {
     graph::PlotSettings look = content_.settings;
     for (graph::Color& color : look.colors) color = InkOf(color);
     const platform::Units units{0, 0, axes_.XExtent(), graph::PlotAxes::kHeight};
-    graph::DrawCurveLines(surface_, {PlotDots(), units}, 1, content_.values, look, axes_);
+    graph::DrawCurveLines(surface_, {PlotDots(), units}, 1, content_.values, content_.values.WrittenRuns(),
+                          look, axes_);
   }
 
   // Over the curves, so that they end at a clean edge.

@@ -34,7 +34,7 @@ struct Drawn {
     PlotAxes axes;
     axes.SetScales(ranges, settings.kind, settings.visco_axis);
     RecordingSurface surface(9921, 14031, 12.5);
-    DrawCurveLines(surface, {plot, {0, 0, axes.XExtent(), 10000}}, 1, values, settings, axes);
+    DrawCurveLines(surface, {plot, {0, 0, axes.XExtent(), 10000}}, 1, values, values.Runs(), settings, axes);
     calls = surface.Calls();
     line_batches = surface.LineBatches();
   }

@@ -232,7 +232,7 @@ TEST_P(CurvePictures, LookLikeThoseOfEveryReading) {
   PlotAxes axes;
   axes.SetScales(ranges, settings.kind, settings.visco_axis);
   const QImage page = Picture([&](DrawingSurface& surface) {
-    DrawCurveLines(surface, {kPlot, {0, 0, axes.XExtent(), 10000}}, 1, values, settings, axes);
+    DrawCurveLines(surface, {kPlot, {0, 0, axes.XExtent(), 10000}}, 1, values, values.Runs(), settings, axes);
   });
   const Difference difference = Compare(naive, page);
   EXPECT_GT(difference.inked, 1000);

@@ -133,18 +133,30 @@ TEST(ValueArrays, ARunNumberIsReadWithoutItsDecimals) {
   EXPECT_EQ(values.Runs()[2].number, 0);
 }
 
-TEST(ValueArrays, ARunIsAStretchOfEqualNumberTexts) {
-  const auto table = TableOfCells({{"1"}, {"1"}, {"2"}, {"02"}, {"1"}, {"1"}});
+TEST(ValueArrays, ARunIsAStretchOfEqualNumbersHoweverTheyAreWritten) {
+  const auto table = TableOfCells({{"1"}, {"01"}, {"2"}, {"02"}, {"1 "}, {"1.6"}, {"x"}, {"y"}});
   ValueArrays values;
   CopyAll(values, table);
-  EXPECT_THAT(FirstOfRuns(values), ElementsAre(0, 2, 3, 4));
-  EXPECT_EQ(values.Runs()[2].number, 2);
+  EXPECT_THAT(FirstOfRuns(values), ElementsAre(0, 2, 4, 6));
+  EXPECT_EQ(values.Runs()[2].number, 1);
   EXPECT_EQ(values.RunEnd(0), 2);
-  EXPECT_EQ(values.RunEnd(3), 6);
+  EXPECT_EQ(values.RunEnd(3), 8);
   EXPECT_EQ(values.RunOf(0), 0U);
   EXPECT_EQ(values.RunOf(1), 0U);
   EXPECT_EQ(values.RunOf(2), 1U);
-  EXPECT_EQ(values.RunOf(5), 3U);
+  EXPECT_EQ(values.RunOf(5), 2U);
+  EXPECT_EQ(values.SeriesCount(), 3);
+  EXPECT_EQ(values.LastRow(1), 6);
+}
+
+TEST(ValueArrays, AWrittenRunIsAStretchOfEqualTexts) {
+  const auto table = TableOfCells({{"1"}, {"1"}, {"01"}, {"1"}, {"2"}});
+  ValueArrays values;
+  CopyAll(values, table);
+  std::vector<Index> firsts;
+  for (const ValueArrays::Run& run : values.WrittenRuns()) firsts.push_back(run.first);
+  EXPECT_THAT(firsts, ElementsAre(0, 2, 3, 4));
+  EXPECT_EQ(values.WrittenRuns()[1].number, 1);
 }
 
 TEST(ValueArrays, SeriesCountCountsDistinctNumbers) {

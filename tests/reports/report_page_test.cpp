@@ -253,6 +253,14 @@ TEST(ReportPage, FiveHundredRunsAreDrawnAndTheFirstTenNamed) {
   EXPECT_THAT(Texts(calls), testing::Not(Contains("No.11")));
 }
 
+TEST(ReportPage, ARunEndsWhereItsNumberIsWrittenInAnotherWay) {
+  ReportDesk desk;
+  desk.Open("1,0,10,25\n1,60,40,25\n01,120,20,25\n01,180,50,25\n");
+  const auto calls = Page(desk);
+  EXPECT_EQ(std::ranges::count_if(Of(Kind::kLine, calls), [](const Call& call) { return !IsPage(call); }), 2);
+  EXPECT_EQ(Of(Kind::kCircle, calls).size(), 2U);
+}
+
 TEST(ReportPage, NothingIsDrawnBesideAPageHoweverSmall) {
   ReportDesk desk;
   desk.Open(Rows(10, 20));
