@@ -50,6 +50,8 @@ void TableAndGraph::resizeEvent(QResizeEvent* /*event*/) {
   Posi_Resize();
 }
 
+void TableAndGraph::paintEvent(QPaintEvent* /*event*/) { wished_.reset(); }
+
 // A side for which no width would be left keeps its size.
 void TableAndGraph::Posi_Resize() {
   Posi->setGeometry(PixelsOf(left_), 0, PixelsOf(posi::kWidth), height());
@@ -72,7 +74,6 @@ bool TableAndGraph::eventFilter(QObject* watched, QEvent* event) {
 
 void TableAndGraph::Posi_MouseDown(double X) {
   Dragging = true;
-  wished_.reset();
   DragStartX = X;
   Picture1->Hold(true);
 }

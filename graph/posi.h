@@ -31,11 +31,13 @@ class TableAndGraph : public QWidget {
 
   double PosiLeft() const { return left_; }  // twips
   void SetPosiLeft(double left);
-  // Where the bar is to stand in a window that has not its size yet; counts until the bar is dragged.
+  // Where the bar is to stand in a window that has not its size yet: it may be made larger while it comes to
+  // the screen. From its first picture on the bar is only pulled in.
   void RestorePosiLeft(double left);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;  // Form_Resize
+  void paintEvent(QPaintEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -49,7 +51,7 @@ class TableAndGraph : public QWidget {
   GraphPane* Picture1;
   QWidget* Posi;
   double left_ = 7500;
-  std::optional<double> wished_;
+  std::optional<double> wished_;  // until the first picture
   bool Dragging = false;
   double DragStartX = 0;  // of the pointer inside Posi
 };

@@ -37,6 +37,11 @@ class PosiTest : public testing::Test {
     QTest::mousePress(Find("Posi"), Qt::LeftButton, {}, QPoint(3, 50));
     QTest::mouseMove(Find("Posi"), QPoint(3 + pixels, 50));
   }
+  void ShowPainted() {
+    Halves().show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Halves()));
+    Halves().repaint();
+  }
   void Release() { QTest::mouseRelease(Find("Posi"), Qt::LeftButton, {}, QPoint(3, 50)); }
 
  private:
@@ -70,6 +75,26 @@ TEST_F(PosiTest, ThePlotKeepsItsPlaceUntilTheButtonIsReleased) {
   EXPECT_EQ(Find("Picture2")->geometry(), before);
   Release();
   EXPECT_NE(Find("Picture2")->geometry(), before);
+}
+
+TEST_F(PosiTest, ARestoredBarWaitsForTheSizeAtWhichTheWindowIsFirstSeen) {
+  Halves().hide();
+  Halves().resize(600, 600);
+  Halves().RestorePosiLeft(14000);
+  EXPECT_EQ(Halves().PosiLeft(), 600 * 15 - 50);
+  Halves().resize(1000, 600);
+  EXPECT_EQ(Halves().PosiLeft(), 600 * 15 - 50) << "hidden, it is not laid out";
+  ShowPainted();
+  EXPECT_EQ(Halves().PosiLeft(), 14000);
+}
+
+TEST_F(PosiTest, ARestoredBarThatWasPulledInIsNotPushedOutByAWindowThatGrows) {
+  Halves().hide();
+  Halves().resize(600, 600);
+  Halves().RestorePosiLeft(14000);
+  ShowPainted();
+  Halves().resize(1000, 600);
+  EXPECT_EQ(Halves().PosiLeft(), 600 * 15 - 50);
 }
 
 TEST_F(PosiTest, WithoutRoomTheGraphKeepsItsSize) {
