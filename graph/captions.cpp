@@ -13,9 +13,12 @@ Captions CaptionsOf(const data::Document& document, const LiveGraph& graph) {
                      document.FileName(),
                      captions.TimeUnitText,
                      document.Remarks()};
-  if (graph.Values().Size() > 0) captions.Label10[0] = LiveGraph::kLegendHeading;
-  for (std::size_t run = 1; run < captions.Label10.size(); ++run)
-    captions.Label10[run] = graph.LegendText(static_cast<int>(run)).value_or("");
+  for (std::size_t run = 1; run < captions.Label10.size(); ++run) {
+    const auto text = graph.LegendText(static_cast<int>(run));
+    if (!text) continue;
+    captions.Label10[0] = LiveGraph::kLegendHeading;
+    captions.Label10[run] = *text;
+  }
   return captions;
 }
 

@@ -17,7 +17,7 @@ struct Captions : AxisLabels {  // Label5, Label7, Label8, Label9
   // 6 remarks.
   std::array<std::string, 7> Label6;
   // The legend: 0 its heading, 1 to 10 the runs of these numbers, two lines each, divided by a carriage
-  // return. Empty where there are no readings.
+  // return. Empty where there are no such runs.
   std::array<std::string, 11> Label10;
 };
 

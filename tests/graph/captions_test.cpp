@@ -45,6 +45,17 @@ TEST(Captions, WithoutReadingsThereIsNoLegend) {
   for (const std::string& text : CaptionsOf(file.document, file.graph).Label10) EXPECT_EQ(text, "");
 }
 
+TEST(Captions, WithoutARunFromOneToTenTheLegendHasNoHeading) {
+  const std::string titles = "No.,Time,Viscosity,Unit1,Temp,Unit2\n";
+  for (const char* rows : {"11,0,50,,25\n12,0,60,,25\n", "x,0,50,,25\n"}) {
+    const OpenedFile file(titles + rows, "late.csv");
+    EXPECT_GT(file.graph.Values().Size(), 0);
+    for (const std::string& text : CaptionsOf(file.document, file.graph).Label10) EXPECT_EQ(text, "") << rows;
+  }
+  const OpenedFile both(titles + "10,0,50,,25\n11,0,60,,25\n", "both.csv");
+  EXPECT_EQ(CaptionsOf(both.document, both.graph).Label10[0], "Final\rValue");
+}
+
 TEST(Captions, NumbersAreThoseOfTheAxes) {
   const OpenedFile file(kFile, "oil.csv");
   const Captions captions = CaptionsOf(file.document, file.graph);
