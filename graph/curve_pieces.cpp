@@ -7,6 +7,8 @@
 #include <optional>
 #include <utility>
 
+#include "platform/clipped_line.h"
+
 namespace quenlor::graph {
 namespace {
 
@@ -16,24 +18,15 @@ Dot Sum(Dot one, Dot other) { return {one.x + other.x, one.y + other.y}; }
 std::optional<DotLine> Clipped(const DotLine& line, int width, int height) {
   const auto within = [&](Dot dot) { return dot.x >= 0 && dot.x <= width && dot.y >= 0 && dot.y <= height; };
   if (within(line.from) && within(line.to)) return line;
-  const double across = line.to.x - line.from.x;
-  const double down = line.to.y - line.from.y;
-  // Parts of the line: where it enters and where it leaves the stripe of each side.
-  double enters = 0;
-  double leaves = 1;
-  const auto stripe = [&](double from, double length, double end) {
-    if (length == 0) return from >= 0 && from <= end;
-    const auto [near, far] = std::minmax({-from / length, (end - from) / length});
-    enters = std::max(enters, near);
-    leaves = std::min(leaves, far);
-    return enters <= leaves;
+  const auto point = [](Dot dot) { return platform::Point{1.0 * dot.x, 1.0 * dot.y}; };
+  const auto part =
+      platform::ClippedLine({point(line.from), point(line.to)}, {0, 0}, {1.0 * width, 1.0 * height});
+  if (!part) return std::nullopt;
+  const auto dot = [&](platform::Point place) {
+    return Dot{std::clamp(static_cast<int>(std::lround(place.x)), 0, width),
+               std::clamp(static_cast<int>(std::lround(place.y)), 0, height)};
   };
-  if (!stripe(line.from.x, across, width) || !stripe(line.from.y, down, height)) return std::nullopt;
-  const auto at = [&](double part) {
-    return Dot{std::clamp(static_cast<int>(std::lround(line.from.x + part * across)), 0, width),
-               std::clamp(static_cast<int>(std::lround(line.from.y + part * down)), 0, height)};
-  };
-  return DotLine{at(enters), at(leaves)};
+  return DotLine{dot(part->from), dot(part->to)};
 }
 
 Dot Around(double x, double y) {

@@ -83,7 +83,7 @@ class GraphPane::PlotPicture : public QWidget {
     if (!pane_->held_) Draw();
     QPainter painter(this);
     painter.fillRect(rect(), ToQColor(pane_->colors_.BackColor()));
-    painter.drawImage(0, 0, image_);
+    painter.drawImage(0, 0, shown_);
   }
 
  private:
@@ -93,22 +93,33 @@ class GraphPane::PlotPicture : public QWidget {
       image_ = QImage(pixels, QImage::Format_RGB32);
       kept_.Forget();
     }
+    shown_ = {};  // or the picture would be copied in order to be drawn on
     if (image_.isNull()) return;
-    image_.setDevicePixelRatio(1);
     const bool busy = std::exchange(whole_, false) && pane_->graph_.Values().Size() > kManyReadings;
     if (busy) QApplication::setOverrideCursor(Qt::WaitCursor);
-    {
-      QPainter painter(&image_);
-      platform::qt::QtDrawingSurface surface(painter, image_.size(), devicePixelRatioF());
-      kept_.Update(surface, surface.Whole());
-    }
-    image_.setDevicePixelRatio(devicePixelRatioF());
+    DrawOn(image_, [this](platform::DrawingSurface& surface) { kept_.Update(surface, surface.Whole()); });
+    shown_ = image_;
+    if (kept_.LacksNewest())
+      DrawOn(shown_,
+             [this](platform::DrawingSurface& surface) { kept_.DrawNewest(surface, surface.Whole()); });
     if (busy) QApplication::restoreOverrideCursor();
+  }
+
+  template <class Drawing>
+  void DrawOn(QImage& image, const Drawing& drawing) const {
+    image.setDevicePixelRatio(1);
+    {
+      QPainter painter(&image);
+      platform::qt::QtDrawingSurface surface(painter, image.size(), devicePixelRatioF());
+      drawing(surface);
+    }
+    image.setDevicePixelRatio(devicePixelRatioF());
   }
 
   GraphPane* pane_;
   KeptPlot kept_;
-  QImage image_;
+  QImage image_;  // what is kept
+  QImage shown_;
   bool whole_ = true;
 };
 

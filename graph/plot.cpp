@@ -47,9 +47,10 @@ void Plot::DrawGrid(DrawingSurface& surface, const PixelRectangle& area) const {
   if (EnterPlot(surface, area)) graph::DrawGrid(surface, axes_, settings_.GridColor);
 }
 
-void Plot::DrawCurves(DrawingSurface& surface, const PixelRectangle& area, Row first_row) const {
+void Plot::DrawCurves(DrawingSurface& surface, const PixelRectangle& area, Row first_row,
+                      Row last_row) const {
   if (!EnterPlot(surface, area)) return;
-  CurvePainter(values_, axes_, settings_, surface).PaintRows(first_row - 1, values_.Size());
+  CurvePainter(values_, axes_, settings_, surface).PaintRows(first_row - 1, last_row);
 }
 
 void Plot::DrawKeptCurves(DrawingSurface& surface, const PixelRectangle& area) const {
@@ -72,16 +73,20 @@ bool Plot::EnterPlot(DrawingSurface& surface, const PixelRectangle& area) const 
 
 void KeptPlot::Update(DrawingSurface& surface, const PixelRectangle& area) {
   const Inputs now = InputsNow(surface, area);
-  const Index readings = plot_.values_.Size();
-  const bool keep = shown_ == now && readings >= shown_readings_ && !GrewDense(area);
-  if (keep && readings == shown_readings_) return;
+  const Index settled = Settled(area);
+  const bool keep = shown_ == now && settled >= shown_readings_;
+  if (keep && settled == shown_readings_) return;
   if (!keep) {
     plot_.DrawBackground(surface, area);
     plot_.DrawGrid(surface, area);
   }
-  plot_.DrawCurves(surface, area, keep ? shown_readings_ + 1 : 1);
+  plot_.DrawCurves(surface, area, keep ? shown_readings_ + 1 : 1, settled);
   shown_ = now;
-  shown_readings_ = readings;
+  shown_readings_ = settled;
+}
+
+void KeptPlot::DrawNewest(DrawingSurface& surface, const PixelRectangle& area) const {
+  if (LacksNewest()) plot_.DrawCurves(surface, area, shown_readings_ + 1);
 }
 
 KeptPlot::Inputs KeptPlot::InputsNow(const DrawingSurface& surface, const PixelRectangle& area) const {
@@ -93,12 +98,12 @@ KeptPlot::Inputs KeptPlot::InputsNow(const DrawingSurface& surface, const PixelR
           plot_.values_.SeveralSeries()};
 }
 
-bool KeptPlot::GrewDense(const PixelRectangle& area) const {
-  if (!plot_.settings_.smooth_sparse_runs || shown_readings_ == 0) return false;
-  const std::size_t run = plot_.values_.RunOf(shown_readings_ - 1);
-  const Index begin = plot_.values_.Runs()[run].first;
-  return CurvePainter::IsSparse(shown_readings_ - begin, area) !=
-         CurvePainter::IsSparse(plot_.values_.RunEnd(run) - begin, area);
+Index KeptPlot::Settled(const PixelRectangle& area) const {
+  const ValueArrays& values = plot_.values_;
+  if (values.Size() == 0) return 0;
+  const std::size_t newest = values.RunOf(values.Size() - 1);
+  const bool smooth = CurvePainter::IsSmooth(values, newest, plot_.settings_, area);
+  return smooth ? values.Runs()[newest].first : values.Size();
 }
 
 }  // namespace quenlor::graph

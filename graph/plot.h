@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 
 #include "data/axis_ranges.h"
@@ -39,8 +40,8 @@ class Plot {
   // Each lays the plot's coordinates over the area first.
   void DrawBackground(platform::DrawingSurface& surface, const platform::PixelRectangle& area) const;
   void DrawGrid(platform::DrawingSurface& surface, const platform::PixelRectangle& area) const;
-  void DrawCurves(platform::DrawingSurface& surface, const platform::PixelRectangle& area,
-                  Row first_row = 1) const;
+  void DrawCurves(platform::DrawingSurface& surface, const platform::PixelRectangle& area, Row first_row = 1,
+                  Row last_row = std::numeric_limits<Row>::max()) const;
 
   // One reading with its marker and the line from the reading before, without clearing anything. Nothing in
   // the program asks for it: readings that have come since the last drawing are drawn together.
@@ -62,13 +63,19 @@ class Plot {
 // A picture of the plot (background, grid, curves) that is kept from one drawing to the next.
 //
 // When nothing but appended readings has come since the last Update, only those are drawn; otherwise
-// everything is. Either way the picture is the one that drawing everything would give.
+// everything is. Smooth curves cannot be gone on with, so while the newest run has some, the kept picture is
+// without them, and DrawNewest draws them upon a copy. Either way the picture is the one that drawing
+// everything would give.
 class KeptPlot {
  public:
   explicit KeptPlot(const Plot& plot) : plot_(plot) {}
 
   // The surface holds what the last Update left there, unless Forget was called or its size is another one.
   void Update(platform::DrawingSurface& surface, const platform::PixelRectangle& area);
+
+  // What the picture of the last Update is without.
+  bool LacksNewest() const { return shown_readings_ < plot_.values_.Size(); }
+  void DrawNewest(platform::DrawingSurface& surface, const platform::PixelRectangle& area) const;
 
   // The picture is lost.
   void Forget() { shown_.reset(); }
@@ -86,8 +93,8 @@ class KeptPlot {
   };
 
   Inputs InputsNow(const platform::DrawingSurface& surface, const platform::PixelRectangle& area) const;
-  // The newest run shown was drawn with a smooth pen and has become too dense for it.
-  bool GrewDense(const platform::PixelRectangle& area) const;
+  // The readings that can be kept.
+  Index Settled(const platform::PixelRectangle& area) const;
 
   const Plot& plot_;
   std::optional<Inputs> shown_;

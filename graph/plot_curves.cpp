@@ -38,6 +38,11 @@ CurvePainter::CurvePainter(const ValueArrays& values, const PlotAxes& axes, cons
   pen_.width = settings.LineWidth;
 }
 
+bool CurvePainter::IsSmooth(const ValueArrays& values, std::size_t run, const PlotSettings& settings,
+                            const platform::PixelRectangle& area) {
+  return settings.smooth_sparse_runs && values.RunEnd(run) - values.Runs()[run].first < area.width;
+}
+
 void CurvePainter::PaintRow(Index index) {
   if (index < 0 || index >= values_.Size()) return;
   EnterRun(values_.RunOf(index));
@@ -53,7 +58,7 @@ void CurvePainter::PaintRows(Index begin, Index end) {
     const Index stop = std::min(end, values_.RunEnd(run));
     EnterRun(run);
     if (pen_.smooth) {
-      while (at < stop) PaintReading(at++);
+      PaintSmoothRun(stop);
     } else {
       PaintColumns(at, stop);
     }
@@ -70,8 +75,7 @@ void CurvePainter::EnterRun(std::size_t run) {
   if (axes_.ShowsVisco()) curves_.push_back({Quantity::Visco, ToRgb(colors.visco)});
   if (axes_.ShowsTemp()) curves_.push_back({Quantity::Temp, ToRgb(colors.temp)});
 
-  const bool smooth =
-      settings_.smooth_sparse_runs && IsSparse(values_.RunEnd(run) - run_begin_, viewport_.Area());
+  const bool smooth = IsSmooth(values_, run, settings_, viewport_.Area());
   if (smooth != pen_.smooth) {
     Flush();
     pen_.smooth = smooth;
@@ -86,6 +90,20 @@ void CurvePainter::PaintReading(Index index) {
     const Point here = PointOf(curve, index);
     if (HasMarker(settings_.MarkerEvery, index - run_begin_)) PaintMarker(curve, here);
     if (index > run_begin_) Line({PointOf(curve, index - 1), here});
+  }
+}
+
+// The readings of the run up to, not including, `end`.
+void CurvePainter::PaintSmoothRun(Index end) {
+  for (const Curve& curve : curves_) {
+    UseColor(curve.color);
+    Flush();
+    for (Index index = run_begin_ + 1; index < end; ++index)
+      lines_.push_back({PointOf(curve, index - 1), PointOf(curve, index)});
+    Flush();
+    for (Index index = run_begin_; index < end; ++index) {
+      if (HasMarker(settings_.MarkerEvery, index - run_begin_)) PaintMarker(curve, PointOf(curve, index));
+    }
   }
 }
 
@@ -187,7 +205,6 @@ void CurvePainter::PaintTwoColors(Index begin, Index end) {
 }
 
 void CurvePainter::PaintMarker(const Curve& curve, Point centre) {
-  if (pen_.smooth) Flush();  // where smooth edges meet, the order shows
   if (curve.quantity == Quantity::Visco) {
     surface_.DrawCircle(centre, kMarkers.circle);
   } else {

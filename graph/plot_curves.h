@@ -23,6 +23,10 @@ namespace quenlor::graph {
 // two colours meet only when the viscosity and the temperature curve of a document with a single run overlap;
 // then the column is cut into blocks, the newest first, until the curves of a block lie apart or newer ones
 // hide it.
+//
+// A run with fewer readings than pixel columns may be drawn with a smooth pen. Its curves are one shape each,
+// the temperature over the viscosity: a smooth line looks another way where it goes on than where it ends, so
+// it cannot be drawn reading by reading. PaintRows paints the whole of such a run.
 class CurvePainter {
  public:
   // The surface has the plot's viewport.
@@ -32,9 +36,9 @@ class CurvePainter {
   void PaintRow(Index index);
   void PaintRows(Index begin, Index end);
 
-  // A run with fewer readings than pixel columns may be drawn with a smooth pen; nothing of it can
-  // be left out.
-  static bool IsSparse(Index readings, const platform::PixelRectangle& area) { return readings < area.width; }
+  // Whether that run of the values is drawn with a smooth pen.
+  static bool IsSmooth(const ValueArrays& values, std::size_t run, const PlotSettings& settings,
+                       const platform::PixelRectangle& area);
 
  private:
   struct Curve {
@@ -44,6 +48,7 @@ class CurvePainter {
 
   void EnterRun(std::size_t run);
   void PaintReading(Index index);
+  void PaintSmoothRun(Index end);
   void PaintColumns(Index begin, Index end);
   void PaintInColumn(Index begin, Index end);
   void PaintOneColor(const Curve& curve, Index begin, Index end);

@@ -33,8 +33,9 @@ enum class Down { kTop, kCentre, kBottom };
 //
 // Coordinates are those of the viewport; nothing outside of its area is touched. Without a smooth pen, lines
 // run from middle to middle of the pixels that hold their ends (a line without length is a dot), and the
-// middles of circles and crosses are middles of pixels: equal pixels, equal drawing. Coordinates may be as
-// large as they like.
+// middles of circles and crosses are middles of pixels: equal pixels, equal drawing. Where pixels are painted
+// with a smooth pen, the lines of one call are one shape: they leave the same where they meet as where they
+// do not. Coordinates may be as large as they like.
 class DrawingSurface {
  public:
   virtual ~DrawingSurface() = default;

@@ -5,8 +5,10 @@
 #include <QPaintEngine>
 #include <QPen>
 #include <algorithm>
+#include <array>
 #include <cmath>
 
+#include "platform/qt/line_coverage.h"
 #include "platform/qt/to_qstring.h"
 
 namespace quenlor::platform::qt {
@@ -106,9 +108,37 @@ void QtDrawingSurface::Clear(Rgb color) {
 void QtDrawingSurface::DrawLines(std::span<const Segment> lines) {
   if (!painter_.isActive()) return;
   if (!pen_.smooth) return DrawPixelLines(lines);
+  if (PaintsPixels() && pen_.style == LineStyle::kSolid) return DrawCoverage(lines);
   smooth_lines_.clear();
   for (const Segment& line : lines) smooth_lines_.emplace_back(PlaceOf(line.from), PlaceOf(line.to));
   painter_.drawLines(smooth_lines_.data(), static_cast<int>(smooth_lines_.size()));
+}
+
+// Drawn one by one, lines would darken each other's edges where they meet; and the painter takes a thousand
+// times as long for a tangle of them in one.
+void QtDrawingSurface::DrawCoverage(std::span<const Segment> lines) {
+  std::vector<Segment> places;
+  places.reserve(lines.size());
+  const auto place = [this](Point point) {
+    const QPointF on_device = PlaceOf(point);
+    return Point{on_device.x(), on_device.y()};
+  };
+  for (const Segment& line : lines) places.push_back({place(line.from), place(line.to)});
+  const LineCoverage coverage(places, painter_.pen().widthF(), viewport_.Area());
+  const PixelRectangle& area = coverage.Area();
+  if (area.Empty()) return;
+
+  std::array<QRgb, 256> inks{};
+  for (int part = 0; part < 256; ++part) {
+    inks[static_cast<std::size_t>(part)] =
+        qPremultiply(qRgba(pen_.color.red, pen_.color.green, pen_.color.blue, part));
+  }
+  QImage picture(area.width, area.height, QImage::Format_ARGB32_Premultiplied);
+  for (int row = 0; row < area.height; ++row) {
+    auto* const pixels = reinterpret_cast<QRgb*>(picture.scanLine(row));
+    for (int column = 0; column < area.width; ++column) pixels[column] = inks[coverage.At(column, row)];
+  }
+  painter_.drawImage(area.left, area.top, picture);
 }
 
 void QtDrawingSurface::DrawPixelLines(std::span<const Segment> lines) {

@@ -49,6 +49,7 @@ class QtDrawingSurface final : public DrawingSurface {
   QPointF PlaceOf(Point point) const;
   bool PaintsPixels() const;
   void DrawPixelLines(std::span<const Segment> lines);
+  void DrawCoverage(std::span<const Segment> lines);
   void DrawMarker(QPoint centre, QSize half, bool circle);
   const QImage& StampOf(QSize half, bool circle);
   bool OutOfSight(Point centre, double half_width, double half_height) const;

@@ -38,7 +38,7 @@ QImage Picture(const std::function<void(DrawingSurface&)>& draw) {
   return image.scaled(image.size() / kDotsPerPixel, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-// Reading by reading, each line by itself.
+// Reading by reading, the lines of one colour as one shape as long as no other colour comes between.
 void DrawNaively(DrawingSurface& surface, const std::vector<TestReading>& readings,
                  const PlotSettings& settings, const data::AxisRanges& ranges) {
   surface.SetViewport({kPage, {-200, -200, 2800, 2800}});
@@ -60,13 +60,23 @@ void DrawNaively(DrawingSurface& surface, const std::vector<TestReading>& readin
     return Point{std::round(x(r)),
                  std::round(MapToPosition(r.temp, ranges.TempMin, ranges.TempMax, kPlot.height, 0))};
   };
+  std::vector<platform::Segment> lines;
+  Color lines_color;
+  const auto use = [&](Color color) {
+    if (color == lines_color) return;
+    if (!lines.empty()) surface.DrawLines(lines);
+    lines.clear();
+    lines_color = color;
+    surface.SetPen({ToRgb(color), 1.0 * settings.LineWidth, platform::LineStyle::kSolid, true});
+  };
+  surface.SetPen({ToRgb(lines_color), 1.0 * settings.LineWidth, platform::LineStyle::kSolid, true});
   for (std::size_t run = 0; run < values.Runs().size(); ++run) {
     const Index begin = values.Runs()[run].first;
     const auto draw = [&](Index i, Color color, const std::function<Point(const TestReading&)>& place,
                           bool circle) {
-      surface.SetPen({ToRgb(color), 1.0 * settings.LineWidth, platform::LineStyle::kSolid, true});
+      use(color);
       const Point here = place(readings[static_cast<std::size_t>(i)]);
-      if (i > begin) surface.DrawLine(place(readings[static_cast<std::size_t>(i) - 1]), here);
+      if (i > begin) lines.push_back({place(readings[static_cast<std::size_t>(i) - 1]), here});
       if (!HasMarker(settings.MarkerEvery, i - begin)) return;
       circle ? surface.DrawCircle(here, markers.circle)
              : surface.DrawCross(here, markers.cross_across, markers.cross_down);
@@ -78,6 +88,7 @@ void DrawNaively(DrawingSurface& surface, const std::vector<TestReading>& readin
         draw(i, values.SeriesCount() >= 2 ? series : settings.colors[3], temp, false);
     }
   }
+  if (!lines.empty()) surface.DrawLines(lines);
 }
 
 struct Difference {

@@ -170,6 +170,85 @@ TEST(KeptPlotPixels, AreThoseOfDrawingEverything) {
   }
 }
 
+// ---- smooth lines
+
+class SmoothPixels : public testing::TestWithParam<GraphKind> {};
+
+TEST_P(SmoothPixels, OfReadingsDrawnAsTheyComeAreThoseOfDrawingEverything) {
+  int smooth = 0;
+  for (unsigned seed = 0; seed < 45; ++seed) {
+    Dice dice(seed);
+    const auto readings = RandomReadings(dice);
+    PlotSettings settings;
+    settings.kind = GetParam();
+    settings.visco_axis = static_cast<ViscoAxis>(dice.Int(0, 1));
+    settings.MarkerEvery = dice.Int(0, 4);
+    settings.LineWidth = 1 + static_cast<int>(seed % 3);
+    settings.smooth_sparse_runs = true;
+    const QSize size(dice.Int(50, 400), dice.Int(50, 200));
+    const double pen_scale = dice.AnyOf({1, 1, 1.5, 2});
+    data::MeasurementTable table;
+    ValueArrays values;
+    Plot plot(values);
+    plot.Set(settings, RandomRanges(dice));
+    KeptPlot kept(plot);
+    const int now_and_then = std::max(1, static_cast<int>(readings.size() / 12));
+    QImage picture = Picture(size, pen_scale, [](DrawingSurface&) {});
+    const auto draw = [&](QImage& image, const std::function<void(DrawingSurface&)>& drawing) {
+      QPainter painter(&image);
+      QtDrawingSurface surface(painter, size, pen_scale);
+      drawing(surface);
+    };
+    for (const TestReading& reading : readings) {
+      Append(table, reading);
+      CopyNewest(values, table);
+      if (!dice.Once(3)) continue;
+      draw(picture, [&](DrawingSurface& surface) { kept.Update(surface, surface.Whole()); });
+      if (!dice.Once(now_and_then)) continue;
+      QImage live = picture;
+      draw(live, [&](DrawingSurface& surface) { kept.DrawNewest(surface, surface.Whole()); });
+      const QImage whole = Picture(size, pen_scale, [&](DrawingSurface& surface) {
+        plot.DrawBackground(surface, surface.Whole());
+        plot.DrawGrid(surface, surface.Whole());
+        plot.DrawCurves(surface, surface.Whole());
+      });
+      ASSERT_EQ(DifferentPixels(live, whole), 0)
+          << "seed " << seed << ", " << values.Size() << " readings, line width " << settings.LineWidth;
+      smooth += live != picture;
+    }
+  }
+  EXPECT_GT(smooth, 50) << "moments with a smooth newest run";
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachKind, SmoothPixels,
+                         testing::Values(GraphKind::ViscoTime, GraphKind::ViscoTempTime,
+                                         GraphKind::ViscoTemp));
+
+TEST(SmoothLines, HaveNoBeadsWhereTheirPiecesMeet) {
+  std::vector<TestReading> many;
+  for (int i = 0; i <= 90; ++i) many.push_back({1, i * 2.0, 50 + i * 0.02, 0});
+  const ValueArrays pieces = ValuesOf(many);
+  const ValueArrays one_piece = ValuesOf({many.front(), many.back()});
+  for (const int width : {1, 2, 3}) {
+    PlotSettings settings;
+    settings.LineWidth = width;
+    settings.smooth_sparse_runs = true;
+    const auto picture = [&](const ValueArrays& values) {
+      Plot plot(values);
+      plot.Set(settings, {});
+      return Picture({400, 120}, 1,
+                     [&](DrawingSurface& surface) { plot.DrawCurves(surface, surface.Whole()); });
+    };
+    const QImage joined = picture(pieces);
+    const QImage straight = picture(one_piece);
+    for (int y = 0; y < joined.height(); ++y) {
+      for (int x = 0; x < joined.width(); ++x) {
+        ASSERT_NEAR(qGreen(joined.pixel(x, y)), qGreen(straight.pixel(x, y)), 8) << x << ", " << y;
+      }
+    }
+  }
+}
+
 // ---- what would bring a plot down
 
 PlotSettings TwoCurvesWithMarkers() {

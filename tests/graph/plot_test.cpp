@@ -203,14 +203,23 @@ TEST_F(KeptPlotTest, IsDrawnWholeAfterAnyOtherChange) {
   }
 }
 
-TEST_F(KeptPlotTest, IsDrawnWholeWhenASmoothRunBecomesDense) {
+TEST_F(KeptPlotTest, IsWithoutTheNewestRunAsLongAsThatIsSmooth) {
   settings_.smooth_sparse_runs = true;
   plot_.Set(settings_, ranges_);
-  Update();
-  for (int i = 50; i < 199; ++i) Arrive({1, i * 0.9, 50, 30});
-  EXPECT_EQ(Update(), Drawn::AppendedRows);
-  Arrive({1, 180, 50, 30});
   EXPECT_EQ(Update(), Drawn::Everything);
+  EXPECT_TRUE(surface_.Calls(Kind::kCircle).empty());
+  EXPECT_TRUE(kept_.LacksNewest());
+  surface_.Forget();
+  kept_.DrawNewest(surface_, surface_.Whole());
+  EXPECT_EQ(surface_.Calls(Kind::kCircle).size(), 1U);
+
+  for (int i = 50; i < 199; ++i) Arrive({1, i * 0.9, 50, 30});
+  EXPECT_EQ(Update(), Drawn::Nothing);
+  EXPECT_TRUE(kept_.LacksNewest());
+
+  Arrive({1, 180, 50, 30});
+  EXPECT_EQ(Update(), Drawn::AppendedRows) << "now it is dense";
+  EXPECT_FALSE(kept_.LacksNewest());
   Arrive({1, 180, 51, 30});
   EXPECT_EQ(Update(), Drawn::AppendedRows);
 }
