@@ -8,6 +8,7 @@
 
 #include "app/desk/read_only_files.h"
 #include "app/desk/session.h"
+#include "app/standard_streams.h"
 #include "graph/graph_picture.h"
 #include "graph/plot.h"
 #include "platform/qt/page_painter.h"
@@ -21,8 +22,6 @@ namespace {
 
 using platform::DrawingSurface;
 
-constexpr std::string_view kStandardInput = "-";
-
 // A document opened as the window opens one, without a window.
 class OpenedFile {
  public:
@@ -31,8 +30,8 @@ class OpenedFile {
     session_.Graph().SetKind(kind);
   }
 
-  void Load(const std::string& path, std::string bytes) {
-    session_.Load(path, std::move(bytes), path == kStandardInput ? std::string() : FileDate(files_, path));
+  void Load(const std::string& path, std::string bytes, bool has_date) {
+    session_.Load(path, std::move(bytes), has_date ? FileDate(files_, path) : std::string());
   }
 
   const Session* operator->() const { return &session_; }
@@ -48,6 +47,12 @@ class Batch {
       : line_(line), options_(line.batch), ports_(ports), files_(ports.files) {}
 
   ExitStatus Run() {
+    for (const std::string& path : line_.files) {
+      if (!options_.output.empty() && IsOutput(path)) {
+        ports_.complain(options_.output + " is also the file to be read");
+        return ExitStatus::kWrongUsage;
+      }
+    }
     switch (options_.task) {
       case Task::kReport:
         return Report();
@@ -62,6 +67,10 @@ class Batch {
   }
 
  private:
+  bool IsOutput(const std::string& path) const {
+    return ports_.files.Same(path == kStandardInput ? "/dev/stdin" : path, options_.output);
+  }
+
   // Opens one file after the other and hands it to `use`; false when one could not be read. All of them are
   // looked at, so that every one that fails is told.
   template <class Use>
@@ -78,10 +87,12 @@ class Batch {
 
   template <class Use>
   platform::Done UseFile(const std::string& path, const Use& use) try {
-    auto bytes = path == kStandardInput ? ports_.read_standard_input() : ports_.files.Read(path);
+    const bool is_stream = ports_.is_stream(path);
+    auto bytes = is_stream ? ports_.read_stream(path) : ports_.files.Read(path);
     if (!bytes.ok()) return bytes.failure();
     OpenedFile file(files_, ports_, options_.kind);
-    file.Load(path, std::move(bytes.value()));
+    file.Load(path, std::move(bytes.value()), !is_stream);
+    if (file->Document().Grid1().EntryRow() == 1) ports_.complain(SpokenName(path) + " holds no reading");
     use(file);
     return {};
   } catch (const std::bad_alloc&) {
@@ -91,8 +102,7 @@ class Batch {
   }
 
   static platform::Failure TooLarge(const std::string& path) {
-    return {"cannot read " + (path == kStandardInput ? "standard input" : path) +
-            ": it does not fit into memory"};
+    return {"cannot read " + SpokenName(path) + ": it does not fit into memory"};
   }
 
   ExitStatus Report() {

@@ -16,15 +16,17 @@ struct BatchPorts {
   platform::FileSystem& files;
   Session::Place place;  // settings and colours are read from there, and stay as they are
   bool system_writes_comma = false;
-  std::function<platform::Result<std::string>()> read_standard_input;
+  std::function<bool(const std::string& path)> is_stream;  // which has no date, and is read once
+  std::function<platform::Result<std::string>(const std::string& path)> read_stream;
   std::function<platform::Done(std::string_view)> write_standard_output;
-  std::function<void(const std::string&)> complain;  // one line for each failure
+  std::function<void(const std::string&)> complain;  // one line each
 };
 
 enum class ExitStatus { kDone = 0, kWrongUsage = 2, kCannotRead = 3, kCannotWrite = 4 };
 
 // Makes what the command line asks for of its files, by the same code that the windows use. Nothing is
-// written unless all of the files could be read.
+// written unless all of the files could be read, and never over one of them. A file without a reading is told
+// and no failure.
 ExitStatus RunBatch(const CommandLine& line, const BatchPorts& ports);
 
 }  // namespace quenlor::app

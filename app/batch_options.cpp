@@ -11,7 +11,6 @@ namespace {
 
 using graph::GraphKind;
 
-constexpr std::string_view kStandardInput = "-";
 constexpr int kLargestPicture = 32767;  // pixels along a side, as much as pictures can have
 
 struct Option {
@@ -26,7 +25,7 @@ constexpr std::array<Option, 8> kOptions = {{{"--report", true, ""},
                                              {"--format", true, "--statistics"},
                                              {"--paper", true, "--report"},
                                              {"--landscape", false, "--report"},
-                                             {"--kind", true, "--report --graph"}}};
+                                             {"--kind", true, "--report or --graph"}}};
 
 const Option* Find(std::string_view name) {
   const auto* found = std::ranges::find(kOptions, name, &Option::name);

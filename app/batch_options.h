@@ -10,6 +10,8 @@
 
 namespace quenlor::app {
 
+inline constexpr std::string_view kStandardInput = "-";  // as a file
+
 enum class Task { kWindow, kReport, kGraph, kStatistics };
 enum class PictureFormat { kPng, kSvg, kPdf };
 enum class StatisticsFormat { kText, kCsv, kJson };

@@ -123,7 +123,8 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) { return
 
 std::string HelpText() {
   return R"(Usage: quenlor [options] [FILE]
-       quenlor --report OUT.pdf [--paper A4|Letter] [--landscape] [--kind KIND] FILE...
+       quenlor --report OUT.pdf [--paper A4|Letter] [--landscape] [--kind KIND]
+               FILE...
        quenlor --graph OUT.(png|svg|pdf) [--size WxH] [--kind KIND] FILE
        quenlor --statistics [--format text|csv|json] FILE...
 
@@ -141,11 +142,11 @@ Options:
   --instrument TEXT   how the virtual viscometer behaves, for instance
                       "--interval 0.5 --form comma"; the same words as
                       quenlor-instrument takes, see quenlor-instrument --help
-  --help              show this and exit
+  -h, --help          show this and exit
   --version           show the version and exit
 
 Without a window and without a display, with the settings and colours of the
-folder, which stay as they are ("-" as FILE reads standard input):
+folder, which stay as they are (FILE may be a pipe; "-" is standard input):
   --report OUT.pdf    write the report of every file, a page each
   --graph OUT         write the graph of a file as a picture
   --statistics        print the statistics of every file

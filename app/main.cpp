@@ -1,43 +1,55 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
-#include <cstdio>
 #include <variant>
 
 #include "app/batch_program.h"
 #include "app/command_line.h"
 #include "app/desk/version.h"
 #include "app/program.h"
+#include "app/program_folder.h"
+#include "app/standard_streams.h"
 #include "instrument/viscometer_options.h"
 
+namespace quenlor {
 namespace {
 
-constexpr int kWrongUsage = 2;
-
 int RefuseUsage(const std::string& why) {
-  std::fprintf(stderr, "quenlor: %s (see quenlor --help)\n", why.c_str());
-  return kWrongUsage;
+  app::Complain(why + " (see quenlor --help)");
+  return static_cast<int>(app::ExitStatus::kWrongUsage);
+}
+
+// The status of a program that has nothing to do but say that.
+int Say(const std::string& text) {
+  const platform::Done failed = app::WriteStandardOutput(text);
+  if (!failed) return static_cast<int>(app::ExitStatus::kDone);
+  app::Complain(failed->text);
+  return static_cast<int>(app::ExitStatus::kCannotWrite);
 }
 
 }  // namespace
+}  // namespace quenlor
 
 int main(int argc, char** argv) {
   using namespace quenlor;
 
+  app::GuardClosedStreams();
   // Help, version and wrong usage need no display, so they are dealt with before Qt is.
   const std::vector<std::string> arguments(argv + 1, argv + argc);
-  const app::CommandLine early = app::ParseCommandLine(arguments);
-  if (early.help) return std::fputs(app::HelpText().c_str(), stdout) < 0;
-  if (early.version) return std::printf("%s\n", app::WindowCaption(app::ThisVersion()).c_str()) < 0;
-  if (!early.error.empty()) return RefuseUsage(early.error);
-  if (early.batch.task != app::Task::kWindow)
-    return static_cast<int>(app::RunBatchProgram(early, argc, argv));
-  const auto viscometer = instrument::ParseOptions(early.instrument);
+  const app::CommandLine line = app::ParseCommandLine(arguments);
+  if (line.help) return Say(app::HelpText());
+  if (line.version) return Say(app::WindowCaption(app::ThisVersion()) + "\n");
+  if (!line.error.empty()) return RefuseUsage(line.error);
+  if (const auto failed = app::CannotUseFolder(line.folder)) return RefuseUsage(failed->text);
+  if (line.batch.task != app::Task::kWindow) return static_cast<int>(app::RunBatchProgram(line, argc, argv));
+  if (!line.files.empty() && app::IsStream(line.files.front()))
+    return RefuseUsage("only batch commands read a pipe: " + line.files.front());
+  const auto viscometer = instrument::ParseOptions(line.instrument);
   if (const auto* error = std::get_if<instrument::OptionsError>(&viscometer)) return RefuseUsage(error->text);
 
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Quenlor"));
-  app::Program program(early, std::get<instrument::ViscometerOptions>(viscometer));
-  if (!early.files.empty()) program.Window().OpenFile(early.files.front());
+  app::Program program(line, std::get<instrument::ViscometerOptions>(viscometer));
+  if (!line.files.empty()) program.Window().OpenFile(line.files.front());
   program.Window().show();
   return QApplication::exec();
 }

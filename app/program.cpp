@@ -31,7 +31,7 @@ constexpr auto kNaming = link::PortDirectory::Naming::kFiles;
 
 struct Program::Parts {
   Parts(const CommandLine& line, const instrument::ViscometerOptions& viscometer)
-      : folder(ProgramFolder(QString::fromStdString(line.folder)).toStdString()),
+      : folder(ProgramFolder(line.folder)),
         ports(files, devices, folder, link::PortDirectory(kNaming, line.ports)),
         system_port([this](int port) { return ports.Device(port); }),
         MSComm1(system_port),

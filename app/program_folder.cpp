@@ -5,11 +5,14 @@
 #include <QDir>
 #include <QStandardPaths>
 #include <QTemporaryFile>
+#include <filesystem>
 
 #include "app/program_name.h"
 
 namespace quenlor::app {
 namespace {
+
+namespace fs = std::filesystem;
 
 // Permission bits do not tell everything (a read-only file system, another user's folder), so it is tried.
 bool CanBeWritten(const QString& folder) {
@@ -21,29 +24,43 @@ bool IsInstalled(const QString& executable_folder) {
   return QDir(executable_folder).exists(QStringLiteral("../share/quenlor/installed.txt"));
 }
 
-}  // namespace
-
-QString ProgramFolder(const QString& chosen, const QString& executable_folder, const QString& user_folder) {
-  QString folder = executable_folder;
-  if (IsInstalled(executable_folder) || !CanBeWritten(executable_folder)) folder = user_folder;
-  if (!chosen.isEmpty()) folder = QDir(chosen).absolutePath();
-  QDir().mkpath(folder);
-  return folder;
+fs::path Whole(const std::string& folder) {
+  const fs::path whole = fs::absolute(folder).lexically_normal();
+  return whole.has_filename() || whole == whole.root_path() ? whole : whole.parent_path();
 }
 
-QString ProgramFolder(const QString& chosen) {
+}  // namespace
+
+platform::Done CannotUseFolder(const std::string& chosen) {
+  if (chosen.empty()) return {};
+  std::error_code error;
+  if (fs::is_directory(chosen, error)) return {};
+  if (!error) error = std::make_error_code(std::errc::not_a_directory);
+  return platform::Cannot("use the folder " + chosen, {error.message()});
+}
+
+std::string ProgramFolder(const std::string& chosen, const QString& executable_folder,
+                          const QString& user_folder) {
+  if (!chosen.empty()) return Whole(chosen).string();
+  if (!IsInstalled(executable_folder) && CanBeWritten(executable_folder))
+    return executable_folder.toStdString();
+  QDir().mkpath(user_folder);
+  return user_folder.toStdString();
+}
+
+std::string ProgramFolder(const std::string& chosen) {
   return ProgramFolder(chosen, QCoreApplication::applicationDirPath(),
                        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
 }
 
-QString FolderToRead(const QString& chosen, const QString& executable_folder, const QString& settings_name,
-                     const QString& user_folder) {
-  if (!chosen.isEmpty()) return QDir(chosen).absolutePath();
+std::string FolderToRead(const std::string& chosen, const QString& executable_folder,
+                         const QString& settings_name, const QString& user_folder) {
+  if (!chosen.empty()) return Whole(chosen).string();
   const bool kept_there = !IsInstalled(executable_folder) && QDir(executable_folder).exists(settings_name);
-  return kept_there ? executable_folder : user_folder;
+  return (kept_there ? executable_folder : user_folder).toStdString();
 }
 
-QString FolderToRead(const QString& chosen) {
+std::string FolderToRead(const std::string& chosen) {
   return FolderToRead(chosen, QCoreApplication::applicationDirPath(),
                       QString::fromStdString(ProgramName() + ".ini"),
                       QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));

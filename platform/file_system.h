@@ -30,6 +30,7 @@ class FileSystem {
   virtual ~FileSystem() = default;
 
   virtual bool Exists(const std::string& path) const = 0;
+  virtual bool Same(const std::string& path, const std::string& other) const = 0;  // one file of two names
   virtual Result<std::string> Read(const std::string& path) const = 0;  // the whole file; a directory fails
   virtual Result<std::int64_t> ModifiedAt(
       const std::string& path) const = 0;  // seconds since 1970, local time

@@ -11,6 +11,9 @@ class ReadOnlyFiles final : public platform::FileSystem {
   explicit ReadOnlyFiles(const platform::FileSystem& files) : files_(files) {}
 
   bool Exists(const std::string& path) const override { return files_.Exists(path); }
+  bool Same(const std::string& path, const std::string& other) const override {
+    return files_.Same(path, other);
+  }
   platform::Result<std::string> Read(const std::string& path) const override { return files_.Read(path); }
   platform::Result<std::int64_t> ModifiedAt(const std::string& path) const override {
     return files_.ModifiedAt(path);

@@ -70,10 +70,11 @@ Result<std::int64_t> MemoryFileSystem::ModifiedAt(const std::string& path) const
 
 Done MemoryFileSystem::Replace(const std::string& path, const std::function<void(ByteSink&)>& write) {
   ++calls_.replaces;
-  if (const auto reason = WhyNotChanged(path)) return Cannot("replace " + path, *reason);
+  const std::string what = (Exists(path) ? "replace " : "write ") + path;
+  if (const auto reason = WhyNotChanged(path)) return Cannot(what, *reason);
   BoundedSink sink(room_);
   write(sink);
-  if (sink.full) return Cannot("replace " + path, kFull);
+  if (sink.full) return Cannot(what, kFull);
   File replacement{sink.Take(), Now()};
   File& file = files_[path];
   if (room_)

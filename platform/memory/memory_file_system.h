@@ -25,6 +25,9 @@ class MemoryFileSystem : public FileSystem {
   explicit MemoryFileSystem(const Clock* clock = nullptr) : clock_(clock) {}
 
   bool Exists(const std::string& path) const override;
+  bool Same(const std::string& path, const std::string& other) const override {
+    return path == other && Exists(path);
+  }
   Result<std::string> Read(const std::string& path) const override;
   Result<std::int64_t> ModifiedAt(const std::string& path) const override;
   Done Replace(const std::string& path, const std::function<void(ByteSink&)>& write) override;

@@ -13,6 +13,7 @@
 #include <unistd.h>
 #else
 #include <QFile>
+#include <QFileInfo>
 
 #include <io.h>
 #include <qt_windows.h>
@@ -94,6 +95,13 @@ Reason FindFile(const std::string& path) {
   return ReasonOf(errno);
 }
 
+bool IsSameFile(const std::string& path, const std::string& other) {
+  struct stat one {};
+  struct stat another {};
+  return ::stat(path.c_str(), &one) == 0 && ::stat(other.c_str(), &another) == 0 &&
+         one.st_dev == another.st_dev && one.st_ino == another.st_ino;
+}
+
 Reason AppendBytes(const std::string& path, std::string_view bytes) {
   const int file = Open(path, O_WRONLY | O_APPEND | O_NONBLOCK);  // a pipe must not stop us
   if (file < 0) return ReasonOf(errno);
@@ -168,6 +176,11 @@ Reason RenameFile(const std::string& from, const std::string& to) {
 Reason FindFile(const std::string& path) {
   if (QFile::exists(QString::fromStdString(path))) return {};
   return ReasonOf(ENOENT);
+}
+
+bool IsSameFile(const std::string& path, const std::string& other) {
+  const QFileInfo one(QString::fromStdString(path));
+  return one.exists() && one == QFileInfo(QString::fromStdString(other));
 }
 
 Reason AppendBytes(const std::string& path, std::string_view bytes) {

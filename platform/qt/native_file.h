@@ -23,6 +23,9 @@ Failure LastReason(const QFileDevice& file);
 
 Reason FindFile(const std::string& path);  // whatever stands under that name
 
+// Whether both names are there and lead to one file: by a link, a folder's other name, another spelling.
+bool IsSameFile(const std::string& path, const std::string& other);
+
 Reason AppendBytes(const std::string& path, std::string_view bytes);
 
 Reason SyncToDevice(const std::string& path);

@@ -108,6 +108,10 @@ class QtFileLock : public FileLock {
 
 bool QtFileSystem::Exists(const std::string& path) const { return !FindFile(path); }
 
+bool QtFileSystem::Same(const std::string& path, const std::string& other) const {
+  return IsSameFile(path, other);
+}
+
 Result<std::string> QtFileSystem::Read(const std::string& path) const try {
   QFile file(Name(path));
   const QFileInfo kind(file);
@@ -140,11 +144,12 @@ Result<std::int64_t> QtFileSystem::ModifiedAt(const std::string& path) const {
 
 Done QtFileSystem::Replace(const std::string& path, const std::function<void(ByteSink&)>& write) {
   const QFileInfo target(Name(path));
-  if (target.isDir()) return Cannot("replace " + path, {"Is a directory"});
+  const char* const what = target.exists() ? "replace " : "write ";
+  if (target.isDir()) return Cannot(what + path, {"Is a directory"});
   if (target.exists() && !target.isWritable())
-    return Cannot("replace " + path, {"Permission denied", FailureKind::kPermission});
+    return Cannot(what + path, {"Permission denied", FailureKind::kPermission});
   const bool is_device = target.exists() && !target.isFile();
-  return DoneUnless(is_device ? WriteInPlace(path, write) : WriteBeside(path, write), "replace ", path);
+  return DoneUnless(is_device ? WriteInPlace(path, write) : WriteBeside(path, write), what, path);
 }
 
 Done QtFileSystem::Append(const std::string& path, std::string_view bytes) {

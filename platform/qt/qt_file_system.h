@@ -11,6 +11,7 @@ class QtFileSystem : public FileSystem {
   using FileSystem::Replace;
 
   bool Exists(const std::string& path) const override;
+  bool Same(const std::string& path, const std::string& other) const override;
   Result<std::string> Read(const std::string& path) const override;
   Result<std::int64_t> ModifiedAt(const std::string& path) const override;
   Done Replace(const std::string& path, const std::function<void(ByteSink&)>& write) override;

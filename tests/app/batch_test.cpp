@@ -49,8 +49,9 @@ struct Bench {
         RunBatch(line, {.files = files,
                         .place = {"/lab"},
                         .system_writes_comma = writes_comma,
-                        .read_standard_input =
-                            [this] {
+                        .is_stream = [](const std::string& path) { return path == "-"; },
+                        .read_stream =
+                            [this](const std::string&) {
                               if (!fits_into_memory) throw std::bad_alloc();
                               return platform::Result<std::string>(input);
                             },
@@ -180,6 +181,22 @@ TEST(Batch, AnOutputThatCannotBeWrittenIsTold) {
   EXPECT_EQ(bench.Run({"--statistics", "/data/oil.csv"}), 4);
 }
 
+TEST(Batch, AFileThatIsReadIsNeverWritten) {
+  Bench bench;
+  bench.files.Put("/data/a.pdf", kFile);
+  EXPECT_EQ(bench.Run({"--report", "/data/a.pdf", "/data/oil.csv", "/data/a.pdf"}), 2);
+  EXPECT_THAT(bench.complaints, ElementsAre("/data/a.pdf is also the file to be read"));
+  EXPECT_EQ(bench.files.Content("/data/a.pdf"), kFile);
+}
+
+TEST(Batch, AFileWithoutAReadingIsToldAndNoFailure) {
+  Bench bench;
+  EXPECT_EQ(bench.Run({"--report", "/out/x.pdf", "/data/oil.csv", "/data/empty.csv", "-"}), 0);
+  EXPECT_THAT(bench.complaints,
+              ElementsAre("/data/empty.csv holds no reading", "standard input holds no reading"));
+  EXPECT_THAT(bench.files.Content("/out/x.pdf"), HasSubstr("/Count 3"));
+}
+
 TEST(Batch, SettingsAndColoursAreReadAndNeverWritten) {
   Bench bench;
   bench.Run({"--report", "/out/x.pdf", "/data/oil.csv"});
@@ -277,11 +294,89 @@ TEST_F(BatchProgram, TellsItsFailuresInOneLineEach) {
       Run({QStringLiteral("--report"), QStringLiteral("/proc/none/x.pdf"), Path(QStringLiteral("oil.csv"))}),
       4);
   EXPECT_EQ(errors_.count('\n'), 1);
+  EXPECT_TRUE(errors_.contains("cannot write /proc/none/x.pdf: No such file or directory"));
   EXPECT_EQ(Run({QStringLiteral("--statistics"), QStringLiteral("mis\nsing\r.csv")}), 3);
   EXPECT_EQ(errors_.count('\n'), 1);
   EXPECT_TRUE(errors_.contains("mis?sing?.csv"));
   EXPECT_EQ(Run({QStringLiteral("--report")}), 2);
   EXPECT_EQ(errors_.count('\n'), 1);
+}
+
+// A shell closes streams, links files and makes pipes; `script` has the program as "$0" and its folder as
+// "$1".
+class ShellProgram : public BatchProgram {
+ protected:
+  int Shell(const QString& script) {
+    QProcess shell;
+    shell.setWorkingDirectory(folder_.path());
+    shell.start(QStringLiteral("bash"),
+                {QStringLiteral("-c"), script, QStringLiteral(QUENLOR_PROGRAM), folder_.path()});
+    EXPECT_TRUE(shell.waitForFinished(60'000));
+    output_ = shell.readAllStandardOutput();
+    errors_ = shell.readAllStandardError();
+    return shell.exitCode();
+  }
+  int Shell(const char* script) { return Shell(QString::fromLatin1(script)); }
+};
+
+TEST_F(ShellProgram, NeverWritesOverAnInputOfAnotherName) {
+  for (const char* link : {"ln oil.csv out.pdf", "ln -s oil.csv out.pdf"}) {
+    const QString script = QString::fromLatin1(link) + QStringLiteral(R"(; "$0" --report out.pdf oil.csv)");
+    EXPECT_EQ(Shell(script), 2);
+    EXPECT_EQ(errors_, "quenlor: out.pdf is also the file to be read\n");
+    EXPECT_EQ(Bytes(QStringLiteral("oil.csv")), kFile);
+    QFile::remove(Path(QStringLiteral("out.pdf")));
+  }
+  EXPECT_EQ(Shell(R"(cp oil.csv out.pdf; "$0" --report out.pdf - <out.pdf)"), 2);
+}
+
+TEST_F(ShellProgram, TellsWhenAStreamIsClosedOrFull) {
+  EXPECT_EQ(Shell(R"("$0" --help >/dev/full)"), 4);
+  EXPECT_EQ(errors_, "quenlor: cannot write to standard output: No space left on device\n");
+  EXPECT_EQ(Shell(R"("$0" --version >&-)"), 4);
+  EXPECT_EQ(errors_, "quenlor: cannot write to standard output: Bad file descriptor\n");
+  EXPECT_EQ(Shell(R"("$0" --statistics oil.csv >&-)"), 4);
+  EXPECT_EQ(errors_, "quenlor: cannot write to standard output: Bad file descriptor\n");
+  EXPECT_EQ(Shell(R"("$0" --statistics - <&-)"), 3);
+  EXPECT_EQ(errors_, "quenlor: cannot read standard input: Bad file descriptor\n");
+}
+
+// Opening the pipe to write waits until the program has it open to read.
+TEST_F(ShellProgram, OpensNoFileInThePlaceOfAClosedStream) {
+  EXPECT_EQ(Shell(R"(mkfifo pipe
+                     "$0" --graph out.svg pipe <&- >&- 2>&- &
+                     exec 3>pipe
+                     readlink /proc/$!/fd/{0,1,2}
+                     cat oil.csv >&3
+                     exec 3>&-
+                     wait $!)"),
+            0);
+  EXPECT_EQ(output_, "/dev/null\n/dev/null\n/dev/null\n");
+  EXPECT_TRUE(Bytes(QStringLiteral("out.svg")).contains("</svg>"));
+}
+
+TEST_F(ShellProgram, ReadsPipesAsFiles) {
+  ASSERT_EQ(Shell(R"("$0" --statistics - <oil.csv)"), 0);
+  const QByteArray statistics = output_.mid(output_.indexOf('\t'));
+  for (const char* script :
+       {R"("$0" --statistics <(cat oil.csv))", R"(cat oil.csv | "$0" --statistics /dev/stdin)",
+        R"("$0" --statistics /dev/stdin <oil.csv)",
+        R"(mkfifo pipe; cat oil.csv >pipe & "$0" --statistics pipe)"}) {
+    EXPECT_EQ(Shell(script), 0) << script;
+    EXPECT_EQ(output_.mid(output_.indexOf('\t')), statistics) << script;
+    EXPECT_EQ(errors_, "") << script;
+  }
+  EXPECT_EQ(Shell(R"("$0" <(cat oil.csv))"), 2);
+  EXPECT_TRUE(errors_.startsWith("quenlor: only batch commands read a pipe: /dev/fd/"));
+}
+
+TEST_F(ShellProgram, NeedsTheFolderThatIsNamed) {
+  for (const char* script :
+       {R"("$0" --folder none --statistics oil.csv)", R"("$0" --folder none)", R"("$0" --folder oil.csv)"}) {
+    EXPECT_EQ(Shell(script), 2) << script;
+    EXPECT_TRUE(errors_.startsWith("quenlor: cannot use the folder ")) << errors_.toStdString();
+  }
+  EXPECT_FALSE(QFile::exists(Path(QStringLiteral("none"))));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line.h"
 
+#include <sstream>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -60,9 +62,14 @@ TEST(CommandLine, RefusesWrongUsageInWords) {
 TEST(CommandLine, HelpNamesEveryOption) {
   for (const char* option :
        {"--folder", "--port", "--virtual", "--instrument", "--help", "--version", "FILE", "--report",
-        "--graph", "--statistics", "--paper", "--landscape", "--size", "--kind", "--format"}) {
+        "--graph", "--statistics", "--paper", "--landscape", "--size", "--kind", "--format", "-h,"}) {
     EXPECT_THAT(HelpText(), HasSubstr(option));
   }
+}
+
+TEST(CommandLine, HelpFitsATerminal) {
+  std::istringstream help(HelpText());
+  for (std::string line; std::getline(help, line);) EXPECT_LE(line.size(), 80U) << line;
 }
 
 TEST(CommandLine, TakesTheBatchCommands) {
@@ -106,6 +113,7 @@ TEST(CommandLine, RefusesWrongUsageOfTheBatchCommands) {
       {{"--statistics", "--format", "xml", "a.csv"}, "text, csv, json"},
       {{"--statistics", "--size", "1x1", "a.csv"}, "--size belongs to --graph"},
       {{"--landscape", "a.csv"}, "--landscape belongs to --report"},
+      {{"--kind", "visco-temp", "a.csv"}, "--kind belongs to --report or --graph"},
       {{"--statistics", "-", "-"}, "only once"},
       {{"--statistics=all", "a.csv"}, "takes no value"}};
   for (const auto& [arguments, words] : wrong) {

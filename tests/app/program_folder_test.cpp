@@ -34,17 +34,28 @@ struct Folders {
   }
 };
 
-TEST(ProgramFolder, TheGivenFolderWinsAndIsMade) {
+TEST(ProgramFolder, TheGivenFolderWins) {
   Folders folders;
-  const QString chosen = folders.root.filePath(QStringLiteral("a/b"));
+  const std::string chosen = folders.Make("a/b").toStdString();
   EXPECT_EQ(ProgramFolder(chosen, folders.Make("exe"), folders.Make("user")), chosen);
-  EXPECT_TRUE(QDir(chosen).exists());
+  EXPECT_EQ(ProgramFolder(chosen + "/../b/", folders.Make("exe"), folders.Make("user")), chosen);
+}
+
+TEST(ProgramFolder, AGivenFolderHasToBeThere) {
+  Folders folders;
+  const std::string chosen = folders.root.filePath(QStringLiteral("a")).toStdString();
+  EXPECT_FALSE(CannotUseFolder(""));
+  ASSERT_TRUE(CannotUseFolder(chosen));
+  EXPECT_EQ(CannotUseFolder(chosen)->text, "cannot use the folder " + chosen + ": No such file or directory");
+  Folders::Write(QString::fromStdString(chosen));
+  EXPECT_EQ(CannotUseFolder(chosen)->text, "cannot use the folder " + chosen + ": Not a directory");
+  EXPECT_FALSE(CannotUseFolder(folders.Make("b").toStdString()));
 }
 
 TEST(ProgramFolder, ElseTheFolderOfTheExecutable) {
   Folders folders;
   const QString executable = folders.Make("exe");
-  EXPECT_EQ(ProgramFolder({}, executable, folders.Make("user")), executable);
+  EXPECT_EQ(ProgramFolder({}, executable, folders.Make("user")), executable.toStdString());
   EXPECT_TRUE(Folders::IsEmpty(executable)) << "trying leaves no trace";
 }
 
@@ -53,7 +64,7 @@ TEST(ProgramFolder, AnInstalledProgramUsesTheUsersFolderWhereverItIsInstalled) {
     Folders folders;
     const QString executable = folders.Install(prefix);
     const QString user = folders.root.filePath(QStringLiteral("user/data"));
-    EXPECT_EQ(ProgramFolder({}, executable, user), user) << prefix;
+    EXPECT_EQ(ProgramFolder({}, executable, user), user.toStdString()) << prefix;
     EXPECT_TRUE(QDir(user).exists()) << prefix;
     EXPECT_TRUE(Folders::IsEmpty(executable)) << prefix;
   }
@@ -64,7 +75,7 @@ TEST(ProgramFolder, AnInstalledProgramThatIsMovedAsAWholeStaysOne) {
   folders.Install("before");
   ASSERT_TRUE(QDir().rename(folders.root.filePath("before"), folders.root.filePath("after")));
   const QString user = folders.Make("user");
-  EXPECT_EQ(ProgramFolder({}, folders.root.filePath("after/bin"), user), user);
+  EXPECT_EQ(ProgramFolder({}, folders.root.filePath("after/bin"), user), user.toStdString());
 }
 
 TEST(ProgramFolder, AnUnpackedProgramKeepsItsFilesBesideItself) {
@@ -72,12 +83,12 @@ TEST(ProgramFolder, AnUnpackedProgramKeepsItsFilesBesideItself) {
   const QString executable = folders.Make("quenlor/bin");
   folders.Make("quenlor/share/doc");
   folders.Make("quenlor/share/quenlor");  // somebody else's folder of that name says nothing
-  EXPECT_EQ(ProgramFolder({}, executable, folders.Make("user")), executable);
+  EXPECT_EQ(ProgramFolder({}, executable, folders.Make("user")), executable.toStdString());
 }
 
 TEST(ProgramFolder, TheGivenFolderWinsForAnInstalledProgramToo) {
   Folders folders;
-  const QString chosen = folders.Make("chosen");
+  const std::string chosen = folders.Make("chosen").toStdString();
   EXPECT_EQ(ProgramFolder(chosen, folders.Install("usr"), folders.Make("user")), chosen);
 }
 
@@ -85,7 +96,7 @@ TEST(ProgramFolder, AFolderThatCannotBeWrittenGivesWayToTheUsersFolder) {
   Folders folders;
   const QString user = folders.Make("user");
   // A folder that is not there refuses everybody, root as well.
-  EXPECT_EQ(ProgramFolder({}, folders.root.filePath(QStringLiteral("gone")), user), user);
+  EXPECT_EQ(ProgramFolder({}, folders.root.filePath(QStringLiteral("gone")), user), user.toStdString());
 }
 
 TEST(FolderToRead, IsWhereSettingsHaveBeenKeptAndNothingIsMade) {
@@ -93,12 +104,12 @@ TEST(FolderToRead, IsWhereSettingsHaveBeenKeptAndNothingIsMade) {
   const QString executable = folders.Make("exe");
   const QString user = folders.root.filePath(QStringLiteral("user"));
   const QString chosen = folders.root.filePath(QStringLiteral("chosen"));
-  EXPECT_EQ(FolderToRead({}, executable, kSettings, user), user);
-  EXPECT_EQ(FolderToRead(chosen, executable, kSettings, user), chosen);
+  EXPECT_EQ(FolderToRead({}, executable, kSettings, user), user.toStdString());
+  EXPECT_EQ(FolderToRead(chosen.toStdString(), executable, kSettings, user), chosen.toStdString());
   EXPECT_FALSE(QDir(user).exists());
   EXPECT_FALSE(QDir(chosen).exists());
   Folders::Write(executable + u'/' + kSettings);
-  EXPECT_EQ(FolderToRead({}, executable, kSettings, user), executable);
+  EXPECT_EQ(FolderToRead({}, executable, kSettings, user), executable.toStdString());
 }
 
 TEST(FolderToRead, IsNotWhereACopyUnderAnotherNameHasKeptItsSettings) {
@@ -106,7 +117,7 @@ TEST(FolderToRead, IsNotWhereACopyUnderAnotherNameHasKeptItsSettings) {
   const QString executable = folders.Make("exe");
   const QString user = folders.root.filePath(QStringLiteral("user"));
   Folders::Write(executable + u'/' + kSettings);
-  EXPECT_EQ(FolderToRead({}, executable, QStringLiteral("lab2.ini"), user), user);
+  EXPECT_EQ(FolderToRead({}, executable, QStringLiteral("lab2.ini"), user), user.toStdString());
 }
 
 TEST(FolderToRead, IsTheUsersForAnInstalledProgramWhateverStandsBesideIt) {
@@ -114,7 +125,7 @@ TEST(FolderToRead, IsTheUsersForAnInstalledProgramWhateverStandsBesideIt) {
   const QString executable = folders.Install("usr");
   const QString user = folders.root.filePath(QStringLiteral("user"));
   Folders::Write(executable + u'/' + kSettings);
-  EXPECT_EQ(FolderToRead({}, executable, kSettings, user), user);
+  EXPECT_EQ(FolderToRead({}, executable, kSettings, user), user.toStdString());
 }
 
 }  // namespace

@@ -33,6 +33,14 @@ TYPED_TEST(FileSystemContract, ReadsWhatItWroteByteForByte) {
   EXPECT_EQ(this->Content("a"), bytes);
 }
 
+TYPED_TEST(FileSystemContract, AFileIsTheSameAsItselfAndNoOther) {
+  ASSERT_EQ(Told(this->files().Replace(this->Path("a"), "x")), "done");
+  ASSERT_EQ(Told(this->files().Replace(this->Path("b"), "x")), "done");
+  EXPECT_TRUE(this->files().Same(this->Path("a"), this->Path("a")));
+  EXPECT_FALSE(this->files().Same(this->Path("a"), this->Path("b")));
+  EXPECT_FALSE(this->files().Same(this->Path("c"), this->Path("c"))) << "what is not there is no file";
+}
+
 TYPED_TEST(FileSystemContract, AnEmptyFileIsAFile) {
   EXPECT_EQ(Told(this->files().Replace(this->Path("a"), "")), "done");
   EXPECT_TRUE(this->files().Exists(this->Path("a")));
@@ -96,7 +104,7 @@ TYPED_TEST(FileSystemContract, AFullDiskLeavesTheOldContentWhole) {
   for (const Done& done : {small_writes, one_write, last_bytes}) {
     EXPECT_THAT(Told(done), StartsWith("cannot replace " + this->Path("a") + ": "));
   }
-  EXPECT_THAT(Told(new_file), StartsWith("cannot replace " + this->Path("b") + ": "));
+  EXPECT_THAT(Told(new_file), StartsWith("cannot write " + this->Path("b") + ": "));
   EXPECT_EQ(this->Content("a"), "old");
   EXPECT_THAT(this->disk.Names(), ElementsAre("a")) << "nothing half written stays";
 }

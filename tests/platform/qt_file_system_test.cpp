@@ -106,7 +106,7 @@ TEST_F(QtFileSystemTest, AFileInAFolderThatCannotBeWrittenIsWrittenInPlace) {
   Chmod(Path(""), 0755);
   EXPECT_EQ(Told(replaced), "done");
   EXPECT_EQ(Content("a"), "new");
-  EXPECT_EQ(Told(made), "cannot replace " + Path("b") + ": Permission denied");
+  EXPECT_EQ(Told(made), "cannot write " + Path("b") + ": Permission denied");
 }
 
 TEST_F(QtFileSystemTest, AFileThatMayNotBeWrittenIsNotReplaced) {
@@ -137,7 +137,7 @@ TEST_F(QtFileSystemTest, AnUnreadableFileIsToldByName) {
 
 TEST_F(QtFileSystemTest, AMissingFolderIsToldByTheNameOfTheFile) {
   EXPECT_EQ(Told(files_.Replace(Path("no/a"), "x")),
-            "cannot replace " + Path("no/a") + ": No such file or directory");
+            "cannot write " + Path("no/a") + ": No such file or directory");
   EXPECT_EQ(Told(files_.Append(Path("no/a"), "x")),
             "cannot append to " + Path("no/a") + ": No such file or directory");
 }

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/result.h"
+
+// The program's standard streams, and what else a shell hands over to be read once from its beginning to its
+// end.
+namespace quenlor::app {
+
+// To be called before anything is opened: no file may come to stand where a stream was closed, or what is
+// said to the stream would be written into it. Whoever uses a closed stream fails as if it were still closed.
+void GuardClosedStreams();
+
+// Whether the name is that of a stream: "-", a pipe (the shell's "<(…)" is one), or standard input by its
+// path.
+bool IsStream(const std::string& name);
+
+// Waits for the end of it.
+platform::Result<std::string> ReadStream(const std::string& name);
+
+// How a file or a stream is called in messages.
+std::string SpokenName(const std::string& name);
+
+platform::Done WriteStandardOutput(std::string_view text);
+
+// Always one line on standard error, whatever a file is called.
+void Complain(std::string failure);
+
+}  // namespace quenlor::app
