@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QHashSeed>
+#include <cstdlib>
 
 #include "app/decimal_point.h"
 #include "app/program_folder.h"
@@ -14,9 +15,12 @@
 namespace quenlor::app {
 namespace {
 
-// What the toolkit remarks about a machine without a desktop is no failure of the command's.
+// What the toolkit remarks about a machine without a desktop is no failure of the command's. What is fatal,
+// such as a toolkit that is not installed whole, ends the program without the abort that would follow.
 void OnlyWhatIsFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
-  if (type == QtFatalMsg) Complain(message.toStdString());
+  if (type != QtFatalMsg) return;
+  Complain(message.toStdString());
+  std::_Exit(static_cast<int>(ExitStatus::kCannotWrite));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
+#include <cstdlib>
 #include <variant>
 
 #include "app/batch_program.h"
@@ -26,6 +27,13 @@ int Say(const std::string& text) {
   return static_cast<int>(app::ExitStatus::kCannotWrite);
 }
 
+// The toolkit aborts where it cannot show windows, after many words of its own; this is said in their place.
+void NoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
+  if (type != QtFatalMsg) return;
+  app::Complain("there is no display to show a window on; --report, --graph and --statistics need none");
+  std::_Exit(static_cast<int>(app::ExitStatus::kWrongUsage));
+}
+
 }  // namespace
 }  // namespace quenlor
 
@@ -46,7 +54,9 @@ int main(int argc, char** argv) {
   const auto viscometer = instrument::ParseOptions(line.instrument);
   if (const auto* error = std::get_if<instrument::OptionsError>(&viscometer)) return RefuseUsage(error->text);
 
+  const QtMessageHandler usual = qInstallMessageHandler(NoDisplay);
   QApplication application(argc, argv);
+  qInstallMessageHandler(usual);
   QApplication::setApplicationName(QStringLiteral("Quenlor"));
   app::Program program(line, std::get<instrument::ViscometerOptions>(viscometer));
   if (!line.files.empty()) program.Window().OpenFile(line.files.front());

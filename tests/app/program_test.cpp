@@ -24,12 +24,14 @@ struct Ended {
   std::string errors;
 };
 
-// No platform is named and no display is there, so whatever needs one fails.
-Ended Call(const QStringList& arguments) {
+// No platform is named and no display is there, so whatever needs one fails; unless `variable` says
+// otherwise.
+Ended Call(const QStringList& arguments, const QString& variable = {}, const QString& value = {}) {
   QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
     environment.remove(QString::fromLatin1(name));
+  if (!variable.isEmpty()) environment.insert(variable, value);
   process.setProcessEnvironment(environment);
   process.start(QStringLiteral(QUENLOR_PROGRAM), arguments);
   if (!process.waitForFinished(20'000)) process.kill();
@@ -57,6 +59,19 @@ TEST(TheProgram, EndsWith2OnWrongUsageAndSaysWhy) {
     EXPECT_EQ(ended.code, 2) << wrong.join(' ').toStdString();
     EXPECT_THAT(ended.errors, StartsWith("quenlor: "));
     EXPECT_THAT(ended.errors, HasSubstr("(see quenlor --help)"));
+    EXPECT_THAT(ended.output, IsEmpty());
+  }
+}
+
+TEST(TheProgram, EndsWith2AndALineWhereItCannotShowAWindow) {
+  for (const auto& [variable, value] : std::vector<std::pair<const char*, const char*>>{
+           {"", ""}, {"DISPLAY", ":987"}, {"QT_QPA_PLATFORM", "abacus"}}) {
+    const Ended ended = Call({}, QString::fromLatin1(variable), QString::fromLatin1(value));
+    EXPECT_EQ(ended.code, 2) << variable;
+    EXPECT_EQ(
+        ended.errors,
+        "quenlor: there is no display to show a window on; --report, --graph and --statistics need none\n")
+        << variable;
     EXPECT_THAT(ended.output, IsEmpty());
   }
 }
