@@ -58,6 +58,8 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   qInstallMessageHandler(usual);
   QApplication::setApplicationName(QStringLiteral("Quenlor"));
+  if (const auto failed = app::CannotKeepFilesIn(app::ProgramFolder(line.folder)))
+    return RefuseUsage(failed->text);
   app::Program program(line, std::get<instrument::ViscometerOptions>(viscometer));
   if (!line.files.empty()) program.Window().OpenFile(line.files.front());
   program.Window().show();

@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "app/program_name.h"
+#include "data/utf8.h"
 
 namespace quenlor::app {
 namespace {
@@ -39,12 +40,19 @@ platform::Done CannotUseFolder(const std::string& chosen) {
   return platform::Cannot("use the folder " + chosen, {error.message()});
 }
 
+// Qt's lock files have names of text, and a name that is none came here with another character in its place.
+platform::Done CannotKeepFilesIn(const std::string& folder) {
+  constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+  if (data::IsUtf8(folder) && folder.find(kReplacement) == folder.npos) return {};
+  return platform::Failure{"cannot keep files in the folder " + folder + ": its name is not UTF-8"};
+}
+
 std::string ProgramFolder(const std::string& chosen, const QString& executable_folder,
                           const QString& user_folder) {
   if (!chosen.empty()) return Whole(chosen).string();
   if (!IsInstalled(executable_folder) && CanBeWritten(executable_folder))
     return executable_folder.toStdString();
-  QDir().mkpath(user_folder);
+  if (!CannotKeepFilesIn(user_folder.toStdString())) QDir().mkpath(user_folder);
   return user_folder.toStdString();
 }
 

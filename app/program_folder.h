@@ -11,6 +11,9 @@ namespace quenlor::app {
 // Why a folder that is chosen ("" when none is) cannot be used.
 platform::Done CannotUseFolder(const std::string& chosen);
 
+// Why no files can be kept in it.
+platform::Done CannotKeepFilesIn(const std::string& folder);
+
 // Where the program keeps its files: `chosen` when it is given; else the folder of the executable; but
 // the user's own data folder, made when missing, when the program is installed, or that folder cannot be
 // written.

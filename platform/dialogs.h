@@ -43,7 +43,8 @@ class Dialogs {
   virtual std::optional<std::string> OpenFile(const std::string& filter) = 0;
   // The same for saving, with `name` preset, in `folder` (empty: where a file was chosen last), and a
   // question before an existing file is overwritten. With a filter of one suffix chosen ("*.csv"), a name
-  // that ends otherwise gets that suffix.
+  // that ends otherwise gets that suffix. A name that is no UTF-8 is proposed as if it were Latin-1; a folder
+  // of such a name counts as empty.
   virtual std::optional<std::string> SaveFile(const std::string& folder, const std::string& name,
                                               const std::string& filter) = 0;
 };

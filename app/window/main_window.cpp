@@ -17,6 +17,7 @@
 #include "app/window/status_line.h"
 #include "app/window/window_state.h"
 #include "graph/color_window.h"
+#include "platform/qt/exact_path.h"
 #include "platform/qt/qt_busy_pointer.h"
 
 namespace quenlor::app {
@@ -210,7 +211,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
   if (urls.isEmpty() || !urls.first().isLocalFile()) return;
   event->setDropAction(Qt::CopyAction);
   event->accept();
-  const std::string path = urls.first().toLocalFile().toStdString();
+  const std::string path = platform::qt::PathOf(urls.first());
   // The program that the file comes from waits for the drop to end; questions are asked after it.
   QMetaObject::invokeMethod(
       this, [this, path] { commands_.Run([&] { documents_.Drop(path); }); }, Qt::QueuedConnection);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/native_file.h"
 
-#include <QFileDevice>
+#include <QFile>
 #include <cerrno>
 #include <tuple>
 
@@ -12,7 +12,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #else
-#include <QFile>
+#include <QDateTime>
 #include <QFileInfo>
 
 #include <io.h>
@@ -89,6 +89,35 @@ std::size_t WriteAll(int file, std::string_view bytes) {
 }
 
 }  // namespace
+
+Reason OpenToRead(QFile& file, const std::string& path) {
+  const int handle = Open(path, O_RDONLY);
+  if (handle < 0) return ReasonOf(errno);
+  file.open(handle, QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
+  return {};
+}
+
+Reason OpenToWrite(QFile& file, const std::string& path, int flags) {
+  const int handle = Open(path, O_WRONLY | flags);
+  if (handle < 0) return ReasonOf(errno);
+  file.open(handle, QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
+  return {};
+}
+
+FileKind KindOfFile(const std::string& path) {
+  struct stat file {};
+  if (::stat(path.c_str(), &file) != 0) return FileKind::kMissing;
+  if (S_ISDIR(file.st_mode)) return FileKind::kFolder;
+  return S_ISREG(file.st_mode) ? FileKind::kFile : FileKind::kOther;
+}
+
+bool MayWrite(const std::string& path) { return ::access(path.c_str(), W_OK) == 0; }
+
+Result<std::int64_t> ModifiedSecond(const std::string& path) {
+  struct stat file {};
+  if (::stat(path.c_str(), &file) != 0) return ReasonOf(errno);
+  return std::int64_t{file.st_mtime};
+}
 
 Reason FindFile(const std::string& path) {
   if (::access(path.c_str(), F_OK) == 0) return {};
@@ -172,6 +201,33 @@ Reason RenameFile(const std::string& from, const std::string& to) {
 }
 
 #else
+
+Reason OpenToRead(QFile& file, const std::string& path) {
+  file.setFileName(QString::fromStdString(path));
+  if (file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {};
+  return LastReason(file);
+}
+
+Reason OpenToWrite(QFile& file, const std::string& path, int /*flags*/) {
+  file.setFileName(QString::fromStdString(path));
+  if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return {};
+  return LastReason(file);
+}
+
+FileKind KindOfFile(const std::string& path) {
+  const QFileInfo file(QString::fromStdString(path));
+  if (!file.exists()) return FileKind::kMissing;
+  if (file.isDir()) return FileKind::kFolder;
+  return file.isFile() ? FileKind::kFile : FileKind::kOther;
+}
+
+bool MayWrite(const std::string& path) { return QFileInfo(QString::fromStdString(path)).isWritable(); }
+
+Result<std::int64_t> ModifiedSecond(const std::string& path) {
+  const QFileInfo file(QString::fromStdString(path));
+  if (!file.exists()) return ReasonOf(ENOENT);
+  return std::int64_t{file.lastModified().toSecsSinceEpoch()};
+}
 
 Reason FindFile(const std::string& path) {
   if (QFile::exists(QString::fromStdString(path))) return {};

@@ -7,12 +7,14 @@
 
 #include "platform/result.h"
 
+class QFile;
 class QFileDevice;
 
 namespace quenlor::platform::qt {
 
-// The file operations that Qt does not offer, or not fast enough for one call per reading. Each returns why
-// it did not work, in the system's words alone, and nothing when it did.
+// The file operations that Qt does not offer, or not fast enough for one call per reading, or not for a name
+// that is no UTF-8: here a name is the bytes that the system knows it by. Each returns why it did not work,
+// in the system's words alone, and nothing when it did.
 using Reason = Done;
 
 FailureKind KindOf(std::error_code error);
@@ -21,7 +23,15 @@ FailureKind KindOf(std::error_code error);
 Failure LastReason();
 Failure LastReason(const QFileDevice& file);
 
+Reason OpenToRead(QFile& file, const std::string& path);
+Reason OpenToWrite(QFile& file, const std::string& path, int flags = 0);  // unbuffered; flags of the system's
+
 Reason FindFile(const std::string& path);  // whatever stands under that name
+
+enum class FileKind { kMissing, kFile, kFolder, kOther };
+FileKind KindOfFile(const std::string& path);  // what stands there, or where it points
+bool MayWrite(const std::string& path);
+Result<std::int64_t> ModifiedSecond(const std::string& path);  // since 1970
 
 // Whether both names are there and lead to one file: by a link, a folder's other name, another spelling.
 bool IsSameFile(const std::string& path, const std::string& other);

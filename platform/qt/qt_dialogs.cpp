@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QStandardPaths>
 
+#include "data/utf8.h"
+
 namespace quenlor::platform::qt {
 namespace {
 
@@ -155,10 +157,12 @@ std::optional<std::string> QtDialogs::OpenFile(const std::string& filter) {
 std::optional<std::string> QtDialogs::SaveFile(const std::string& folder, const std::string& name,
                                                const std::string& filter) {
   auto* dialog = new SaveDialog(parent_());
-  Prepare(*dialog, folder.empty() ? folder_ : QDir(QString::fromStdString(folder)).absolutePath(), filter);
+  const bool can_be_shown = !folder.empty() && data::IsUtf8(folder);
+  Prepare(*dialog, can_be_shown ? QDir(QString::fromStdString(folder)).absolutePath() : folder_, filter);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setFileMode(QFileDialog::AnyFile);
-  dialog->selectFile(QString::fromStdString(name));
+  // A name that is no UTF-8 cannot be typed here; the one that is proposed instead is there to be seen.
+  dialog->selectFile(QString::fromStdString(data::ToUtf8(name)));
   if (auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
     edit->setFocus();
     edit->selectAll();  // typing replaces the proposal

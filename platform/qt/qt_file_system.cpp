@@ -3,21 +3,18 @@
 
 #include <QDateTime>
 #include <QFile>
-#include <QFileInfo>
 #include <QLockFile>
-#include <QSaveFile>
 #include <new>
 #include <stdexcept>
 
 #include "platform/qt/native_file.h"
+#include "platform/qt/replacement_file.h"
 
 namespace quenlor::platform::qt {
 namespace {
 
 constexpr qint64 kReadBlock = 262144;  // stays in the processor's cache on its way into the text
 constexpr std::size_t kWriteBlock = 1048576;
-
-QString Name(const std::string& path) { return QString::fromStdString(path); }
 
 Done DoneUnless(const Reason& reason, const char* what, const std::string& path) {
   if (!reason) return {};
@@ -67,8 +64,8 @@ class FileSink : public ByteSink {
 };
 
 Reason WriteInPlace(const std::string& path, const std::function<void(ByteSink&)>& write) {
-  QFile file(Name(path));
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return LastReason(file);
+  QFile file;
+  if (Reason reason = OpenToWrite(file, path)) return reason;
   FileSink sink(file);
   write(sink);
   if (Reason reason = sink.Finish()) return reason;
@@ -76,20 +73,14 @@ Reason WriteInPlace(const std::string& path, const std::function<void(ByteSink&)
 }
 
 Reason WriteBeside(const std::string& path, const std::function<void(ByteSink&)>& write) {
-  const QString name = Name(path);
-  QSaveFile file(name);
-  file.setDirectWriteFallback(true);
-  if (!file.open(QIODevice::WriteOnly)) return LastReason(file);
-  FileSink sink(file);
+  ReplacementFile file(path);
+  if (Reason reason = file.Open()) return reason;
+  FileSink sink(file.Device());
   write(sink);
   if (Reason reason = sink.Finish()) return reason;
-  // QSaveFile copies what the user may do with the old file, which for root is everything.
-  CopyPermissions(path, file.handle());
-  // commit() would sync too, but go on when that fails.
-  if (Reason reason = SyncToDevice(file.handle())) return reason;
-  if (!file.commit()) return LastReason(file);
-  SyncFolder(QFileInfo(QFileInfo(name).canonicalFilePath()).path().toStdString());
-  return {};
+  CopyPermissions(path, file.Device().handle());
+  if (Reason reason = SyncToDevice(file.Device().handle())) return reason;
+  return file.TakeItsPlace();
 }
 
 class QtFileLock : public FileLock {
@@ -113,13 +104,12 @@ bool QtFileSystem::Same(const std::string& path, const std::string& other) const
 }
 
 Result<std::string> QtFileSystem::Read(const std::string& path) const try {
-  QFile file(Name(path));
-  const QFileInfo kind(file);
-  if (kind.isDir()) return Cannot("read " + path, {"Is a directory"});
+  const FileKind kind = KindOfFile(path);
+  if (kind == FileKind::kFolder) return Cannot("read " + path, {"Is a directory"});
   // A pipe that nobody writes to, or a device without end, would never be read to its end.
-  if (kind.exists() && !kind.isFile()) return Cannot("read " + path, {"Not a regular file"});
-  if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-    return Cannot("read " + path, LastReason(file));
+  if (kind == FileKind::kOther) return Cannot("read " + path, {"Not a regular file"});
+  QFile file;
+  if (const Reason reason = OpenToRead(file, path)) return Cannot("read " + path, *reason);
   std::string content;
   content.reserve(static_cast<std::size_t>(file.size()));  // 0 for what tells no size
   std::string block(kReadBlock, '\0');
@@ -137,19 +127,19 @@ Result<std::string> QtFileSystem::Read(const std::string& path) const try {
 }
 
 Result<std::int64_t> QtFileSystem::ModifiedAt(const std::string& path) const {
-  if (const Reason missing = FindFile(path)) return Cannot("read " + path, *missing);
-  const QDateTime time = QFileInfo(Name(path)).lastModified();
-  return std::int64_t{time.toSecsSinceEpoch() + time.offsetFromUtc()};
+  const Result<std::int64_t> second = ModifiedSecond(path);
+  if (!second.ok()) return Cannot("read " + path, second.failure());
+  return second.value() + QDateTime::fromSecsSinceEpoch(second.value()).offsetFromUtc();
 }
 
 Done QtFileSystem::Replace(const std::string& path, const std::function<void(ByteSink&)>& write) {
-  const QFileInfo target(Name(path));
-  const char* const what = target.exists() ? "replace " : "write ";
-  if (target.isDir()) return Cannot(what + path, {"Is a directory"});
-  if (target.exists() && !target.isWritable())
+  const FileKind kind = KindOfFile(path);
+  const char* const what = kind == FileKind::kMissing ? "write " : "replace ";
+  if (kind == FileKind::kFolder) return Cannot(what + path, {"Is a directory"});
+  if (kind != FileKind::kMissing && !MayWrite(path))
     return Cannot(what + path, {"Permission denied", FailureKind::kPermission});
-  const bool is_device = target.exists() && !target.isFile();
-  return DoneUnless(is_device ? WriteInPlace(path, write) : WriteBeside(path, write), what, path);
+  return DoneUnless(kind == FileKind::kOther ? WriteInPlace(path, write) : WriteBeside(path, write), what,
+                    path);
 }
 
 Done QtFileSystem::Append(const std::string& path, std::string_view bytes) {
@@ -163,7 +153,7 @@ Done QtFileSystem::Rename(const std::string& from, const std::string& to) {
 }
 
 std::unique_ptr<FileLock> QtFileSystem::Lock(const std::string& path) {
-  auto lock = std::make_unique<QtFileLock>(Name(path));
+  auto lock = std::make_unique<QtFileLock>(QString::fromStdString(path));
   if (lock->HeldByAnother()) return nullptr;
   return lock;
 }

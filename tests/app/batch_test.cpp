@@ -370,6 +370,28 @@ TEST_F(ShellProgram, ReadsPipesAsFiles) {
   EXPECT_TRUE(errors_.startsWith("quenlor: only batch commands read a pipe: /dev/fd/"));
 }
 
+TEST_F(ShellProgram, ReadsAndWritesFilesUnderExactlyTheirNames) {
+  EXPECT_EQ(Shell(R"(cp oil.csv $'\xF6l.csv'
+                     "$0" --report $'\xF6l.pdf' $'\xF6l.csv' &&
+                     "$0" --graph $'\xF6l.svg' - <$'\xF6l.csv' &&
+                     mkdir $'lab\xFF' && printf '&h0000FF\r\n%.0s' {1..10} >$'lab\xFF/Color.txt' &&
+                     echo Black >>$'lab\xFF/Color.txt' &&
+                     "$0" --folder $'lab\xFF' --graph black.svg oil.csv && "$0" --graph white.svg oil.csv
+                     LC_ALL=C; for name in *; do printf '%q\n' "$name"; done; rm -r $'\xF6'* $'lab\xFF')"),
+            0);
+  EXPECT_EQ(output_,
+            "black.svg\n$'lab\\377'\noil.csv\nwhite.svg\n$'\\366l.csv'\n$'\\366l.pdf'\n$'\\366l.svg'\n")
+      << errors_.toStdString();
+  EXPECT_NE(Bytes(QStringLiteral("black.svg")), Bytes(QStringLiteral("white.svg")));
+}
+
+TEST_F(ShellProgram, KeepsNoFilesInAFolderWhoseNameIsNoText) {
+  EXPECT_EQ(Shell(R"(mkdir $'lab\xFF'; QT_QPA_PLATFORM=offscreen "$0" --folder $'lab\xFF'
+                     status=$?; ls; rmdir $'lab\xFF'; exit $status)"),
+            2);
+  EXPECT_TRUE(errors_.contains(": its name is not UTF-8")) << errors_.toStdString();
+}
+
 TEST_F(ShellProgram, NeedsTheFolderThatIsNamed) {
   for (const char* script :
        {R"("$0" --folder none --statistics oil.csv)", R"("$0" --folder none)", R"("$0" --folder oil.csv)"}) {

@@ -55,6 +55,21 @@ TYPED_TEST(FileSystemContract, NamesMayHoldAnyLetter) {
   EXPECT_THAT(this->disk.Names(), ElementsAre(name));
 }
 
+TYPED_TEST(FileSystemContract, NamesMayHoldBytesThatAreNoText) {
+  const std::string name = "\xF6l \xFF.csv";
+  EXPECT_EQ(Told(this->files().Replace(this->Path(name), "old")), "done");
+  EXPECT_EQ(Told(this->files().Replace(this->Path(name), "x")), "done");
+  EXPECT_EQ(Told(this->files().Append(this->Path(name), "y")), "done");
+  EXPECT_EQ(Told(this->files().Sync(this->Path(name))), "done");
+  EXPECT_TRUE(this->files().Exists(this->Path(name)));
+  EXPECT_TRUE(this->files().ModifiedAt(this->Path(name)).ok());
+  EXPECT_EQ(this->Content(name), "xy");
+  EXPECT_THAT(this->disk.Names(), ElementsAre(name));
+  EXPECT_EQ(Told(this->files().Rename(this->Path(name), this->Path("\xFE"))), "done");
+  EXPECT_THAT(this->disk.Names(), ElementsAre("\xFE"));
+  EXPECT_EQ(Told(this->files().Rename(this->Path("\xFE"), this->Path("a"))), "done");
+}
+
 TYPED_TEST(FileSystemContract, ManySmallAndLargeWritesArriveInOrder) {
   std::string expected;
   const Done done = this->files().Replace(this->Path("a"), [&expected](ByteSink& sink) {

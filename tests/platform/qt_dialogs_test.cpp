@@ -16,6 +16,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
+#include <fstream>
 
 #include <gmock/gmock.h>
 
@@ -373,6 +375,34 @@ TEST_F(QtDialogsTest, ASaveBoxOpensInTheFolderThatIsAskedFor) {
   });
   dialogs_.SaveFile(Path("week 8"), "x.csv", kCsvOrAll);
   EXPECT_EQ(opened, folder_.filePath(QStringLiteral("week 8")));
+}
+
+TEST_F(QtDialogsTest, ANameThatIsNoUtf8IsProposedAsALatin1OneInAFolderThatCanBeShown) {
+  QString opened;
+  QString proposed;
+  WhenOpen<QFileDialog>([&](QFileDialog& dialog) {
+    opened = dialog.directory().absolutePath();
+    proposed = NameEdit(dialog).text();
+    dialog.reject();
+  });
+  dialogs_.SaveFile("/tmp/\xF6", "\xF6l.csv", kCsvOrAll);
+  EXPECT_EQ(proposed, QStringLiteral("öl.csv"));
+  EXPECT_EQ(opened, folder_.path());
+}
+
+TEST_F(QtDialogsTest, AFileThatCannotBeNamedHereIsNotListedUnderAnotherName) {
+  Make(QStringLiteral("a.csv"));
+  const std::string path = Path("") + "/\xF6l.csv";
+  std::ofstream(path) << "old";
+  std::vector<std::string> listed;
+  WhenOpen<QFileDialog>([&](QFileDialog& dialog) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Listed(dialog).empty(); }, 5000));
+    listed = Listed(dialog);
+    dialog.reject();
+  });
+  dialogs_.OpenFile(kCsvOrAll);
+  std::filesystem::remove(path);
+  EXPECT_THAT(listed, UnorderedElementsAre("a.csv"));
 }
 
 TEST_F(QtDialogsTest, CancellingForgetsNothing) {

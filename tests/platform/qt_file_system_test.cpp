@@ -109,6 +109,13 @@ TEST_F(QtFileSystemTest, AFileInAFolderThatCannotBeWrittenIsWrittenInPlace) {
   EXPECT_EQ(Told(made), "cannot write " + Path("b") + ": Permission denied");
 }
 
+TEST_F(QtFileSystemTest, AFileOfTheLongestNameIsWrittenInPlace) {
+  const std::string name(255, 'a');
+  EXPECT_EQ(Told(files_.Replace(Path(name), "old")), "done");
+  EXPECT_EQ(Told(files_.Replace(Path(name), "new")), "done");
+  EXPECT_EQ(Content(name), "new");
+}
+
 TEST_F(QtFileSystemTest, AFileThatMayNotBeWrittenIsNotReplaced) {
   Write("a", "old");
   Chmod(Path("a"), 0444);

@@ -175,6 +175,13 @@ TEST_F(DocumentWindowTest, CsvWithATrailingBlankEndingNeverMatchesText) {
   EXPECT_EQ(Readings(), "") << "four characters never equal five";
 }
 
+TEST_F(DocumentWindowTest, ADroppedFileIsThatOfExactlyItsName) {
+  Open();
+  files.Put("/d/\xF6l.csv", "No.,Time,A\r\n1,0,7\r\n");
+  EXPECT_TRUE(Drop(QUrl::fromEncoded("file:///d/%F6l.csv")));
+  EXPECT_EQ(Readings(), "1|0|7\n");
+}
+
 TEST_F(DocumentWindowTest, ADropStopsTheMeasurementAndAsks) {
   Open();
   Start();

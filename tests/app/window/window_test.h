@@ -93,10 +93,13 @@ class WindowTest : public testing::Test, protected WindowBench {
   // Drags a file to the middle of that widget and lets it fall, along the road that the window system takes;
   // false when the drag is refused.
   bool Drop(const QString& path, const char* name = "Picture2") {
+    return Drop(QUrl::fromLocalFile(path), name);
+  }
+  bool Drop(const QUrl& url, const char* name = "Picture2") {
     auto* widget = Find<QWidget>(name);
     const QPoint at = widget->mapTo(window.get(), widget->rect().center());
     QMimeData mime;
-    mime.setUrls({QUrl::fromLocalFile(path)});
+    mime.setUrls({url});
     QDragEnterEvent enter(at, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window->windowHandle(), &enter);
     if (!enter.isAccepted()) return false;
