@@ -28,6 +28,11 @@ void OnlyWhatIsFatal(QtMsgType type, const QMessageLogContext& /*context*/, cons
 ExitStatus RunBatchProgram(const CommandLine& line, int& argc, char** argv) {
   qInstallMessageHandler(OnlyWhatIsFatal);
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  // What the user says about a screen would change the letters of a picture, which is for none.
+  for (const char* name :
+       {"QT_FONT_DPI", "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_USE_PHYSICAL_DPI",
+        "QT_ENABLE_HIGHDPI_SCALING", "QT_AUTO_SCREEN_SCALE_FACTOR", "QT_QPA_PLATFORMTHEME"})
+    qunsetenv(name);
   QHashSeed::setDeterministicGlobalSeed();  // so that equal input gives equal bytes
   const QGuiApplication application(argc, argv);
   QGuiApplication::setApplicationName(QStringLiteral("Quenlor"));

@@ -7,7 +7,6 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSvgGenerator>
-#include <algorithm>
 
 #include "platform/qt/page_painter.h"
 #include "platform/qt/qt_drawing_surface.h"
@@ -15,23 +14,54 @@
 namespace quenlor::platform::qt {
 namespace {
 
-constexpr double kPointsPerPixel = 72.0 / 96.0;
+constexpr int kPixelsPerInch = 96;
+constexpr double kPointsPerPixel = 72.0 / kPixelsPerInch;
+constexpr int kDotsPerMetre = 3780;  // 96 per inch
 // Compression of middling effort: on graphs, two thirds of the usual one's time for a twentieth more bytes.
 constexpr int kPngQuality = 50;
 constexpr double kMarginMillimetres = 10;
 // Lines of an SVG stand on whole parts of a pixel this fine.
 constexpr int kSvgPartsPerPixel = 10;
 
-// The date of the making is the one thing in such a file that differs from run to run. Blanks in its place
-// keep all else where the file's table says it is.
+QByteArray TenDigits(qint64 number) { return QByteArray::number(number).rightJustified(10, '0'); }
+
+// The file's table tells where each object begins, as ten digits in a line of twenty bytes, and its end where
+// the table does. `cut` bytes before all of them but the first object are gone.
+void MoveTable(QByteArray& pdf, qsizetype cut) {
+  constexpr qsizetype kEntry = 20;
+  constexpr qsizetype kDigits = 10;
+  const qsizetype table = pdf.lastIndexOf("\nxref\n") + 1;
+  const qsizetype first = pdf.indexOf('\n', table + 5) + 1;
+  const qsizetype end = pdf.indexOf("trailer", first);
+  const qsizetype info = pdf.indexOf("1 0 obj");
+  for (qsizetype entry = first; entry + kEntry <= end; entry += kEntry) {
+    const qint64 offset = pdf.mid(entry, kDigits).toLongLong();
+    if (pdf[entry + 17] == 'n' && offset > info) pdf.replace(entry, kDigits, TenDigits(offset - cut));
+  }
+  const qsizetype number = pdf.indexOf('\n', pdf.lastIndexOf("startxref")) + 1;
+  pdf.replace(number, pdf.indexOf('\n', number) - number, QByteArray::number(table));
+}
+
+// The date of the making is the one thing in such a file that differs from run to run, and by its zone from
+// place to place.
 std::string WithoutDate(QByteArray pdf) {
-  for (const char* const key : {"/CreationDate (", "/ModDate ("}) {
-    const qsizetype begin = pdf.lastIndexOf(key);
-    const qsizetype end = begin < 0 ? -1 : pdf.indexOf(')', begin);
-    if (end < 0) continue;
-    std::fill(pdf.begin() + begin, pdf.begin() + end + 1, ' ');
+  const qsizetype begin = pdf.indexOf("/CreationDate (");
+  const qsizetype end = begin < 0 ? -1 : pdf.indexOf(')', begin) + 1;
+  if (end > 0) {
+    pdf.remove(begin, end - begin);
+    MoveTable(pdf, end - begin);
   }
   return pdf.toStdString();
+}
+
+// The generator tells the size in millimetres, rounded, of which readers make a part of a pixel too many.
+std::string InPixels(QByteArray svg, QSize pixels) {
+  const qsizetype begin = svg.indexOf("<svg ");
+  const qsizetype end = svg.indexOf("viewBox", begin);
+  if (begin < 0 || end < 0) return svg.toStdString();
+  const QString size = QStringLiteral("<svg width=\"%1\" height=\"%2\"\n ");
+  return svg.replace(begin, end - begin, size.arg(pixels.width()).arg(pixels.height()).toLatin1())
+      .toStdString();
 }
 
 QPageLayout LayoutOf(const PageSetup& setup) {
@@ -65,6 +95,8 @@ std::string Pdf(const QPageLayout& layout, const std::string& title, int pages,
 std::string PngOf(QSize pixels, const DrawPicture& draw) {
   QImage image(pixels, QImage::Format_RGB32);
   if (image.isNull()) return {};
+  image.setDotsPerMeterX(kDotsPerMetre);  // else those of the screen
+  image.setDotsPerMeterY(kDotsPerMetre);
   {
     QPainter painter(&image);
     QtDrawingSurface surface(painter, pixels);
@@ -80,6 +112,7 @@ std::string SvgOf(QSize pixels, const DrawPicture& draw) {
   QBuffer buffer;
   QSvgGenerator generator;
   generator.setOutputDevice(&buffer);
+  generator.setResolution(kPixelsPerInch);
   generator.setSize(pixels);
   generator.setViewBox(QRect(QPoint(0, 0), pixels));
   generator.setTitle({});
@@ -90,7 +123,7 @@ std::string SvgOf(QSize pixels, const DrawPicture& draw) {
     QtDrawingSurface surface(painter, pixels * kSvgPartsPerPixel, kSvgPartsPerPixel);
     draw(surface);
   }
-  return buffer.data().toStdString();
+  return InPixels(buffer.data(), pixels);
 }
 
 std::string PdfOf(QSize pixels, const DrawPicture& draw) {

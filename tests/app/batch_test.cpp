@@ -370,6 +370,24 @@ TEST_F(ShellProgram, ReadsPipesAsFiles) {
   EXPECT_TRUE(errors_.startsWith("quenlor: only batch commands read a pipe: /dev/fd/"));
 }
 
+TEST_F(ShellProgram, WritesTheSameBytesUnderEveryZoneLocaleAndScreen) {
+  const QString make = QStringLiteral(
+      R"(mkdir %1; for out in graph.{png,svg,pdf}; do %2 "$0" --graph %1/$out oil.csv; done
+         %2 "$0" --report %1/report.pdf oil.csv; %2 "$0" --statistics --format csv oil.csv >%1/statistics.csv)");
+  ASSERT_EQ(Shell(make.arg(QStringLiteral("here"), QStringLiteral("TZ=UTC LC_ALL=C"))), 0);
+  const QStringList names = QDir(Path(QStringLiteral("here"))).entryList(QDir::Files);
+  ASSERT_EQ(names.size(), 5);
+  for (const char* there : {"TZ=Pacific/Auckland", "LC_ALL=de_DE.UTF-8", "QT_FONT_DPI=192",
+                            "QT_SCALE_FACTOR=2", "QT_SCREEN_SCALE_FACTORS=1.5 QT_USE_PHYSICAL_DPI=1"}) {
+    ASSERT_EQ(Shell(make.arg(QStringLiteral("there"), QStringLiteral("env ") + QString::fromLatin1(there))),
+              0);
+    for (const QString& name : names)
+      EXPECT_TRUE(Bytes(QStringLiteral("there/") + name) == Bytes(QStringLiteral("here/") + name))
+          << there << ' ' << name.toStdString();
+    ASSERT_EQ(Shell("rm -r there"), 0);
+  }
+}
+
 TEST_F(ShellProgram, ReadsAndWritesFilesUnderExactlyTheirNames) {
   EXPECT_EQ(Shell(R"(cp oil.csv $'\xF6l.csv'
                      "$0" --report $'\xF6l.pdf' $'\xF6l.csv' &&

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QTest>
 #include <QXmlStreamReader>
+#include <ctime>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -91,6 +92,40 @@ TEST(PictureFile, APageIsThePaperWithoutItsMargins) {
   const PageSize letter = PageSizeOf({Paper::kLetter, true});
   EXPECT_NEAR(letter.width, (11 * 25.4 - 20) / 25.4 * 1440, 20);
   EXPECT_NEAR(letter.height, (8.5 * 25.4 - 20) / 25.4 * 1440, 20);
+}
+
+TEST(PictureFile, AnSvgsLengthsAreItsPixels) {
+  EXPECT_THAT(SvgOf({1200, 800}, Draw),
+              HasSubstr("<svg width=\"1200\" height=\"800\"\n viewBox=\"0 0 1200 800\""));
+}
+
+// A reader that trusts the table finds each object where it says.
+TEST(PictureFile, TheTableOfAPdfHolds) {
+  const QByteArray pdf = Bytes(PdfOf({300, 200}, Draw));
+  const qsizetype start =
+      pdf.mid(pdf.lastIndexOf("startxref") + 10).trimmed().split('\n').first().trimmed().toLongLong();
+  ASSERT_TRUE(pdf.mid(start).startsWith("xref\n0 "));
+  const QList<QByteArray> lines = pdf.mid(start).split('\n');
+  const int objects = lines[1].mid(2).trimmed().toInt();
+  ASSERT_GT(objects, 5);
+  for (int object = 1; object < objects; ++object) {
+    const qsizetype offset = lines[object + 2].left(10).toLongLong();
+    EXPECT_TRUE(pdf.mid(offset).startsWith(QByteArray::number(object) + " 0 obj")) << object;
+  }
+}
+
+TEST(PictureFile, EqualDrawingsGiveEqualBytesInEveryZone) {
+  const QByteArray before = qgetenv("TZ");
+  std::vector<std::string> pdfs;
+  for (const char* zone : {"UTC", "Pacific/Auckland", "America/St_Johns"}) {
+    qputenv("TZ", zone);
+    ::tzset();
+    pdfs.push_back(PdfOf({300, 200}, Draw));
+  }
+  before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
+  ::tzset();
+  EXPECT_EQ(pdfs[0], pdfs[1]);
+  EXPECT_EQ(pdfs[0], pdfs[2]);
 }
 
 TEST(PictureFile, EqualDrawingsGiveEqualBytesAtAnyTime) {
