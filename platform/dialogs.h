@@ -10,12 +10,19 @@ enum class Buttons { kOk, kOkCancel, kYesNo, kYesNoCancel };
 enum class Icon { kCritical, kQuestion, kExclamation };
 enum class Answer { kOk, kCancel, kYes, kNo };
 
+// What a box keeps from the operator while it waits.
+enum class Blocks {
+  kItsWindow,     // the box stands over it
+  kWholeProgram,  // but it stands beside its window, which shows what the question is about
+};
+
 struct MessageBox {
   std::string text;
   Buttons buttons = Buttons::kOk;
   Icon icon = Icon::kExclamation;
   Answer default_answer = Answer::kOk;
   std::string title = "Quenlor";
+  Blocks blocks = Blocks::kItsWindow;
 };
 
 // What closing a box by its title bar or by Esc counts as: Cancel where there is one, else No, else Ok.

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "platform/qt/page_painter.h"
+#include "platform/qt/window_frame.h"
 
 namespace quenlor::reports {
 
@@ -24,7 +25,7 @@ void PrintForm::ShowPage(const platform::PageSize& page) {
   size_ = page;
   page_ = PageRecord();
   picture_ = QPixmap();
-  const QSize room = screen()->availableSize();
+  const QSize room = platform::qt::RoomFor(*this);
   const double wanted_width = std::max(1.0, page.width / kTwipsPerPixel);
   const double wanted_height = std::max(1.0, page.height / kTwipsPerPixel);
   const double fit = std::min({1.0, room.width() / wanted_width, room.height() / wanted_height});

@@ -15,7 +15,8 @@ void PrintReport(platform::Printer& printer, platform::Dialogs& dialogs, PrintWi
                                     .buttons = platform::Buttons::kOkCancel,
                                     .icon = platform::Icon::kQuestion,
                                     .default_answer = platform::Answer::kOk,
-                                    .title = "Printer"});
+                                    .title = "Printer",
+                                    .blocks = platform::Blocks::kWholeProgram});
   if (answer == platform::Answer::kOk) {
     windows.Busy(true);
     const int copies = printer.Copies();

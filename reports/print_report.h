@@ -22,7 +22,8 @@ class PrintWindows {
 };
 
 // Printing the report: the printer is chosen, the page is shown, and printed after an OK, once for each copy
-// as a document of its own. `save_settings` is called after printing.
+// as a document of its own. `save_settings` is called after printing. The question blocks the whole program,
+// so that the page is printed on the paper for which it was laid out.
 //
 // A step that fails is passed over. So a cancelled printer dialog leads to the question, too, and OK prints
 // with what was chosen before: the question is where the operator decides.

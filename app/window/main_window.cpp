@@ -19,6 +19,7 @@
 #include "graph/color_window.h"
 #include "platform/qt/exact_path.h"
 #include "platform/qt/qt_busy_pointer.h"
+#include "platform/qt/window_frame.h"
 
 namespace quenlor::app {
 namespace {
@@ -89,8 +90,7 @@ void MainWindow::BuildWindow() {
   new StatusLine(status_, statusBar());
   // With its frame it is to fit the screen, which is small where everything is shown enlarged.
   constexpr QSize kUsual(1200, 760);
-  constexpr QSize kFrame(8, 48);
-  resize(kUsual.boundedTo(screen()->availableSize() - kFrame));
+  resize(kUsual.boundedTo(platform::qt::RoomFor(*this)));
 }
 
 void MainWindow::ConnectHandlers() {

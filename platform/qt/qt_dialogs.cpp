@@ -7,7 +7,9 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
 #include <QStandardPaths>
+#include <algorithm>
 
 #include "data/utf8.h"
 
@@ -32,6 +34,24 @@ class OnScreen {
 
 void MakeModal(QDialog& dialog) {
   dialog.setWindowModality(dialog.parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
+}
+
+// Where a box hides nothing of the window if there is room, else as little as it can.
+QPoint PlaceBeside(const QRect& window, QSize box, const QRect& screen) {
+  const int right = window.x() + window.width();
+  const int below = window.y() + window.height();
+  const QPoint last =
+      QPoint(screen.x() + screen.width(), screen.y() + screen.height()) - QPoint(box.width(), box.height());
+  const QPoint middle = window.center() - QRect({}, box).center();
+  if (right <= last.x()) return {right, std::clamp(middle.y(), screen.y(), std::max(screen.y(), last.y()))};
+  if (below <= last.y()) return {std::clamp(middle.x(), screen.x(), std::max(screen.x(), last.x())), below};
+  return last;
+}
+
+void PutBeside(QDialog& box, const QWidget& window) {
+  const QSize frame = window.frameSize() - window.size();
+  box.adjustSize();
+  box.move(PlaceBeside(window.frameGeometry(), box.size() + frame, window.screen()->availableGeometry()));
 }
 
 QMessageBox::StandardButton ButtonOf(Answer answer) {
@@ -139,6 +159,12 @@ Answer QtDialogs::Show(const MessageBox& box) {
   message->setStandardButtons(ButtonsOf(box.buttons));
   message->setDefaultButton(ButtonOf(box.default_answer));
   message->setEscapeButton(ButtonOf(CautiousAnswer(box.buttons)));
+
+  if (box.blocks == Blocks::kWholeProgram) {
+    message->setWindowModality(Qt::ApplicationModal);
+    if (message->parentWidget() != nullptr)
+      PutBeside(*message.operator->(), *message->parentWidget()->window());
+  }
 
   const int button = message->exec();
   for (const Answer answer : {Answer::kOk, Answer::kCancel, Answer::kYes, Answer::kNo}) {

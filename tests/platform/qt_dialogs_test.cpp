@@ -13,6 +13,7 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -211,6 +212,28 @@ TEST_F(QtDialogsTest, WithoutAParentABoxIsModalToTheApplication) {
     shown.accept();
   });
   EXPECT_EQ(orphan.Show({.text = "!"}), Answer::kOk);
+}
+
+TEST_F(QtDialogsTest, ABoxThatBlocksTheProgramStandsBesideItsWindowWhereThereIsRoom) {
+  const QRect screen = window_.screen()->availableGeometry();
+  const auto place = [&](const QRect& window) {
+    window_.setGeometry(window);
+    QRect box;
+    WhenOpen<QMessageBox>([&box](QMessageBox& shown) {
+      EXPECT_EQ(shown.windowModality(), Qt::ApplicationModal);
+      box = shown.frameGeometry();
+      shown.accept();
+    });
+    dialogs_.Show({.text = "?", .blocks = Blocks::kWholeProgram});
+    EXPECT_TRUE(screen.contains(box));
+    return box;
+  };
+  const QRect right = place({50, 50, 800, 600});
+  EXPECT_EQ(right.left(), window_.frameGeometry().right() + 1);
+  const QRect below = place({50, 50, screen.width() - 80, 600});
+  EXPECT_EQ(below.top(), window_.frameGeometry().bottom() + 1);
+  const QRect over = place({50, 50, screen.width() - 80, screen.height() - 80});
+  EXPECT_EQ(over.bottomRight(), screen.bottomRight());
 }
 
 TEST_F(QtDialogsTest, ABoxWhoseParentGoesGivesTheCautiousAnswer) {

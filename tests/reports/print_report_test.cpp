@@ -71,6 +71,7 @@ TEST(PrintReport, AsksWithThePageInSightAndTheMainWindowHidden) {
   EXPECT_EQ(box.title, "Printer");
   EXPECT_EQ(box.buttons, platform::Buttons::kOkCancel);
   EXPECT_EQ(box.icon, platform::Icon::kQuestion);
+  EXPECT_EQ(box.blocks, platform::Blocks::kWholeProgram) << "the paper must not be changed behind it";
 }
 
 TEST(PrintReport, PrintsThePageThatWasShownAndSavesTheSettings) {

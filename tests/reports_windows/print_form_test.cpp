@@ -41,10 +41,22 @@ TEST(PrintForm, IsAsLargeAsThePageAtTheScreensCorner) {
 TEST(PrintForm, APageLargerThanTheScreenIsShownWhole) {
   PrintForm form;
   form.ShowPage({10 * kA4.width, 10 * kA4.height});
-  const QSize room = form.screen()->availableSize();
-  EXPECT_LE(form.width(), room.width());
-  EXPECT_LE(form.height(), room.height());
+  EXPECT_TRUE(form.screen()->availableGeometry().contains(form.frameGeometry()));
   EXPECT_NEAR(1.0 * form.width() / form.height(), kA4.width / kA4.height, 0.01);
+}
+
+TEST(PrintForm, FitsTheScreenWithItsFrameHoweverThePaperIsTurned) {
+  PrintForm form;
+  const QRect room = form.screen()->availableGeometry();
+  for (const PageSize& page :
+       {PageSize{10 * kA4.height, 10 * kA4.width}, {10 * kA4.width, 10 * kA4.height}}) {
+    form.ShowPage(page);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    EXPECT_GT(form.frameSize().height(), form.height()) << "this screen has frames";
+    EXPECT_TRUE(room.contains(form.frameGeometry())) << testing::PrintToString(page.width);
+    EXPECT_EQ(form.frameGeometry().topLeft(), room.topLeft());
+    form.hide();
+  }
 }
 
 TEST(PrintForm, ShowsWhatIsDrawnOnThePage) {
