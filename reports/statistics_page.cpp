@@ -12,6 +12,7 @@
 namespace quenlor::reports {
 namespace {
 
+using platform::Across;
 using platform::DrawingSurface;
 using platform::Point;
 using Row = StatisticsTable::Row;
@@ -85,16 +86,28 @@ StatisticsPages::Part StatisticsPages::PartOn(int page) const {
 void StatisticsPages::Draw(DrawingSurface& surface, int page) const {
   surface.SetViewport({surface.Whole(), {0, 0, page_.width, page_.height}});
   surface.SetPen({kBlack});
-  DrawFitted(surface, {0, sizes_.line_height / 2}, sheet_.file_name, page_.width);
-  DrawFitted(surface, {0, sizes_.line_height * 3 / 2}, sheet_.date, page_.width);
+  const double left = DrawNumber(surface, page);
+  DrawFitted(surface, Across::kLeft, {0, sizes_.line_height / 2}, sheet_.file_name, left);
+  DrawFitted(surface, Across::kLeft, {0, sizes_.line_height * 3 / 2}, sheet_.date, page_.width);
   const Part part = PartOn(page);
   DrawGrid(surface, part);
   DrawFrame(surface, part);
 }
 
+// Gives what the number leaves of the line at its left.
+double StatisticsPages::DrawNumber(DrawingSurface& surface, int page) const {
+  if (page == 0) return page_.width;
+  const std::string number = "Page " + std::to_string(page + 1) + " of " + std::to_string(Count());
+  const double right = page_.width - kEdgeTwips;
+  DrawFitted(surface, Across::kRight, {right, sizes_.line_height / 2}, number, right);
+  return std::max(0.0, right - surface.TextWidth(number, sizes_.letter_height) - sizes_.letter_height);
+}
+
 // The grid's picture has lines at the right of its columns and below its rows.
 void StatisticsPages::DrawGrid(DrawingSurface& surface, const Part& part) const {
-  const double right = kLeft + part.width;
+  constexpr double kMargin = kColumnMarginTwips / 2.0;
+  const Row first_summary_row = sheet_.table.Runs() + 1;
+  const double end = kLeft + part.width;
   const double bottom = Top() + part.height;
   std::vector<platform::Segment> lines;
   double y = Top();
@@ -102,12 +115,16 @@ void StatisticsPages::DrawGrid(DrawingSurface& surface, const Part& part) const 
     double x = kLeft;
     for (const int col : part.columns) {
       const double width = widths_[static_cast<std::size_t>(col)];
-      DrawFitted(surface, {x + kColumnMarginTwips / 2.0, y + sizes_.row_height / 2.0},
-                 sheet_.table.TextMatrix(row, col), width - kColumnMarginTwips / 2.0 - kLeastMarginTwips);
+      const bool right = StandsRight(sheet_.table, row, col);
+      const double side = right ? x + width - kMargin : x + kMargin;
+      DrawFitted(surface, right ? Across::kRight : Across::kLeft, {side, y + sizes_.row_height / 2.0},
+                 sheet_.table.TextMatrix(row, col), width - kMargin - kLeastMarginTwips);
       x += width;
     }
     y += sizes_.row_height;
-    lines.push_back({{kLeft, y}, {right, y}});
+    lines.push_back({{kLeft, y}, {end, y}});
+    if (row + 1 == first_summary_row)
+      lines.push_back({{kLeft, y - kDoubleLineTwips}, {end, y - kDoubleLineTwips}});
   };
   draw_row(0);
   for (Row row = part.first_row; row <= part.last_row; ++row) draw_row(row);
@@ -129,11 +146,11 @@ void StatisticsPages::DrawFrame(DrawingSurface& surface, const Part& part) const
 
 // Letters on paper are a little wider or narrower than on the screen. What does not fit is drawn somewhat
 // smaller; of what still does not fit, the beginning.
-void StatisticsPages::DrawFitted(DrawingSurface& surface, Point left_middle, std::string_view text,
+void StatisticsPages::DrawFitted(DrawingSurface& surface, Across across, Point middle, std::string_view text,
                                  double room) const {
   constexpr double kSmallest = 0.8;
   const auto draw = [&](std::string_view fitted, double height) {
-    surface.DrawText(left_middle, platform::Across::kLeft, platform::Down::kCentre, fitted, height);
+    surface.DrawText(middle, across, platform::Down::kCentre, fitted, height);
   };
   if (text.empty()) return;
   const double width = surface.TextWidth(text, sizes_.letter_height);

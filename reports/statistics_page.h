@@ -22,7 +22,8 @@ struct GridSizes {
 // The statistics on paper: the captions as two lines, below them a picture of the grid with a frame along its
 // top and its left edge.
 //
-// A grid that fits is one page. A taller one goes on with the title row repeated, a wider one with column 0
+// The four rows of statistics are set apart by a double line. A grid that fits is one page, of several the
+// later ones are numbered. A taller one goes on with the title row repeated, a wider one with column 0
 // repeated: first down, then across. Only a column that is wider than a page is cut. Nothing is laid out
 // before it is drawn. The sheet's contents and the sizes must outlive the pages.
 class StatisticsPages {
@@ -33,6 +34,7 @@ class StatisticsPages {
   static constexpr double kDotsPerInch = 600;  // in dots of a usual printer
   static constexpr double kFramePenWidth = kFrameDots * 96 / kDotsPerInch;
   static constexpr double kGridPenWidth = kFramePenWidth / 2;
+  static constexpr double kDoubleLineTwips = 30;  // from one to the other
 
   StatisticsPages(const StatisticsSheet& sheet, const GridSizes& sizes, platform::PageSize page);
 
@@ -47,10 +49,11 @@ class StatisticsPages {
   double Top() const { return 2 * sizes_.line_height + kGapTwips; }
   void DivideColumns();
   Part PartOn(int page) const;
+  double DrawNumber(platform::DrawingSurface& surface, int page) const;
   void DrawGrid(platform::DrawingSurface& surface, const Part& part) const;
   void DrawFrame(platform::DrawingSurface& surface, const Part& part) const;
-  void DrawFitted(platform::DrawingSurface& surface, platform::Point left_middle, std::string_view text,
-                  double room) const;
+  void DrawFitted(platform::DrawingSurface& surface, platform::Across across, platform::Point middle,
+                  std::string_view text, double room) const;
 
   StatisticsSheet sheet_;
   const GridSizes& sizes_;

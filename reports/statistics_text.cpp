@@ -100,7 +100,17 @@ void AppendJsonObject(const StatisticsSheet& sheet, std::string& json) {
   json.append("}}");
 }
 
+bool IsFigure(std::string_view text) {
+  return text.find_first_of("0123456789") != text.npos &&
+         text.find_first_not_of("0123456789.,:+-eE ") == text.npos;
+}
+
 }  // namespace
+
+bool StandsRight(const StatisticsTable& table, StatisticsTable::Row row, int col) {
+  if (col == 0) return false;
+  return IsFigure(table.TextMatrix(row == 0 ? 1 : row, col));
+}
 
 std::string ClipboardText(const StatisticsSheet& sheet) {
   std::string text;

@@ -16,6 +16,10 @@ struct StatisticsSheet {
   const StatisticsTable& table;
 };
 
+// Whether a cell beside the row titles stands at the right of its column: a figure does, be it a number or a
+// time, and the title of a column that begins with one.
+bool StandsRight(const StatisticsTable& table, StatisticsTable::Row row, int col);
+
 // For the clipboard: the file name, the date and every row of the table as a line each, ended by CR LF. Every
 // cell has a TAB before it, so that the row titles stand in the second column of a spreadsheet.
 std::string ClipboardText(const StatisticsSheet& sheet);

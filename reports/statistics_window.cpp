@@ -18,6 +18,7 @@
 #include "platform/qt/grid_view.h"
 #include "platform/qt/qt_busy_pointer.h"
 #include "platform/qt/to_qstring.h"
+#include "reports/statistics_text.h"
 #include "reports/statistics_widths.h"
 
 namespace quenlor::reports {
@@ -59,10 +60,12 @@ class StatisticsWindow::GridTable : public platform::qt::GridTable {
     return parent.isValid() || content_ == nullptr ? 0 : content_->table.Cols() - 1;
   }
   QVariant data(const QModelIndex& index, int role) const override {
-    if (role != Qt::DisplayRole || !index.isValid()) return {};
-    return Text(index.row() + 1, index.column() + 1);
+    if (!index.isValid()) return {};
+    if (role == Qt::TextAlignmentRole) return AlignmentOf(index.row() + 1, index.column() + 1);
+    return role == Qt::DisplayRole ? Text(index.row() + 1, index.column() + 1) : QVariant();
   }
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (role == Qt::TextAlignmentRole && orientation == Qt::Horizontal) return AlignmentOf(0, section + 1);
     if (role != Qt::DisplayRole) return {};
     return orientation == Qt::Horizontal ? Text(0, section + 1) : Text(section + 1, 0);
   }
@@ -72,6 +75,11 @@ class StatisticsWindow::GridTable : public platform::qt::GridTable {
   QString Text(StatisticsTable::Row row, int col) const {
     return content_ == nullptr ? QString()
                                : platform::qt::ToShortQString(content_->table.TextMatrix(row, col));
+  }
+
+  QVariant AlignmentOf(StatisticsTable::Row row, int col) const {
+    const bool right = content_ != nullptr && StandsRight(content_->table, row, col);
+    return QVariant((right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
   }
 
   std::shared_ptr<const Content> content_;

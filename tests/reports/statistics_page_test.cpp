@@ -94,7 +94,9 @@ class StatisticsPaper : public testing::Test {
       expect_inside(call.line.from);
       if (call.kind == Call::Kind::kLine) expect_inside(call.line.to);
       if (call.kind == Call::Kind::kText) {
-        expect_inside({call.line.from.x + page.TextWidth(call.text, call.down) - 1, call.line.from.y});
+        const double width = page.TextWidth(call.text, call.down) - 1;
+        const double across = call.text_across == platform::Across::kRight ? -width : width;
+        expect_inside({call.line.from.x + across, call.line.from.y});
         expect_inside({call.line.from.x, call.line.from.y - call.down / 2});
         expect_inside({call.line.from.x, call.line.from.y + call.down / 2});
       }
@@ -141,10 +143,24 @@ TEST_F(StatisticsPaper, ATableThatFitsIsOnePageWithEveryCell) {
 TEST_F(StatisticsPaper, CellsStandWhereTheGridHasThem) {
   const RecordingSurface& page = Print(Runs(3)).front();
 
-  EXPECT_EQ(TextOn(page, "Time").line.from, (platform::Point{500 + 800 + 50, kTop + 150}));
+  EXPECT_EQ(TextOn(page, "No.").line.from, (platform::Point{500 + 50, kTop + 150}));
   EXPECT_EQ(TextOn(page, "Maximum").line.from, (platform::Point{500 + 50, kTop + 4 * 300 + 150}));
-  EXPECT_EQ(TextOn(page, "2.5").line.from, (platform::Point{500 + 800 + 900 + 50, kTop + 3 * 300 + 150}));
+  EXPECT_EQ(TextOn(page, "2.5").line.from,
+            (platform::Point{500 + 800 + 900 + 1000 - 50, kTop + 3 * 300 + 150}));
   EXPECT_EQ(TextOn(page, "Viscosity").down, 200);
+}
+
+TEST_F(StatisticsPaper, FiguresStandAtTheRightAndSoDoTheirTitles) {
+  const StatisticsTable table(
+      Readings({{"1", "00:01:00", "1.5", "25,0"}, {"2", "00:02:00", "-1.5E-3", "warm"}},
+               {"No.", "Time", "Viscosity", "Temp"}),
+      kVisco, kTemp);
+  const RecordingSurface& page = Print(table).front();
+
+  for (const char* figure : {"Time", "Viscosity", "Temp", "00:02:00", "25,0", "-1.5E-3", "00:01:30"})
+    EXPECT_EQ(TextOn(page, figure).text_across, platform::Across::kRight) << figure;
+  for (const char* text : {"No.", "1", "Maximum", "warm"})
+    EXPECT_EQ(TextOn(page, text).text_across, platform::Across::kLeft) << text;
 }
 
 TEST_F(StatisticsPaper, FrameIsTheTopAndTheLeftEdgeOnlyFivePrinterDotsWide) {
@@ -185,7 +201,8 @@ TEST_F(StatisticsPaper, GridLinesStandBelowEveryRowAndRightOfEveryColumn) {
       EXPECT_EQ(to.y, kTop + 2400);
     }
   }
-  EXPECT_THAT(across, ElementsAre(300, 600, 900, 1200, 1500, 1800, 2100, 2400));
+  EXPECT_THAT(across, ElementsAre(300, 600, 900, 1200, 1170, 1500, 1800, 2100, 2400))
+      << "a double one above the statistics";
   EXPECT_THAT(down, ElementsAre(800, 1700, 2700, GridWidth()));
 }
 
@@ -204,6 +221,32 @@ TEST_F(StatisticsPaper, ATallTableGoesOnWithTheTitleRowRepeated) {
   EXPECT_EQ(TextOn(pages[1], "53.5").line.from.y, kTop + 300 + 150);
   EXPECT_THAT(TextsOn(pages[1]), Contains("Std Dev"));
   EXPECT_EQ(FrameLines(pages[1])[1].line.to.y, kTop + (1 + 47 + 4) * 300);
+}
+
+TEST_F(StatisticsPaper, TheLaterOfSeveralPagesAreNumbered) {
+  const auto& pages = Print(Runs(150));
+
+  ASSERT_EQ(pages.size(), 3U);
+  EXPECT_THAT(TextsOn(pages[0]), Not(Contains(testing::StartsWith("Page"))));
+  EXPECT_THAT(TextsOn(pages[1]), Contains("Page 2 of 3"));
+  const Call number = TextOn(pages[2], "Page 3 of 3");
+  EXPECT_EQ(number.text_across, platform::Across::kRight);
+  EXPECT_EQ(number.line.from.y, 120);
+  EXPECT_NEAR(number.line.from.x, TestPrinter::kA4.width, 20);
+}
+
+TEST_F(StatisticsPaper, ALongFileNameLeavesTheNumberOfThePageItsRoom) {
+  const StatisticsTable table = Runs(100);
+  sizes = SizesOf(table);
+  const std::string name(500, 'n');
+  printer.Accept();
+  PrintStatistics(printer, {name, kDate, table}, sizes, GoOn);
+  const RecordingSurface& page = printer.Documents().front().pages[1];
+
+  const Call number = TextOn(page, "Page 2 of 2");
+  const Call file = page.Calls(Call::Kind::kText).at(1);
+  EXPECT_LT(page.TextWidth(file.text, file.down),
+            number.line.from.x - page.TextWidth(number.text, number.down));
 }
 
 TEST_F(StatisticsPaper, ThePageIsFilledToItsLastRow) {

@@ -69,6 +69,17 @@ class StatisticsWindowTest : public testing::Test {
   QPointer<StatisticsWindow> window;
 };
 
+TEST_F(StatisticsWindowTest, FiguresStandAtTheRight) {
+  Show(Statistics(2));
+
+  const QAbstractItemModel& model = *Grid().model();
+  const auto is_right = [](const QVariant& alignment) { return (alignment.toInt() & Qt::AlignRight) != 0; };
+  EXPECT_TRUE(is_right(model.index(0, 1).data(Qt::TextAlignmentRole)));
+  EXPECT_TRUE(is_right(model.headerData(1, Qt::Horizontal, Qt::TextAlignmentRole)));
+  EXPECT_FALSE(is_right(model.index(0, 2).data(Qt::TextAlignmentRole))) << "a unit";
+  EXPECT_FALSE(is_right(model.headerData(2, Qt::Horizontal, Qt::TextAlignmentRole)));
+}
+
 TEST_F(StatisticsWindowTest, IsNotModalAndCalledStatistics) {
   Show(Statistics(2));
 
