@@ -36,7 +36,7 @@ struct Program::Parts {
         system_port([this](int port) { return ports.Device(port); }),
         MSComm1(system_port),
         dialogs([this] { return FrontWindow(); }),
-        printer([this] { return FrontWindow(); }) {
+        printer([this] { return FrontWindow(); }, [this] { return window->DocumentFolder(); }) {
     platform::qt::SystemReasonsInEnglish();
     for (const int number : line.virtual_ports)
       MSComm1.Add(number, std::make_unique<VirtualPort>(viscometer));

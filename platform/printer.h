@@ -39,7 +39,8 @@ class Printer {
   virtual ~Printer() = default;
 
   // Shows the printer dialog. False when it is cancelled or cannot be shown: then all stays as chosen before.
-  virtual bool Choose() = 0;
+  // A file to print into is proposed under the title of what is to be printed.
+  virtual bool Choose(const std::string& title) = 0;
 
   virtual int Copies() const = 0;     // as chosen; at least one
   virtual PageSize Page() const = 0;  // as chosen; A4 or Letter, as is usual here, where no printer is known

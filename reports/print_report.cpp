@@ -5,7 +5,7 @@ namespace quenlor::reports {
 
 void PrintReport(platform::Printer& printer, platform::Dialogs& dialogs, PrintWindows& windows,
                  const std::string& title, const std::function<void()>& save_settings) {
-  printer.Choose();
+  printer.Choose(title);
   windows.HideMainWindow();
   windows.Busy(true);
   windows.ShowForm3(printer.Page());

@@ -163,10 +163,10 @@ void StatisticsPages::DrawFitted(DrawingSurface& surface, Across across, Point m
 
 void PrintStatistics(platform::Printer& printer, const StatisticsSheet& sheet, const GridSizes& sizes,
                      const std::function<bool()>& go_on) {
-  printer.Choose();
+  const std::string title = "Statistics " + std::string(sheet.file_name);
+  printer.Choose(title);
   if (!go_on()) return;
   const StatisticsPages pages(sheet, sizes, printer.Page());
-  const std::string title = "Statistics " + std::string(sheet.file_name);
   const int copies = printer.Copies();
   for (int copy = 1; copy <= copies; ++copy)
     printer.Print(title, pages.Count(), [&](DrawingSurface& page, int number) { pages.Draw(page, number); });

@@ -35,6 +35,9 @@ class DocumentCommands : private data::DocumentListener {
   void Drop(const std::string& path);          // only ".csv" and ".CSV" are taken
   void ReadDataFile(const std::string& path);  // without a question, at the program's start
 
+  // Of the file that was opened or saved last; empty before.
+  const std::string& Folder() const { return folder_; }
+
   // True when the program may end: stopped, and saved or given up by the operator.
   bool ExitProgram();
 
@@ -49,7 +52,7 @@ class DocumentCommands : private data::DocumentListener {
   link::Measurement& measurement_;
   platform::Dialogs& dialogs_;
   DocumentCommandsView& view_;
-  std::string folder_;  // of the file that was opened or saved last
+  std::string folder_;
 };
 
 }  // namespace quenlor::app

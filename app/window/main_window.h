@@ -51,6 +51,7 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
 
   // The window that a box belongs to: this one, or the preview that stands in its place.
   QWidget* FrontWindow() const { return reports_.FrontWindow(); }
+  const std::string& DocumentFolder() const { return documents_.Folder(); }
 
  protected:
   void closeEvent(QCloseEvent* event) override;  // Form_QueryUnload

@@ -16,8 +16,8 @@ void TestPrinter::Fail(std::string text, int after_pages) {
   pages_before_failure_ = after_pages;
 }
 
-bool TestPrinter::Choose() {
-  ++dialogs_shown_;
+bool TestPrinter::Choose(const std::string& title) {
+  proposed_titles_.push_back(title);
   if (dialogs_.empty()) {
     surprised_ = true;
     return false;

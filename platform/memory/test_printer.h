@@ -38,15 +38,16 @@ class TestPrinter : public Printer {
   // From now on every document fails after that many of its pages.
   void Fail(std::string text, int after_pages = 0);
 
-  bool Choose() override;
+  bool Choose(const std::string& title) override;
   int Copies() const override { return copies_; }
   PageSize Page() const override { return page_; }
   Done Print(const std::string& title, int pages,
              const std::function<void(DrawingSurface& page, int number)>& draw) override;
 
-  int DialogsShown() const { return dialogs_shown_; }
-  const std::vector<Document>& Documents() const { return documents_; }            // printed to their end
-  const std::vector<std::string>& FailedTitles() const { return failed_titles_; }  // of all the others
+  int DialogsShown() const { return static_cast<int>(proposed_titles_.size()); }
+  const std::vector<std::string>& ProposedTitles() const { return proposed_titles_; }  // by every dialog
+  const std::vector<Document>& Documents() const { return documents_; }                // printed to their end
+  const std::vector<std::string>& FailedTitles() const { return failed_titles_; }      // of all the others
   // Every dialog told was shown, and no other.
   bool AsScripted() const { return dialogs_.empty() && !surprised_; }
 
@@ -59,7 +60,7 @@ class TestPrinter : public Printer {
   };
 
   std::deque<Dialog> dialogs_;
-  int dialogs_shown_ = 0;
+  std::vector<std::string> proposed_titles_;
   bool surprised_ = false;
   int copies_ = 1;
   PageSize page_ = kA4;

@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/qt_printer.h"
 
+#include <QDir>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPointer>
 #include <QPrintDialog>
+#include <QStandardPaths>
 #include <algorithm>
 #include <utility>
 
+#include "data/utf8.h"
 #include "platform/qt/native_file.h"
 #include "platform/qt/page_painter.h"
 
@@ -16,6 +20,19 @@ namespace quenlor::platform::qt {
 namespace {
 
 constexpr double kTwipsPerPoint = 20;
+
+// "oil.pdf" of "oil.csv". A title may hold what no file name can.
+QString FileFor(const std::string& title, const std::string& folder) {
+  QString name = QString::fromStdString(data::ToUtf8(title));
+  for (const char* suffix : {".csv", ".txt"}) {
+    if (name.endsWith(QLatin1String(suffix), Qt::CaseInsensitive)) name.chop(4);
+  }
+  name.replace(u'/', u'_');
+  const bool can_be_shown = !folder.empty() && data::IsUtf8(folder);
+  const QString place = can_be_shown ? QString::fromStdString(folder)
+                                     : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QDir(place).absoluteFilePath(name + QStringLiteral(".pdf"));
+}
 
 }  // namespace
 
@@ -32,13 +49,18 @@ QPrinter& QtPrinter::Chosen() const {
   return *printer_;
 }
 
-bool QtPrinter::Choose() {
+bool QtPrinter::Choose(const std::string& title) {
   const QPointer<QPrintDialog> dialog(new QPrintDialog(&Chosen(), parent_()));
   dialog->setObjectName(QStringLiteral("CommonDialog1"));
   dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
   // A report is not printed by page numbers; the dialog shows them for printers that could.
   if (auto* ranges = dialog->findChild<QWidget*>(QStringLiteral("gbPrintRange")))
     ranges->setMaximumSize(0, 0);
+  if (auto* file = dialog->findChild<QLineEdit*>(QStringLiteral("filename"))) {
+    const QString proposal = FileFor(title, folder_());
+    if (proposal != proposed_ || Chosen().outputFileName().isEmpty()) file->setText(proposal);
+    proposed_ = proposal;
+  }
   const bool accepted = dialog->exec() == QDialog::Accepted;
   delete dialog.data();  // unless its parent took it along meanwhile
   return accepted;

@@ -14,9 +14,11 @@ namespace quenlor::platform::qt {
 // it is put off until somebody wants to print.
 class QtPrinter final : public Printer {
  public:
-  explicit QtPrinter(std::function<QWidget*()> parent) : parent_(std::move(parent)) {}
+  // `folder` is where files are proposed (empty: among the user's documents).
+  QtPrinter(std::function<QWidget*()> parent, std::function<std::string()> folder)
+      : parent_(std::move(parent)), folder_(std::move(folder)) {}
 
-  bool Choose() override;
+  bool Choose(const std::string& title) override;
   int Copies() const override;
   PageSize Page() const override;
   Done Print(const std::string& title, int pages,
@@ -27,6 +29,8 @@ class QtPrinter final : public Printer {
   void BeginAnew();
 
   std::function<QWidget*()> parent_;
+  std::function<std::string()> folder_;
+  QString proposed_;  // file; it is not proposed again over one that the operator preferred
   mutable std::unique_ptr<QPrinter> printer_;
 };
 

@@ -45,7 +45,7 @@ class QtPrinterTest : public testing::Test {
       dialog.printer()->setCopyCount(copies);
       dialog.done(QDialog::Accepted);
     });
-    EXPECT_TRUE(printer_.Choose());
+    EXPECT_TRUE(printer_.Choose("report"));
   }
   static void DrawLine(DrawingSurface& page, int) {
     page.SetPen({});
@@ -54,7 +54,7 @@ class QtPrinterTest : public testing::Test {
 
   QTemporaryDir folder_;
   QWidget window_;
-  QtPrinter printer_{[this] { return &window_; }};
+  QtPrinter printer_{[this] { return &window_; }, [this] { return folder_.path().toStdString(); }};
 };
 
 TEST_F(QtPrinterTest, PagesAreAsLargeAsWhatCanBePrintedOn) {
@@ -87,7 +87,7 @@ TEST_F(QtPrinterTest, EveryPageOfADocumentIsDrawnOnceWhateverTheCopies) {
 TEST_F(QtPrinterTest, ACancelledDialogLeavesWhatWasChosenBefore) {
   ChooseFile(2);
   WhenOpen([](QPrintDialog& dialog) { dialog.reject(); });
-  EXPECT_FALSE(printer_.Choose());
+  EXPECT_FALSE(printer_.Choose("report"));
   EXPECT_EQ(printer_.Copies(), 2);
   EXPECT_FALSE(printer_.Print("report", 1, DrawLine));
   EXPECT_TRUE(QFile::exists(Path()));
@@ -100,7 +100,31 @@ TEST_F(QtPrinterTest, TheDialogAsksForNoPageNumbers) {
     EXPECT_FALSE(dialog.testOption(QAbstractPrintDialog::PrintPageRange));
     dialog.reject();
   });
-  printer_.Choose();
+  printer_.Choose("report");
+}
+
+TEST_F(QtPrinterTest, AFileIsProposedUnderTheDocumentsNameInItsFolder) {
+  const auto proposed = [&](const std::string& title, const QString& typed = {}) {
+    QString proposal;
+    WhenOpen([&](QPrintDialog& dialog) {
+      auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
+      ASSERT_NE(file, nullptr);
+      proposal = file->text();
+      if (typed.isEmpty()) return dialog.reject();
+      file->setText(typed);
+      QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    printer_.Choose(title);
+    return proposal;
+  };
+  EXPECT_EQ(proposed("oil.csv"), folder_.filePath(QStringLiteral("oil.pdf")));
+  EXPECT_EQ(proposed("batch 1.5"), folder_.filePath(QStringLiteral("batch 1.5.pdf")));
+  EXPECT_EQ(proposed("a/b\xF6.TXT"), folder_.filePath(QStringLiteral("a_bö.pdf")));
+  EXPECT_EQ(proposed("oil.csv", Path()), folder_.filePath(QStringLiteral("oil.pdf")));
+  EXPECT_EQ(proposed("oil.csv"), Path()) << "what was chosen for this document stays";
+  EXPECT_EQ(proposed("water.csv"), folder_.filePath(QStringLiteral("water.pdf")));
+  EXPECT_FALSE(printer_.Print("report", 1, DrawLine));
+  EXPECT_TRUE(QFile::exists(Path()));
 }
 
 TEST_F(QtPrinterTest, ThereIsAtLeastOneCopyAndAPageBeforeAnythingWasChosen) {
@@ -115,7 +139,7 @@ TEST_F(QtPrinterTest, AFileThatCannotBeMadeIsAFailure) {
     dialog.printer()->setOutputFileName(QStringLiteral("/proc/nowhere/out.pdf"));
     dialog.done(QDialog::Accepted);
   });
-  EXPECT_TRUE(printer_.Choose());
+  EXPECT_TRUE(printer_.Choose("report"));
   const Done done = printer_.Print("report", 1, DrawLine);
   ASSERT_TRUE(done);
   EXPECT_EQ(done->text, "cannot print report: No such file or directory");
@@ -129,7 +153,7 @@ TEST_F(QtPrinterTest, PrintingGoesOnAfterAFailure) {
     dialog.printer()->setOutputFileName(QStringLiteral("/proc/nowhere/out.pdf"));
     dialog.done(QDialog::Accepted);
   });
-  EXPECT_TRUE(printer_.Choose());
+  EXPECT_TRUE(printer_.Choose("report"));
   EXPECT_TRUE(printer_.Print("report", 1, DrawLine));
   EXPECT_EQ(printer_.Copies(), 2);
   EXPECT_EQ(printer_.Page(), page);
@@ -141,9 +165,9 @@ TEST_F(QtPrinterTest, PrintingGoesOnAfterAFailure) {
 
 TEST_F(QtPrinterTest, ADialogWhoseWindowGoesAwayIsACancelledOne) {
   auto parent = std::make_unique<QWidget>();
-  QtPrinter printer([&] { return parent.get(); });
+  QtPrinter printer([&] { return parent.get(); }, [] { return std::string(); });
   WhenOpen([&](QPrintDialog&) { parent.reset(); });
-  EXPECT_FALSE(printer.Choose());
+  EXPECT_FALSE(printer.Choose("report"));
 }
 
 }  // namespace

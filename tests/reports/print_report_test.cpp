@@ -79,6 +79,7 @@ TEST(PrintReport, PrintsThePageThatWasShownAndSavesTheSettings) {
   desk.printer.Accept(1, {5000, 7000});
   desk.dialogs.Answer(Answer::kOk);
   desk.Print();
+  EXPECT_EQ(desk.printer.ProposedTitles().at(0), "oil.csv");
   EXPECT_EQ(desk.form3, (PageSize{5000, 7000}));
   EXPECT_EQ(desk.drawings, 1);
   ASSERT_EQ(desk.printer.Documents().size(), 1U);

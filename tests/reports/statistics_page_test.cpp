@@ -354,6 +354,7 @@ TEST(PrintStatistics, ChoosesThePrinterAndPrintsOneDocument) {
   EXPECT_TRUE(printer.AsScripted());
   ASSERT_EQ(printer.Documents().size(), 1U);
   EXPECT_EQ(printer.Documents().front().title, "Statistics oil.csv");
+  EXPECT_EQ(printer.ProposedTitles().front(), "Statistics oil.csv");
 }
 
 TEST(PrintStatistics, EveryCopyIsADocumentOfItsOwn) {

@@ -180,6 +180,7 @@ TEST_F(DocumentWindowTest, ADroppedFileIsThatOfExactlyItsName) {
   files.Put("/d/\xF6l.csv", "No.,Time,A\r\n1,0,7\r\n");
   EXPECT_TRUE(Drop(QUrl::fromEncoded("file:///d/%F6l.csv")));
   EXPECT_EQ(Readings(), "1|0|7\n");
+  EXPECT_EQ(window->DocumentFolder(), "/d");
 }
 
 TEST_F(DocumentWindowTest, ADropStopsTheMeasurementAndAsks) {
