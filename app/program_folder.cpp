@@ -26,7 +26,9 @@ bool IsInstalled(const QString& executable_folder) {
 }
 
 fs::path Whole(const std::string& folder) {
-  const fs::path whole = fs::absolute(folder).lexically_normal();
+  std::error_code error;  // there may be no current folder any more
+  const fs::path absolute = fs::absolute(folder, error);
+  const fs::path whole = (error ? fs::path(folder) : absolute).lexically_normal();
   return whole.has_filename() || whole == whole.root_path() ? whole : whole.parent_path();
 }
 

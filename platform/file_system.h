@@ -24,8 +24,8 @@ class FileLock {
   virtual ~FileLock() = default;
 };
 
-// Files as the program needs them. A path is the bytes that the system knows the file by, in UTF-8 where they are
-// text. No operation leaves a file open.
+// Files as the program needs them. A path is the bytes that the system knows the file by, in UTF-8 where
+// they are text. No operation leaves a file open.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;

@@ -99,6 +99,15 @@ TEST(ProgramFolder, AFolderThatCannotBeWrittenGivesWayToTheUsersFolder) {
   EXPECT_EQ(ProgramFolder({}, folders.root.filePath(QStringLiteral("gone")), user), user.toStdString());
 }
 
+TEST(ProgramFolder, NoFilesAreKeptWhereTheNameIsNotExact) {
+  EXPECT_FALSE(CannotKeepFilesIn("/lab/öl"));
+  EXPECT_TRUE(CannotKeepFilesIn("/lab/\xF6l"));
+  Folders folders;
+  const QString mangled = folders.root.filePath(QStringLiteral("\uFFFDl"));
+  EXPECT_TRUE(CannotKeepFilesIn(ProgramFolder({}, folders.root.filePath(QStringLiteral("gone")), mangled)));
+  EXPECT_FALSE(QDir(mangled).exists());
+}
+
 TEST(FolderToRead, IsWhereSettingsHaveBeenKeptAndNothingIsMade) {
   Folders folders;
   const QString executable = folders.Make("exe");
