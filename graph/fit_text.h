@@ -14,9 +14,23 @@ inline constexpr std::string_view kEllipsis = "…";  // where a text was cut
 // time.
 std::string_view LongestPrefix(std::string_view text, const std::function<bool(std::string_view)>& fits);
 
+// How wide a text is in letters of that height.
+using TextMeasure = std::function<double(std::string_view text, double text_height)>;
+
+// The largest letters, of at most `height` and at least `smallest`, in which the text is no wider than that;
+// the smallest ones where it is wider even so. Letters come in whole dots, so nothing but measuring at the
+// very height tells how wide a text will be.
+double HeightToFit(std::string_view text, double width, double height, double smallest,
+                   const TextMeasure& text_width);
+
 // The text itself where it is no wider than that, else as much of its beginning as fits before a "…", without
 // blanks between the two. Empty when not even that fits. `text_width` measures a text in the unit of `width`.
 std::string FitText(std::string_view text, double width,
                     const std::function<double(std::string_view)>& text_width);
+
+// The same of a measured value, of which no part must be taken for the whole: where it does not fit, "…" is
+// all that is shown of it. A text that does not begin with a number is cut as others are.
+std::string FitNumber(std::string_view text, double width,
+                      const std::function<double(std::string_view)>& text_width);
 
 }  // namespace quenlor::graph

@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <utility>
 
-#include "graph/fit_text.h"
+#include "graph/legend_plan.h"
 #include "graph/plot_look.h"
 #include "graph/screen_color.h"
 #include "platform/qt/plain_tip.h"
@@ -25,9 +25,11 @@ using platform::qt::ToShortQString;
 // With fewer readings a redraw is over before a pointer could change.
 constexpr Index kManyReadings = 200'000;
 
-// The legend's two lines, as a label divides them.
-QString TwoLines(std::string_view text) {
-  return ToShortQString(text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+// The legend's two lines, as a label divides them. An endless name leaves the value in sight.
+QString TwoLines(const std::string& caption) {
+  if (caption.empty()) return {};
+  const LegendEntry entry(caption);
+  return ToShortQString(entry.name) + QLatin1Char('\n') + ToShortQString(entry.value);
 }
 
 QFont LabelFont(const QWidget* widget, double text_height) {
@@ -45,18 +47,24 @@ Qt::Alignment AlignmentOf(TextSide side) {
 
 }  // namespace
 
+void Caption::Place(const PlacedLabel& placed) {
+  QStringList lines;
+  for (const std::string& line : placed.lines) lines += ToQString(line);
+  const QString shown = lines.join(QLatin1Char('\n'));
+  if (std::exchange(shown_, shown) != shown) update();
+  setVisible(placed.visible && !text().isEmpty());
+  if (!placed.visible) return;
+  const QFont letters = LabelFont(parentWidget(), placed.text_height);
+  if (font() != letters) setFont(letters);
+  setGeometry(PixelsOf(placed.box.left), PixelsOf(placed.box.top), PixelsOf(placed.box.width),
+              PixelsOf(placed.box.height));
+  setAlignment(AlignmentOf(placed.side));
+}
+
 void Caption::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const auto text_width = [this](std::string_view part) {
-    return fontMetrics().horizontalAdvance(ToQString(part));
-  };
-  QStringList lines;
-  for (const QString& line : text().split(QLatin1Char('\n'))) {
-    // A pixel is lost to rounding.
-    lines += ToQString(FitText(line.toStdString(), width() + 1, text_width));
-  }
   painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(rect(), static_cast<int>(alignment()), lines.join(QLatin1Char('\n')));
+  painter.drawText(rect(), static_cast<int>(alignment()), shown_);
 }
 
 void Caption::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -162,13 +170,7 @@ void GraphPane::AddCaptions() {
     Label5[i]->setToolTip(
         QString::fromLatin1(kLimitNames[i].data(), static_cast<int>(kLimitNames[i].size())));
   }
-  // The tool tips of file name and remarks are the captions of their editor.
-  Label6[0]->setToolTip(tr("Title of the time axis"));
-  Label6[1]->setToolTip(tr("Title of the left axis"));
-  Label6[2]->setToolTip(tr("Title of the temperature axis"));
-  Label6[3]->setToolTip(tr("Date of the measurement"));
   Label6[4]->setToolTip(QStringLiteral("File Name"));
-  Label6[5]->setToolTip(tr("Unit of the time axis"));
   Label6[6]->setToolTip(QStringLiteral("Remarks"));
 }
 
@@ -205,20 +207,28 @@ void GraphPane::LayoutLabels() {
     return font.horizontalAdvance(ToQString(text)) * kTwipsPerPixel;
   };
   const LabelLayout layout = graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), texts, text_width);
-  const QFont axis_font = LabelFont(this, layout.text_height);
-  const QFont legend_font = LabelFont(this, layout.legend_text_height);
-  const auto place = [&](auto& captions, const auto& placed, std::size_t from, const QFont& font) {
-    for (std::size_t i = from; i < captions.size(); ++i) {
-      if (captions[i]->font() != font) captions[i]->setFont(font);
-      Place(captions[i], placed[i]);
-    }
+  const auto place = [](auto& captions, const auto& placed, std::size_t from) {
+    for (std::size_t i = from; i < captions.size(); ++i) captions[i]->Place(placed[i]);
   };
-  place(Label5, layout.Label5, 0, axis_font);
-  place(Label6, layout.Label6, 0, axis_font);
-  place(Label7, layout.Label7, 1, axis_font);
-  place(Label8, layout.Label8, 1, axis_font);
-  place(Label9, layout.Label9, 1, axis_font);
-  place(Label10, layout.Label10, 0, legend_font);
+  place(Label5, layout.Label5, 0);
+  place(Label6, layout.Label6, 0);
+  place(Label7, layout.Label7, 1);
+  place(Label8, layout.Label8, 1);
+  place(Label9, layout.Label9, 1);
+  place(Label10, layout.Label10, 0);
+  TellCutTitles(layout);
+}
+
+// The tool tips of file name and remarks are the captions of their editor, which shows them whole.
+void GraphPane::TellCutTitles(const LabelLayout& layout) {
+  for (const auto& [i, tip] : {std::pair{0, tr("Title of the time axis")},
+                               {1, tr("Title of the left axis")},
+                               {2, tr("Title of the temperature axis")},
+                               {3, tr("Date of the measurement")},
+                               {5, tr("Unit of the time axis")}}) {
+    const auto at = static_cast<std::size_t>(i);
+    Label6[at]->setToolTip(layout.Label6[at].whole ? tip : platform::qt::PlainTip(Label6[at]->text()));
+  }
 }
 
 void GraphPane::FillCaptions(const Captions& texts) {
@@ -249,13 +259,6 @@ void GraphPane::FillCaptions(const Captions& texts) {
     Label10[run]->setToolTip(platform::qt::PlainTip(Label10[run]->text()));
     color(Label10[run], ToQColor(RunColor(colors_.Colors(), static_cast<long long>(run))));
   }
-}
-
-void GraphPane::Place(Caption* caption, const PlacedLabel& placed) {
-  caption->setVisible(placed.visible && !caption->text().isEmpty());
-  caption->setGeometry(PixelsOf(placed.box.left), PixelsOf(placed.box.top), PixelsOf(placed.box.width),
-                       PixelsOf(placed.box.height));
-  caption->setAlignment(AlignmentOf(placed.side));
 }
 
 void GraphPane::showEvent(QShowEvent* /*event*/) { LayoutLabels(); }

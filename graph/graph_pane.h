@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QLabel>
+#include <QString>
 #include <QWidget>
 #include <array>
 #include <functional>
@@ -17,12 +18,14 @@
 
 namespace quenlor::graph {
 
-// A caption of the graph: its text is whole, what is shown of it ends in "…" where it does not fit.
+// A caption of the graph: its text is whole; what is shown of it is what it has room for.
 class Caption : public QLabel {
   Q_OBJECT
 
  public:
   using QLabel::QLabel;
+
+  void Place(const PlacedLabel& placed);
 
  signals:
   void DblClick();
@@ -30,6 +33,9 @@ class Caption : public QLabel {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  QString shown_;
 };
 
 // The graph on the screen: Picture1 with the captions, and Picture2, the plot, among them.
@@ -66,7 +72,7 @@ class GraphPane : public QWidget {
 
   void AddCaptions();
   void FillCaptions(const Captions& texts);
-  void Place(Caption* caption, const PlacedLabel& placed);
+  void TellCutTitles(const LabelLayout& layout);
 
   const data::Document& document_;
   const LiveGraph& graph_;

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "data/utf8.h"
+#include "graph/legend_plan.h"
 #include "graph/shown_labels.h"
 
 namespace quenlor::graph {
@@ -12,8 +14,11 @@ namespace {
 using platform::kTwipsPerPixel;
 
 constexpr double kSmallestText = 7 * kTwipsPerPixel;
+constexpr double kSmallestNumber = 5 * kTwipsPerPixel;  // that has no room in other letters
 constexpr double kSmallestLegendText = 8 * kTwipsPerPixel;
 constexpr double kLargestText = 24 * kTwipsPerPixel;
+constexpr double kShrunkText = 0.66;  // letters of a text before it is cut, as a part of the others
+constexpr double kRounding = 0.01;    // what sums of lengths may lose
 
 // The plot's ends in units: its area begins at 0.9 and leaves 1 % of its range free on each side.
 constexpr double kPlotLeft = 0.9 + 6.2 / 102;
@@ -21,163 +26,226 @@ constexpr double kPlotWidth = 6.2 * 100 / 102;
 constexpr double kPlotTop = 0.9 + 10.2 / 102;
 constexpr double kPlotHeight = 10.2 * 100 / 102;
 
-// Widths in units: of a label beside the plot, of the date above it, and of a run in the legend.
-constexpr double kSideWidth = 0.8;
+// Widths in units: of a label beside the plot, of the captions above it, and of a run in the legend.
+constexpr double kSideWidth = 0.86;
+constexpr double kTitleLeft = 1.3;
+constexpr double kTitleWidth = 1.2;
 constexpr double kDateWidth = 3.0;
-constexpr double kLegendWidth = 7.8 / 11;
-constexpr std::string_view kUsualValue = "0000.0";  // of a run, in the legend
+constexpr double kUsualRun = 1.0;
 constexpr std::string_view kLongestDate = "2000/00/00 00:00:00";
 
 class Layout {
  public:
-  Layout(double width, double height, double text_height)
-      : unit_x_(width / 8), unit_y_(height / 13.5), line_(text_height * 1.25) {}
+  Layout(double width, double height, GraphKind kind, const Captions& texts, const TextMeasure& text_width)
+      : unit_x_(width / 8), unit_y_(height / 13.5), kind_(kind), texts_(texts), text_width_(text_width) {}
 
-  double Line() const { return line_; }
+  LabelLayout Place() {
+    result_.text_height = TextHeight();
+    line_ = 1.25 * result_.text_height;
+    gap_ = Width("0");
+    PlaceTitles();
+    PlaceViscosity();
+    const double title_below = BelowTop() + line_;
+    if (kind_ == GraphKind::ViscoTemp) {
+      PlaceBelow(result_.Label9, texts_.Label9, 4);
+      Write(result_.Label6[2], texts_.Label6[2],
+            {PlotX(0.5) - X(kPlotWidth / 2), title_below, X(kPlotWidth), line_}, TextSide::kCentre);
+    } else {
+      PlaceBelow(result_.Label7, texts_.Label7, 0);
+      Write(result_.Label6[0], texts_.Label6[0], {PlotX(0.5) - X(1.5), title_below, X(1.5) - gap_ / 2, line_},
+            TextSide::kRight);
+      Write(result_.Label6[5], texts_.Label6[5], {PlotX(0.5) + gap_ / 2, title_below, X(1.5), line_},
+            TextSide::kLeft);
+    }
+    if (kind_ == GraphKind::ViscoTempTime) PlaceTemperature();
+    const double legend_bottom = PlaceLegend(title_below + line_);
+    Write(result_.Label6[6], texts_.Label6[6],
+          {X(0.1), std::max(legend_bottom, Y(13.45) - line_), X(7.8), line_}, TextSide::kLeft);
+    return std::move(result_);
+  }
+
+ private:
   double X(double units) const { return units * unit_x_; }
   double Y(double units) const { return units * unit_y_; }
   double PlotX(double place) const { return X(kPlotLeft + place * kPlotWidth); }
   double PlotY(double place) const { return Y(kPlotTop + (1 - place) * kPlotHeight); }
-
-  // A label of the left axis at that place of its range, and one of the right axis.
-  PlacedLabel LeftOfPlot(double place) const {
-    return {Row(0.05, kSideWidth, PlotY(place)), TextSide::kRight, true};
-  }
-  PlacedLabel RightOfPlot(double place) const {
-    return {Row(7.15, kSideWidth, PlotY(place)), TextSide::kLeft, true};
-  }
-
   // Below the plot, and below the lowest labels beside it.
   double BelowTop() const { return std::max(Y(11.1), PlotY(0) + line_ / 2); }
 
-  // A label below the plot; `width` is what it may take, in twips.
-  PlacedLabel BelowPlot(double place, double width) const {
-    const double left = std::clamp(PlotX(place) - width / 2, 0.0, std::max(0.0, X(8) - width));
-    return {{left, BelowTop(), width, line_}, TextSide::kCentre, true};
+  double Width(std::string_view text) const { return Width(text, result_.text_height); }
+  double Width(std::string_view text, double text_height) const {
+    // No graph has room for so many bytes; whoever asks about a longer text learns that it is too wide.
+    constexpr std::size_t kMostBytes = 2000;
+    return text_width_(data::Utf8Prefix(text, kMostBytes), text_height);
+  }
+  std::function<double(std::string_view)> WidthIn(double text_height) const {
+    return [this, text_height](std::string_view text) { return Width(text, text_height) - kRounding; };
   }
 
- private:
-  Box Row(double left, double width, double middle) const {
-    return {X(left), middle - line_ / 2, X(width), line_};
+  // Five lines stand below the plot, and beside it the longest label of an axis.
+  double TextHeight() const {
+    double text_height = std::clamp(0.36 * unit_y_, kSmallestText, kLargestText);
+    const auto fit = [&](std::string_view text, double units) {
+      text_height =
+          HeightToFit(text, X(units), text_height, kSmallestText,
+                      [this](std::string_view measured, double height) { return Width(measured, height); });
+    };
+    for (const std::string& text : texts_.Label5) fit(text, kSideWidth);
+    for (const TickLabel& label : texts_.Label8) fit(label.text, kSideWidth);
+    for (const TickLabel& label : texts_.Label9) fit(label.text, kSideWidth);
+    fit(kLongestDate, kDateWidth);
+    return text_height;
   }
 
-  double unit_x_;
-  double unit_y_;
-  double line_;
+  // In letters that are no smaller than those of the legend may be.
+  void Write(PlacedLabel& label, std::string_view text, const Box& box, TextSide side) const {
+    label = {box, side, true, LettersFor(text, box.width, Shrunk(kSmallestText)), {}, true};
+    label.lines = {FitText(text, box.width, WidthIn(label.text_height))};
+    label.whole = label.lines.front() == text;
+  }
+
+  void WriteNumber(PlacedLabel& label, std::string_view text, const Box& box, TextSide side) const {
+    label = {box, side, true, LettersFor(text, box.width, kSmallestNumber), {}, true};
+    label.lines = {FitNumber(text, box.width, WidthIn(label.text_height))};
+    label.whole = label.lines.front() == text;
+  }
+
+  double LettersFor(std::string_view text, double width, double smallest) const {
+    return HeightToFit(
+        text, width, result_.text_height, smallest,
+        [this](std::string_view part, double height) { return Width(part, height) - kRounding; });
+  }
+  double Shrunk(double smallest) const { return std::max(smallest, kShrunkText * result_.text_height); }
+
+  // Above the plot: left title, file name over date, right title. Each takes what the others leave free.
+  void PlaceTitles() {
+    // With two curves, the sample of each stands at the outer end of its title.
+    const bool samples = kind_ == GraphKind::ViscoTempTime;
+    const double room = X(4 - (samples ? kTitleLeft : 0.1));
+    const double centre = std::max(Width(texts_.Label6[4]), Width(texts_.Label6[3])) / 2;
+    const double longest = std::max(Width(texts_.Label6[1]), samples ? Width(texts_.Label6[2]) : 0);
+    const double title = std::min(longest, std::max(X(kTitleWidth), room - centre) - gap_);
+    const double left = std::clamp(X(4) - centre - gap_ - title, X(4) - room, X(kTitleLeft));
+    const double side = X(4) - left - title - gap_;
+    const double top = Y(0.3) - line_ / 2;
+    Write(result_.Label6[1], texts_.Label6[1], {left, top, title, line_}, TextSide::kLeft);
+    if (samples) {
+      Write(result_.Label6[2], texts_.Label6[2], {X(8 - kTitleLeft) - title, top, title, line_},
+            TextSide::kRight);
+    }
+    Write(result_.Label6[4], texts_.Label6[4], {X(4) - side, 0, 2 * side, line_}, TextSide::kCentre);
+    Write(result_.Label6[3], texts_.Label6[3], {X(4) - side, line_, 2 * side, line_}, TextSide::kCentre);
+  }
+
+  // A label of the left axis at that place of its range, and one of the right axis.
+  Box LeftOfPlot(double place) const {
+    return {X(0.89 - kSideWidth), PlotY(place) - line_ / 2, X(kSideWidth), line_};
+  }
+  Box RightOfPlot(double place) const { return {X(7.11), PlotY(place) - line_ / 2, X(kSideWidth), line_}; }
+  // Two labels one above the other, as parts of the axis's length.
+  double LeastDistance() const { return 1.1 * result_.text_height / std::max(Y(kPlotHeight), 1.0); }
+
+  void PlaceViscosity() {
+    WriteNumber(result_.Label5[2], texts_.Label5[2], LeftOfPlot(0), TextSide::kRight);
+    WriteNumber(result_.Label5[3], texts_.Label5[3], LeftOfPlot(1), TextSide::kRight);
+    const auto apart = LabelsApart(texts_.Label8, LeastDistance());
+    for (std::size_t i = 1; i <= static_cast<std::size_t>(texts_.Label8Count); ++i) {
+      if (!apart[i]) continue;
+      WriteNumber(result_.Label8[i], texts_.Label8[i].text, LeftOfPlot(texts_.Label8[i].place),
+                  TextSide::kRight);
+    }
+  }
+
+  void PlaceTemperature() {
+    const auto stride = static_cast<std::size_t>(LabelStride(LeastDistance(), 0.1, 10));
+    for (std::size_t i = stride; i <= 9; i += stride) {
+      WriteNumber(result_.Label9[i], texts_.Label9[i].text, RightOfPlot(static_cast<double>(i) / 10),
+                  TextSide::kLeft);
+    }
+    WriteNumber(result_.Label5[4], texts_.Label5[4], RightOfPlot(0), TextSide::kLeft);
+    WriteNumber(result_.Label5[5], texts_.Label5[5], RightOfPlot(1), TextSide::kLeft);
+  }
+
+  // The numbers of the axis below the plot, whose ends are those range ends.
+  template <std::size_t N>
+  void PlaceBelow(std::array<PlacedLabel, N>& labels, const std::array<TickLabel, N>& ticks,
+                  std::size_t low_end) {
+    constexpr int kDivisions = static_cast<int>(N);
+    const double division = X(kPlotWidth / kDivisions);
+    double widest = std::max(Width(texts_.Label5[low_end]), Width(texts_.Label5[low_end + 1]));
+    for (const TickLabel& tick : ticks) widest = std::max(widest, Width(tick.text));
+    const int stride = LabelStride(widest + gap_, division, kDivisions);
+    const auto write = [&](PlacedLabel& label, std::string_view text, double place, double room) {
+      const double left = std::clamp(PlotX(place) - room / 2, 0.0, std::max(0.0, X(8) - room));
+      WriteNumber(label, text, {left, BelowTop(), room, line_}, TextSide::kCentre);
+    };
+    for (auto i = static_cast<std::size_t>(stride); i < N; i += static_cast<std::size_t>(stride))
+      write(labels[i], ticks[i].text, static_cast<double>(i) / kDivisions, division * stride);
+    // The ends stand at the plot's edges, a unit away from those of the area.
+    const double room_of_end = division * std::min(stride, kDivisions / 3);
+    write(result_.Label5[low_end], texts_.Label5[low_end], 0, room_of_end);
+    write(result_.Label5[low_end + 1], texts_.Label5[low_end + 1], 1, room_of_end);
+  }
+
+  // The heading left of the plot's edge and the runs from there on. Returns where the legend ends.
+  double PlaceLegend(double top) {
+    const double bottom = top + 2 * line_;
+    std::vector<LegendEntry> entries;
+    std::vector<PlacedLabel*> labels;
+    for (std::size_t run = 1; run < texts_.Label10.size(); ++run) {
+      if (texts_.Label10[run].empty()) continue;
+      entries.emplace_back(texts_.Label10[run]);
+      labels.push_back(&result_.Label10[run]);
+    }
+    if (entries.empty()) return bottom;
+
+    const LegendEntry heading(texts_.Label10[0]);
+    const double text_height = result_.text_height;
+    const LegendRoom room{
+        X(7.8), 0.4, X(kUsualRun), text_height, Shrunk(kSmallestLegendText), kSmallestLegendText};
+    const LegendPlan plan =
+        PlanLegend(heading, entries, 1, room,
+                   [this](std::string_view text, double letters) { return Width(text, letters); });
+    // From the plot's edge on, where that leaves the room.
+    double left = std::min(X(kPlotLeft), X(7.9) - plan.Width() + plan.heading);
+    result_.Label10[0] = {{left - plan.heading, top, plan.heading - plan.gap / 2, 2 * line_},
+                          TextSide::kRight,
+                          true,
+                          plan.text_height,
+                          {heading.name, heading.value},
+                          true};
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      PlacedLabel& label = *labels[i];
+      label = {{left + plan.gap / 2, top, std::max(plan.columns[i] - plan.gap, 0.0), 2 * line_},
+               TextSide::kCentre,
+               true,
+               plan.text_height,
+               {},
+               true};
+      const auto width = WidthIn(plan.text_height);
+      label.lines = {FitText(entries[i].name, label.box.width, width),
+                     FitNumber(entries[i].value, label.box.width, width)};
+      label.whole = label.lines[0] == entries[i].name && label.lines[1] == entries[i].value;
+      left += plan.columns[i];
+    }
+    return bottom;
+  }
+
+  const double unit_x_;
+  const double unit_y_;
+  const GraphKind kind_;
+  const Captions& texts_;
+  const TextMeasure& text_width_;
+  double line_ = 0;
+  double gap_ = 0;
+  LabelLayout result_;
 };
-
-using TextWidth = std::function<double(std::string_view text, double text_height)>;
-
-// The height at which a text is that wide.
-double HeightToFit(std::string_view text, double width, const TextWidth& text_width) {
-  constexpr double kMeasured = kLargestText;
-  const double measured = text_width(text, kMeasured);
-  return measured > 0 ? kMeasured * width / measured : kLargestText;
-}
-
-// Five lines stand below the plot, and beside it the longest label of an axis.
-double TextHeight(double width, double height, const AxisLabels& labels, const TextWidth& text_width) {
-  double text_height = 0.36 * height / 13.5;
-  const auto fit = [&](std::string_view text, double units) {
-    text_height = std::min(text_height, HeightToFit(text, units * width / 8, text_width));
-  };
-  for (const std::string& text : labels.Label5) fit(text, kSideWidth);
-  for (const TickLabel& label : labels.Label8) fit(label.text, kSideWidth);
-  for (const TickLabel& label : labels.Label9) fit(label.text, kSideWidth);
-  fit(kLongestDate, kDateWidth);
-  return std::clamp(text_height, kSmallestText, kLargestText);
-}
-
-double LegendTextHeight(double text_height, double width, const TextWidth& text_width) {
-  const double fits = HeightToFit(kUsualValue, 0.97 * kLegendWidth * width / 8, text_width);
-  return std::max(std::min(text_height, fits), kSmallestLegendText);
-}
-
-template <std::size_t N>
-double Widest(const std::array<TickLabel, N>& labels, const std::function<double(std::string_view)>& width) {
-  double widest = 0;
-  for (const TickLabel& label : labels) widest = std::max(widest, width(label.text));
-  return widest;
-}
 
 }  // namespace
 
-LabelLayout LayoutLabels(double width, double height, GraphKind kind, const AxisLabels& labels,
-                         const std::function<double(std::string_view, double)>& text_width) {
-  LabelLayout result;
-  result.text_height = TextHeight(width, height, labels, text_width);
-  result.legend_text_height = LegendTextHeight(result.text_height, width, text_width);
-  const Layout at(width, height, result.text_height);
-  const auto measure = [&](std::string_view text) { return text_width(text, result.text_height); };
-  const double gap = measure("0");
-  // Two labels one above the other, as parts of the axis's length.
-  const double least_distance = 1.1 * result.text_height / std::max(at.Y(kPlotHeight), 1.0);
-  const bool time_axis = kind != GraphKind::ViscoTemp;
-
-  // The captions above the plot: left title, file name over date, right title.
-  const double title_top = at.Y(0.3) - at.Line() / 2;
-  result.Label6[1] = {{at.X(1.3), title_top, at.X(1.2), at.Line()}, TextSide::kLeft, true};
-  result.Label6[4] = {{at.X(2.5), 0, at.X(kDateWidth), at.Line()}, TextSide::kCentre, true};
-  result.Label6[3] = {{at.X(2.5), at.Line(), at.X(kDateWidth), at.Line()}, TextSide::kCentre, true};
-  result.Label6[2] = {
-      {at.X(5.5), title_top, at.X(1.2), at.Line()}, TextSide::kRight, kind == GraphKind::ViscoTempTime};
-
-  // The viscosity axis.
-  result.Label5[2] = at.LeftOfPlot(0);
-  result.Label5[3] = at.LeftOfPlot(1);
-  const auto apart = LabelsApart(labels.Label8, least_distance);
-  for (std::size_t i = 1; i <= static_cast<std::size_t>(labels.Label8Count); ++i) {
-    result.Label8[i] = at.LeftOfPlot(labels.Label8[i].place);
-    result.Label8[i].visible = apart[i];
-  }
-
-  // The axis below: time, or temperature.
-  const double below_title = at.BelowTop() + at.Line();
-  if (time_axis) {
-    const double room = at.X(kPlotWidth / 6);
-    const int stride = LabelStride(Widest(labels.Label7, measure) + gap, room, 6);
-    for (int i = 1; i <= 5; ++i) {
-      result.Label7[static_cast<std::size_t>(i)] = at.BelowPlot(i / 6.0, room * stride);
-      result.Label7[static_cast<std::size_t>(i)].visible = i % stride == 0;
-    }
-    result.Label5[0] = at.BelowPlot(0, room);
-    result.Label5[1] = at.BelowPlot(1, room);
-    result.Label6[0] = {
-        {at.PlotX(0.5) - at.X(1.5), below_title, at.X(1.5) - gap / 2, at.Line()}, TextSide::kRight, true};
-    result.Label6[5] = {{at.PlotX(0.5) + gap / 2, below_title, at.X(1.5), at.Line()}, TextSide::kLeft, true};
-  }
-  if (kind == GraphKind::ViscoTemp) {
-    const double room = at.X(kPlotWidth / 10);
-    const int stride = LabelStride(Widest(labels.Label9, measure) + gap, room, 10);
-    for (int i = 1; i <= 9; ++i) {
-      result.Label9[static_cast<std::size_t>(i)] = at.BelowPlot(i / 10.0, room * stride);
-      result.Label9[static_cast<std::size_t>(i)].visible = i % stride == 0;
-    }
-    result.Label5[4] = at.BelowPlot(0, room * std::min(stride, 2));
-    result.Label5[5] = at.BelowPlot(1, room * std::min(stride, 2));
-    result.Label6[2] = {
-        {at.PlotX(0.5) - at.X(1.5), below_title, at.X(3), at.Line()}, TextSide::kCentre, true};
-  } else if (kind == GraphKind::ViscoTempTime) {
-    const int stride = LabelStride(least_distance, 0.1, 10);
-    for (int i = 1; i <= 9; ++i) {
-      result.Label9[static_cast<std::size_t>(i)] = at.RightOfPlot(i / 10.0);
-      result.Label9[static_cast<std::size_t>(i)].visible = i % stride == 0;
-    }
-    result.Label5[4] = at.RightOfPlot(0);
-    result.Label5[5] = at.RightOfPlot(1);
-  }
-
-  // The legend in one row of eleven, two lines each, and the remarks below it.
-  const double legend_top = below_title + at.Line();
-  for (std::size_t i = 0; i < result.Label10.size(); ++i) {
-    const double cell = at.X(kLegendWidth);
-    result.Label10[i] = {{at.X(0.1) + static_cast<double>(i) * cell, legend_top, cell, 2 * at.Line()},
-                         TextSide::kCentre,
-                         true};
-  }
-  const double remarks_top = std::max(legend_top + 2 * at.Line(), at.Y(13.45) - at.Line());
-  result.Label6[6] = {{at.X(0.1), remarks_top, at.X(7.8), at.Line()}, TextSide::kLeft, true};
-  return result;
+LabelLayout LayoutLabels(double width, double height, GraphKind kind, const Captions& captions,
+                         const TextMeasure& text_width) {
+  return Layout(std::max(width, 0.0), std::max(height, 0.0), kind, captions, text_width).Place();
 }
 
 }  // namespace quenlor::graph

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <array>
-#include <functional>
-#include <string_view>
+#include <string>
+#include <vector>
 
-#include "graph/axis_labels.h"
+#include "graph/captions.h"
+#include "graph/fit_text.h"
 #include "graph/plot_axes.h"
 
 namespace quenlor::graph {
@@ -20,11 +21,14 @@ struct Box {
 
 enum class TextSide { kLeft, kCentre, kRight };
 
-// Where a caption stands and to which side of its box its text leans.
+// Where a caption stands, to which side of its box its text leans, and what is shown of it.
 struct PlacedLabel {
   Box box;
   TextSide side = TextSide::kCentre;
   bool visible = false;
+  double text_height = 0;          // in twips
+  std::vector<std::string> lines;  // about the middle of the box
+  bool whole = true;               // nothing is cut off the text
 };
 
 // Where every caption around the plot stands, on the grid of 8 by 13.5 units that the graph area is divided
@@ -36,15 +40,15 @@ struct LabelLayout {
   std::array<PlacedLabel, 10> Label8;   // viscosity, from 1
   std::array<PlacedLabel, 10> Label9;   // temperature, from 1
   std::array<PlacedLabel, 11> Label10;  // legend: heading, then runs 1 to 10
-  double text_height = 0;               // of all but the legend, in twips
-  double legend_text_height = 0;
+  double text_height = 0;               // of most texts, in twips
 };
 
-// The layout of a graph area of that size. Letters are as large as the area allows: no text at the axes is
-// cut as long as letters of seven pixels fit. Those of the legend depend on the area alone, so that it rests
-// while its values change. `text_width` gives a text's width in twips in letters of a given height; where the
-// labels of an axis would not fit side by side, only some of them are visible.
-LabelLayout LayoutLabels(double width, double height, GraphKind kind, const AxisLabels& labels,
-                         const std::function<double(std::string_view text, double text_height)>& text_width);
+// The layout of a graph area of that size. Letters are as large as the area allows, and small enough for the
+// numbers at the axes; the legend is divided as LegendPlan says. A title takes what room the file name and
+// the date leave it before it is cut, and a number is never shown in part. `text_width` gives a text's width
+// in twips as it will be drawn; where the labels of an axis would not fit side by side, only some of them are
+// visible.
+LabelLayout LayoutLabels(double width, double height, GraphKind kind, const Captions& captions,
+                         const TextMeasure& text_width);
 
 }  // namespace quenlor::graph

@@ -80,11 +80,8 @@ class Placing {
 
   // Letters of at most that height in which the text is no wider, if they need not be too small for it.
   double HeightToFit(std::string_view text, double width, double height) const {
-    const double wide = Width(text, height);
-    if (wide <= width) return height;
-    const double fits = std::max(height * width / wide, Smallest());
-    // Letters come in whole dots, so theirs may be a little wider than that.
-    return Width(text, fits) <= width ? fits : std::max(0.97 * fits, Smallest());
+    return graph::HeightToFit(text, width, height, Smallest(),
+                              [this](std::string_view part, double letters) { return Width(part, letters); });
   }
 
   // A label of one line, in the middle of the box's height.

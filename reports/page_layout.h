@@ -9,6 +9,7 @@
 
 #include "graph/captions.h"
 #include "graph/color_table.h"
+#include "graph/fit_text.h"
 #include "graph/label_layout.h"
 #include "graph/plot_settings.h"
 
@@ -62,7 +63,7 @@ struct PageLabels {
   void ForEach(const std::function<void(const PageLabel&)>& visit) const;
 };
 
-using TextMeasure = std::function<double(std::string_view text, double height)>;
+using graph::TextMeasure;
 
 // Every caption at its place, for that kind of graph. No visible one leaves the page or touches another. A
 // text that is too long for its place is set in smaller letters, down to two thirds of the others; what is

@@ -2,6 +2,7 @@
 #include "graph/fit_text.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <gtest/gtest.h>
 
@@ -55,6 +56,34 @@ TEST(FitText, AnEndlessTextIsCutEvenWhereThereIsRoom) {
   const std::string text = FitText(std::string(100'000, 'x'), 1e12, Width);
   EXPECT_LT(text.size(), 5000U);
   EXPECT_TRUE(text.ends_with("…"));
+}
+
+TEST(FitNumber, ANumberIsShownWholeOrNotAtAll) {
+  EXPECT_EQ(FitNumber("1360000000", 100, Width), "1360000000");
+  EXPECT_EQ(FitNumber("1360000000", 99, Width), "…");
+  EXPECT_EQ(FitNumber("12,5 mPa.s", 99, Width), "…");
+  EXPECT_EQ(FitNumber("12455.0", 9, Width), "");
+  EXPECT_EQ(FitNumber("overload", 50, Width), "over…") << "no number";
+}
+
+// Letters of whole heights, half as wide.
+double WholeDots(std::string_view text, double height) {
+  return std::round(height) / 2 * static_cast<double>(text.size());
+}
+
+TEST(HeightToFit, LettersShrinkUntilTheTextFitsAsItIsDrawn) {
+  EXPECT_EQ(HeightToFit("1360000000", 100, 20, 7, WholeDots), 20);
+  for (double width = 40; width < 100; width += 0.5) {
+    const double height = HeightToFit("1360000000", width, 20, 7, WholeDots);
+    EXPECT_LE(WholeDots("1360000000", height), width) << width;
+    EXPECT_GT(WholeDots("1360000000", std::round(height) + 1), width) << width;
+  }
+}
+
+TEST(HeightToFit, TheSmallestLettersAreTheLast) {
+  EXPECT_EQ(HeightToFit("1360000000", 10, 20, 7, WholeDots), 7);
+  EXPECT_EQ(HeightToFit("1360000000", -3, 20, 7, WholeDots), 7);
+  EXPECT_EQ(HeightToFit("1", 1, 5, 7, WholeDots), 5) << "they were smaller";
 }
 
 }  // namespace

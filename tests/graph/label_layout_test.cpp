@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace quenlor::graph {
@@ -36,11 +37,15 @@ std::vector<Placed> Visible(const LabelLayout& layout) {
   return visible;
 }
 
-AxisLabels Labels(ViscoAxis axis, int log_min = 0, int log_max = 2) {
+Captions Labels(ViscoAxis axis, int log_min = 0, int log_max = 2) {
   data::AxisRanges ranges;
   ranges.ViscoLogMin = static_cast<std::int16_t>(log_min);
   ranges.ViscoLogMax = static_cast<std::int16_t>(log_max);
-  return LabelsOf(ranges, {TimeUnit::Minute, axis});
+  Captions captions{LabelsOf(ranges, {TimeUnit::Minute, axis}), {}, {}};
+  captions.Label6 = {"Time", "Viscosity", "Temp", "2026/11/21 09:30:00", "oil.csv", "(min)", "Remarks: none"};
+  captions.Label10.fill("sample\r1128.0");
+  captions.Label10[0] = "Final\rValue";
+  return captions;
 }
 
 LabelLayout Layout(GraphKind kind, ViscoAxis axis = ViscoAxis::Linear, double width = 8000,
@@ -89,7 +94,7 @@ TEST(LabelLayout, NothingOverlapsOrLeavesTheAreaInAnyKindAxisAndSize) {
     for (const double height : {5200.0, 8000.0, 30000.0}) {
       for (const auto kind : {GraphKind::ViscoTime, GraphKind::ViscoTempTime, GraphKind::ViscoTemp}) {
         for (int decades = 0; decades <= 7; ++decades) {
-          const AxisLabels labels =
+          const Captions labels =
               decades == 0 ? Labels(ViscoAxis::Linear) : Labels(ViscoAxis::Log, -1, decades - 1);
           const auto visible = Visible(LayoutLabels(width, height, kind, labels, TextWidth));
           for (std::size_t i = 0; i < visible.size(); ++i) {
@@ -114,13 +119,13 @@ TEST(LabelLayout, NothingOverlapsOrLeavesTheAreaInAnyKindAxisAndSize) {
 }
 
 TEST(LabelLayout, NoTextIsCutFromTheSmallestUsualWindowOn) {
-  const AxisLabels labels = Labels(ViscoAxis::Log, 2, 5);
+  const Captions labels = Labels(ViscoAxis::Log, 2, 5);
   for (const double width : {5430.0, 9000.0, 40000.0}) {
     for (const double height : {6330.0, 9000.0, 30000.0}) {
       const LabelLayout layout = LayoutLabels(width, height, GraphKind::ViscoTempTime, labels, TextWidth);
       EXPECT_LE(TextWidth("100000", layout.text_height), layout.Label5[3].box.width + 1);
       EXPECT_LE(TextWidth("2026/11/21 09:30:00", layout.text_height), layout.Label6[3].box.width + 1);
-      EXPECT_LE(TextWidth("1128.0", layout.legend_text_height), layout.Label10[10].box.width + 1);
+      EXPECT_LE(TextWidth("1128.0", layout.Label10[10].text_height), layout.Label10[10].box.width + 1);
       EXPECT_LE(layout.Label6[6].box.top + layout.Label6[6].box.height, height + 1);
       EXPECT_GE(layout.text_height, 7 * 15);
     }
@@ -132,11 +137,66 @@ TEST(LabelLayout, ASizeOfNothingLeavesReadableLettersInPlaces) {
     const LabelLayout layout =
         LayoutLabels(size, size, GraphKind::ViscoTempTime, Labels(ViscoAxis::Log), TextWidth);
     EXPECT_GE(layout.text_height, 7 * 15) << size;
-    EXPECT_GE(layout.legend_text_height, 7 * 15) << size;
+    EXPECT_GE(layout.Label10[1].text_height, 7 * 15) << size;
     for (const Placed& placed : Visible(layout)) {
       const Box& box = placed.label.box;
       for (const double value : {box.left, box.top, box.width, box.height})
         EXPECT_TRUE(std::isfinite(value)) << placed.name << " at " << size;
+    }
+  }
+}
+
+TEST(LabelLayout, ASingleLongValueTakesTheFreePlacesBesideIt) {
+  Captions captions = Labels(ViscoAxis::Linear);
+  for (std::size_t run = 2; run <= 10; ++run) captions.Label10[run].clear();
+  captions.Label10[1] = "No.1\r1360000000.125";
+  const LabelLayout layout = LayoutLabels(9000, 8000, GraphKind::ViscoTime, captions, TextWidth);
+  EXPECT_THAT(layout.Label10[1].lines, testing::ElementsAre("No.1", "1360000000.125"));
+  EXPECT_EQ(layout.Label10[1].text_height, layout.text_height);
+  EXPECT_FALSE(layout.Label10[2].visible);
+}
+
+TEST(LabelLayout, ATitleTakesTheRoomThatFileNameAndDateLeaveIt) {
+  Captions captions = Labels(ViscoAxis::Linear);
+  captions.Label6[1] = "Viscosity (mPa.s)";
+  captions.Label6[2] = "Temperature (C)";
+  for (const double width : {7000.0, 9000.0, 12000.0}) {
+    const LabelLayout layout = LayoutLabels(width, 5200, GraphKind::ViscoTempTime, captions, TextWidth);
+    EXPECT_THAT(layout.Label6[1].lines, testing::ElementsAre("Viscosity (mPa.s)")) << width;
+    EXPECT_THAT(layout.Label6[2].lines, testing::ElementsAre("Temperature (C)")) << width;
+    EXPECT_TRUE(layout.Label6[1].whole);
+  }
+  captions.Label6[1] = "Apparent viscosity of the resin with hardener (mPa.s)";
+  captions.Label6[4] = std::string(60, 'm') + ".csv";
+  const LabelLayout layout = LayoutLabels(9000, 7000, GraphKind::ViscoTempTime, captions, TextWidth);
+  EXPECT_FALSE(layout.Label6[1].whole);
+  EXPECT_TRUE(layout.Label6[1].lines.front().ends_with("…"));
+  EXPECT_TRUE(layout.Label6[3].whole) << "the date has its room in any case";
+}
+
+// Letters of whole pixels, rounded as a picture does.
+double WholePixels(std::string_view text, double height) {
+  return TextWidth(text, 15 * std::round(height / 15));
+}
+
+TEST(LabelLayout, NumbersAreShownWholeOrNotAtAll) {
+  Captions captions = Labels(ViscoAxis::Linear);
+  for (std::string& end : captions.Label5) end = "1360000000";
+  for (TickLabel& tick : captions.Label8) tick.text = "1234567.8";
+  for (TickLabel& tick : captions.Label9) tick.text = "-12345.678";
+  for (std::size_t run = 1; run <= 10; ++run) captions.Label10[run] = "No.1\r1360000000";
+  for (const auto kind : {GraphKind::ViscoTime, GraphKind::ViscoTempTime, GraphKind::ViscoTemp}) {
+    for (double width = 2000; width < 30000; width += 250) {
+      const LabelLayout layout = LayoutLabels(width, 9000, kind, captions, WholePixels);
+      for (const Placed& placed : Visible(layout)) {
+        const std::string& text = placed.label.lines.back();
+        const bool number = text.find_first_of("0123456789") != text.npos;
+        const bool titles = placed.name.starts_with("Label6.");
+        EXPECT_TRUE(titles || !number || text.find("…") == text.npos) << placed.name << ' ' << text;
+        EXPECT_TRUE(width < 12000 || placed.label.whole) << placed.name << ' ' << text << " at " << width;
+        EXPECT_LE(WholePixels(text, placed.label.text_height), placed.label.box.width + 1)
+            << placed.name << ' ' << text << " at " << width;
+      }
     }
   }
 }

@@ -26,21 +26,34 @@ TEST(GraphPane, DrawsAtFirstWhatItDrawsLater) {
   EXPECT_TRUE(pane.grab().toImage() == first);
 }
 
-TEST(Caption, ShowsOfALongTextWhatFitsBeforeAnEllipsis) {
-  const auto shown = [](const QString& text, int width) {
-    Caption caption(text);
-    caption.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    caption.resize(width, 40);
-    return caption.grab().toImage();
-  };
-  const QString name = QStringLiteral("Polymer 12");
-  const QString cut = QStringLiteral("Polymer…");
-  const QFontMetrics font(QLabel().font());
-  const int room = font.horizontalAdvance(QStringLiteral("Polymer …")) - 1;
-  ASSERT_LT(room, font.horizontalAdvance(name));
-  EXPECT_TRUE(shown(name, room) == shown(cut, room));
-  EXPECT_TRUE(shown(name + u'\n' + name, room) == shown(cut + u'\n' + cut, room));
-  EXPECT_FALSE(shown(name, 400) == shown(cut, 400)) << "all of it has room";
+TEST(GraphPane, ShowsACutTitleWholeInItsToolTip) {
+  PaneBench bench;
+  bench.Open("1,0,30,mPa.s,25\r\n");
+  GraphPane pane(bench.document, bench.live, bench.settings, bench.colors, nullptr);
+  pane.resize(800, 600);
+  pane.show();
+  auto* title = pane.findChild<Caption*>(QStringLiteral("Label6[1]"));
+  EXPECT_EQ(title->toolTip(), "Title of the left axis");
+  const QImage whole = title->grab().toImage();
+
+  const std::string name = "<b>Apparent</b> viscosity " + std::string(200, 'm');
+  bench.document.SetTitle(bench.document.ViscoColumn(), name);
+  pane.LayoutLabels();
+  EXPECT_EQ(title->text().toStdString(), name);
+  EXPECT_TRUE(title->toolTip().contains(QStringLiteral("&lt;b&gt;Apparent")))
+      << title->toolTip().toStdString();
+  EXPECT_FALSE(title->grab().toImage() == whole);
+}
+
+TEST(GraphPane, AnEndlessNameLeavesTheValueInTheLegend) {
+  PaneBench bench;
+  bench.Open("1,0,30.25,mPa.s,25\r\n");
+  bench.document.SetSampleName(1, std::string(5000, 'm'));
+  GraphPane pane(bench.document, bench.live, bench.settings, bench.colors, nullptr);
+  pane.resize(800, 600);
+  pane.show();
+  const auto* entry = pane.findChild<Caption*>(QStringLiteral("Label10[1]"));
+  EXPECT_TRUE(entry->text().endsWith(QStringLiteral("\n30.25")));
 }
 
 }  // namespace
