@@ -2,11 +2,11 @@
 #include "graph/graph_pane.h"
 
 #include <QApplication>
-#include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
 #include <utility>
 
+#include "graph/caption_painter.h"
 #include "graph/legend_plan.h"
 #include "graph/plot_look.h"
 #include "graph/screen_color.h"
@@ -32,39 +32,27 @@ QString TwoLines(const std::string& caption) {
   return ToShortQString(entry.name) + QLatin1Char('\n') + ToShortQString(entry.value);
 }
 
-QFont LabelFont(const QWidget* widget, double text_height) {
-  QFont font = widget->font();
-  font.setPixelSize(std::max(1, static_cast<int>(text_height / kTwipsPerPixel)));
-  return font;
-}
-
-Qt::Alignment AlignmentOf(TextSide side) {
-  const Qt::Alignment across = side == TextSide::kLeft    ? Qt::AlignLeft
-                               : side == TextSide::kRight ? Qt::AlignRight
-                                                          : Qt::AlignHCenter;
-  return across | Qt::AlignVCenter;
-}
-
 }  // namespace
 
-void Caption::Place(const PlacedLabel& placed) {
-  QStringList lines;
-  for (const std::string& line : placed.lines) lines += ToQString(line);
-  const QString shown = lines.join(QLatin1Char('\n'));
-  if (std::exchange(shown_, shown) != shown) update();
+void Caption::Place(const PlacedLabel& placed, Color ground) {
   setVisible(placed.visible && !text().isEmpty());
-  if (!placed.visible) return;
-  const QFont letters = LabelFont(parentWidget(), placed.text_height);
-  if (font() != letters) setFont(letters);
+  if (placed_ == placed && ground_ == ground) return;
+  placed_ = placed;
+  ground_ = ground;
   setGeometry(PixelsOf(placed.box.left), PixelsOf(placed.box.top), PixelsOf(placed.box.width),
               PixelsOf(placed.box.height));
-  setAlignment(AlignmentOf(placed.side));
+  update();
 }
 
 void Caption::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(rect(), static_cast<int>(alignment()), shown_);
+  const QSize pixels = size() * devicePixelRatioF();
+  painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
+  platform::qt::QtDrawingSurface surface(painter, pixels, devicePixelRatioF());
+  surface.SetViewport(
+      {surface.Whole(),
+       {x() * kTwipsPerPixel, y() * kTwipsPerPixel, width() * kTwipsPerPixel, height() * kTwipsPerPixel}});
+  DrawCaption(surface, placed_, ToColor(palette().color(QPalette::WindowText)), ground_);
 }
 
 void Caption::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -202,13 +190,14 @@ void GraphPane::LayoutLabels() {
   plot_.Set(Settings(), document_.Ranges());  // how wide the plot is decides about smooth lines
   const Captions texts = CaptionsOf(document_, graph_);
   FillCaptions(texts);
-  const auto text_width = [this](std::string_view text, double text_height) {
-    const QFontMetricsF font(LabelFont(this, text_height));
-    return font.horizontalAdvance(ToQString(text)) * kTwipsPerPixel;
+  // As the captions will be drawn: on a screen of fine pixels their letters are finer, too.
+  const double pixel = kTwipsPerPixel / devicePixelRatioF();
+  const auto text_width = [&](std::string_view text, double text_height) {
+    return platform::qt::QtDrawingSurface::TextWidthIn(font(), text, text_height / pixel) * pixel;
   };
   const LabelLayout layout = graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), texts, text_width);
-  const auto place = [](auto& captions, const auto& placed, std::size_t from) {
-    for (std::size_t i = from; i < captions.size(); ++i) captions[i]->Place(placed[i]);
+  const auto place = [this](auto& captions, const auto& placed, std::size_t from) {
+    for (std::size_t i = from; i < captions.size(); ++i) captions[i]->Place(placed[i], colors_.BackColor());
   };
   place(Label5, layout.Label5, 0);
   place(Label6, layout.Label6, 0);

@@ -3,7 +3,6 @@
 
 #include <QImage>
 #include <QLabel>
-#include <QString>
 #include <QWidget>
 #include <array>
 #include <functional>
@@ -25,7 +24,7 @@ class Caption : public QLabel {
  public:
   using QLabel::QLabel;
 
-  void Place(const PlacedLabel& placed);
+  void Place(const PlacedLabel& placed, Color ground);
 
  signals:
   void DblClick();
@@ -35,7 +34,8 @@ class Caption : public QLabel {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
-  QString shown_;
+  PlacedLabel placed_;
+  Color ground_;
 };
 
 // The graph on the screen: Picture1 with the captions, and Picture2, the plot, among them.

@@ -18,6 +18,8 @@ constexpr double kSmallestNumber = 5 * kTwipsPerPixel;  // that has no room in o
 constexpr double kSmallestLegendText = 8 * kTwipsPerPixel;
 constexpr double kLargestText = 24 * kTwipsPerPixel;
 constexpr double kShrunkText = 0.66;  // letters of a text before it is cut, as a part of the others
+constexpr double kBar = 0.4;          // of a run, in letters
+constexpr double kLegendLines = 2.4;  // the two below it
 constexpr double kRounding = 0.01;    // what sums of lengths may lose
 
 // The plot's ends in units: its area begins at 0.9 and leaves 1 % of its range free on each side.
@@ -58,9 +60,9 @@ class Layout {
             TextSide::kLeft);
     }
     if (kind_ == GraphKind::ViscoTempTime) PlaceTemperature();
-    const double legend_bottom = PlaceLegend(title_below + line_);
+    const double legend_bottom = PlaceLegend(title_below + line_ + 0.1 * result_.text_height);
     Write(result_.Label6[6], texts_.Label6[6],
-          {X(0.1), std::max(legend_bottom, Y(13.45) - line_), X(7.8), line_}, TextSide::kLeft);
+          {X(0.1), std::max(legend_bottom, Y(13.48) - line_), X(7.8), line_}, TextSide::kLeft);
     return std::move(result_);
   }
 
@@ -82,9 +84,9 @@ class Layout {
     return [this, text_height](std::string_view text) { return Width(text, text_height) - kRounding; };
   }
 
-  // Five lines stand below the plot, and beside it the longest label of an axis.
+  // Below the plot stand five lines and the bars of the legend, and beside it the longest label of an axis.
   double TextHeight() const {
-    double text_height = std::clamp(0.36 * unit_y_, kSmallestText, kLargestText);
+    double text_height = std::clamp(0.34 * unit_y_, kSmallestText, kLargestText);
     const auto fit = [&](std::string_view text, double units) {
       text_height =
           HeightToFit(text, X(units), text_height, kSmallestText,
@@ -189,7 +191,9 @@ class Layout {
 
   // The heading left of the plot's edge and the runs from there on. Returns where the legend ends.
   double PlaceLegend(double top) {
-    const double bottom = top + 2 * line_;
+    const double bar = kBar * result_.text_height;
+    const double height = bar + kLegendLines * result_.text_height;
+    const double bottom = top + height;
     std::vector<LegendEntry> entries;
     std::vector<PlacedLabel*> labels;
     for (std::size_t run = 1; run < texts_.Label10.size(); ++run) {
@@ -208,20 +212,22 @@ class Layout {
                    [this](std::string_view text, double letters) { return Width(text, letters); });
     // From the plot's edge on, where that leaves the room.
     double left = std::min(X(kPlotLeft), X(7.9) - plan.Width() + plan.heading);
-    result_.Label10[0] = {{left - plan.heading, top, plan.heading - plan.gap / 2, 2 * line_},
+    result_.Label10[0] = {{left - plan.heading, top + bar, plan.heading - plan.gap / 2, height - bar},
                           TextSide::kRight,
                           true,
                           plan.text_height,
                           {heading.name, heading.value},
-                          true};
+                          true,
+                          0};
     for (std::size_t i = 0; i < entries.size(); ++i) {
       PlacedLabel& label = *labels[i];
-      label = {{left + plan.gap / 2, top, std::max(plan.columns[i] - plan.gap, 0.0), 2 * line_},
+      label = {{left + plan.gap / 2, top, std::max(plan.columns[i] - plan.gap, 0.0), height},
                TextSide::kCentre,
                true,
                plan.text_height,
                {},
-               true};
+               true,
+               bar};
       const auto width = WidthIn(plan.text_height);
       label.lines = {FitText(entries[i].name, label.box.width, width),
                      FitNumber(entries[i].value, label.box.width, width)};

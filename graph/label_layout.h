@@ -17,6 +17,7 @@ struct Box {
   double top = 0;
   double width = 0;
   double height = 0;
+  bool operator==(const Box&) const = default;
 };
 
 enum class TextSide { kLeft, kCentre, kRight };
@@ -27,8 +28,10 @@ struct PlacedLabel {
   TextSide side = TextSide::kCentre;
   bool visible = false;
   double text_height = 0;          // in twips
-  std::vector<std::string> lines;  // about the middle of the box
+  std::vector<std::string> lines;  // below the bar
   bool whole = true;               // nothing is cut off the text
+  double bar = 0;                  // how high the bar in the run's colour is, at the top of the box
+  bool operator==(const PlacedLabel&) const = default;
 };
 
 // Where every caption around the plot stands, on the grid of 8 by 13.5 units that the graph area is divided

@@ -12,4 +12,9 @@ inline Color FromQColor(const QColor& color) {
   return {static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16)};
 }
 
+inline Color ToColor(const QColor& color) {
+  const auto level = [](int of) { return static_cast<std::uint32_t>(of); };
+  return {level(color.red()) | level(color.green()) << 8 | level(color.blue()) << 16};
+}
+
 }  // namespace quenlor::graph

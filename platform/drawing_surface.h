@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -21,7 +22,8 @@ struct Pen {
   Rgb color;
   double width = 1;  // in pens; how many device pixels one is, the surface knows
   LineStyle style = LineStyle::kSolid;
-  bool smooth = false;  // antialiased, and not moved to whole pixels
+  bool smooth = false;              // antialiased, and not moved to whole pixels
+  std::optional<Rgb> outline = {};  // thin, round the letters of texts
   bool operator==(const Pen&) const = default;
 };
 
@@ -49,7 +51,7 @@ class DrawingSurface {
 
   virtual void SetViewport(const Viewport& viewport) = 0;
   virtual const Viewport& CurrentViewport() const = 0;
-  virtual void SetPen(const Pen& pen) = 0;  // for everything but Clear; a text takes its colour
+  virtual void SetPen(const Pen& pen) = 0;  // for everything but Clear; a text takes its colours
 
   virtual void Clear(Rgb color) = 0;  // the viewport's area
   virtual void DrawLines(std::span<const Segment> lines) = 0;

@@ -6,6 +6,7 @@
 
 #include "data/utf8.h"
 #include "graph/fit_text.h"
+#include "graph/legend_plan.h"
 #include "graph/map_to_position.h"
 #include "graph/shown_labels.h"
 #include "reports/page_text.h"
@@ -20,6 +21,7 @@ using graph::TextSide;
 constexpr double kLineHeight = 1.25;  // of the letters'
 constexpr double kSmallest = 0.66;    // letters, as a part of the usual ones
 constexpr double kHeading = 1.2;      // those of the file name
+constexpr double kRounding = 0.01;    // what sums of lengths may lose, in twips
 constexpr double kFoot = 13.4;        // where the captions end, in UnitY
 
 class Placing {
@@ -80,21 +82,34 @@ class Placing {
 
   // Letters of at most that height in which the text is no wider, if they need not be too small for it.
   double HeightToFit(std::string_view text, double width, double height) const {
-    return graph::HeightToFit(text, width, height, Smallest(),
+    return HeightToFit(text, width, height, Smallest());
+  }
+  double HeightToFit(std::string_view text, double width, double height, double smallest) const {
+    return graph::HeightToFit(text, width, height, smallest,
                               [this](std::string_view part, double letters) { return Width(part, letters); });
   }
 
   // A label of one line, in the middle of the box's height.
   void Write(PageLabel& label, const Box& box, TextSide side, double height) const {
-    label.Move(box);
-    label.side = side;
-    const std::string line = PlainLine(label.text);
-    label.text_height = std::min(HeightToFit(line, box.width, height), height);
-    label.lines = {graph::FitText(line, box.width,
-                                  [&](std::string_view part) { return Width(part, label.text_height); })};
-    label.visible = !label.lines.front().empty();
+    WriteFitted(label, box, side, HeightToFit(PlainLine(label.text), box.width, height), graph::FitText);
   }
   void Write(PageLabel& label, const Box& box, TextSide side) const { Write(label, box, side, text_height_); }
+
+  // A number of a scale; it is never shown in part.
+  void WriteNumber(PageLabel& label, const Box& box, TextSide side, double height) const {
+    const double letters = HeightToFit(label.text, box.width, height, Smallest() / 2);
+    WriteFitted(label, box, side, letters, graph::FitNumber);
+  }
+
+  template <class Fit>
+  void WriteFitted(PageLabel& label, const Box& box, TextSide side, double height, const Fit& fit) const {
+    label.Move(box);
+    label.side = side;
+    label.text_height = height;
+    label.lines = {
+        fit(PlainLine(label.text), box.width, [&](std::string_view part) { return Width(part, height); })};
+    label.visible = !label.lines.front().empty();
+  }
 
   // The file name over the date, and the axis titles beside them.
   void PlaceHeader() {
@@ -134,22 +149,22 @@ class Placing {
   void PlaceLeftScale() {
     const double left = X(0.05);
     const double height = ScaleHeight(labels_.Label4, labels_.Label1[2], labels_.Label1[3], X(0.85));
-    Write(labels_.Label1[2], Beside(left, 0), TextSide::kRight, height);
-    Write(labels_.Label1[3], Beside(left, 1), TextSide::kRight, height);
+    WriteNumber(labels_.Label1[2], Beside(left, 0), TextSide::kRight, height);
+    WriteNumber(labels_.Label1[3], Beside(left, 1), TextSide::kRight, height);
     const auto apart = graph::LabelsApart(captions_.Label8, line_ / (grid_.Bottom() - grid_.Top()));
     for (std::size_t i = 1; i < labels_.Label4.size(); ++i) {
       if (apart[i])
-        Write(labels_.Label4[i], Beside(left, captions_.Label8[i].place), TextSide::kRight, height);
+        WriteNumber(labels_.Label4[i], Beside(left, captions_.Label8[i].place), TextSide::kRight, height);
     }
   }
 
   void PlaceRightScale() {
     const double left = X(7.1);
     const double height = ScaleHeight(labels_.Label5, labels_.Label1[4], labels_.Label1[5], X(0.85));
-    Write(labels_.Label1[4], Beside(left, 0), TextSide::kLeft, height);
-    Write(labels_.Label1[5], Beside(left, 1), TextSide::kLeft, height);
+    WriteNumber(labels_.Label1[4], Beside(left, 0), TextSide::kLeft, height);
+    WriteNumber(labels_.Label1[5], Beside(left, 1), TextSide::kLeft, height);
     for (std::size_t i = 1; i < labels_.Label5.size(); ++i) {
-      Write(labels_.Label5[i], Beside(left, captions_.Label9[i].place), TextSide::kLeft, height);
+      WriteNumber(labels_.Label5[i], Beside(left, captions_.Label9[i].place), TextSide::kLeft, height);
     }
   }
 
@@ -168,10 +183,10 @@ class Placing {
       const double middle = graph::MapToPosition(place, 0, 1, grid_.Left(), grid_.Right());
       return Box{middle - room / 2, top, room, line_};
     };
-    Write(low, at(0), TextSide::kCentre, height);
-    Write(high, at(1), TextSide::kCentre, height);
+    WriteNumber(low, at(0), TextSide::kCentre, height);
+    WriteNumber(high, at(1), TextSide::kCentre, height);
     for (int i = stride; i < divisions; i += stride) {
-      Write(ticks[static_cast<std::size_t>(i)], at(1.0 * i / divisions), TextSide::kCentre, height);
+      WriteNumber(ticks[static_cast<std::size_t>(i)], at(1.0 * i / divisions), TextSide::kCentre, height);
     }
   }
 
@@ -189,49 +204,43 @@ class Placing {
     Write(labels_.Label2[5], {left + title + gap, top, unit + 0.01 * gap, line_}, TextSide::kLeft);
   }
 
-  // How the legend is divided: beside its heading, so many runs to a row.
-  struct LegendPlan {
-    int rows = 1;
-    int columns = 1;
-    double cell = 0;
-    double text_height = 0;
-    bool complete = true;  // no name is cut
-    double RowHeight() const { return 2 * kLineHeight * text_height; }
-    double Height() const { return rows * RowHeight(); }
-  };
+  // The bar over each entry, as a part of its letters' height, and the two lines below it.
+  static constexpr double kBar = 0.4;
+  static constexpr double kEntry = kBar + 2 * kLineHeight;
 
-  static std::vector<std::string> TwoLines(const std::string& text) {
-    const std::size_t end = std::min(text.rfind('\r'), text.size());
-    return {PlainLine(text.substr(0, end)), PlainLine(text.substr(std::min(end + 1, text.size())))};
+  double HeightOf(const graph::LegendPlan& plan) const {
+    return plan.rows * kEntry * plan.text_height + (plan.rows - 1) * RowGap();
+  }
+
+  static graph::LegendEntry EntryOf(const PageLabel& label) {
+    graph::LegendEntry entry(label.text);
+    entry.name = PlainLine(entry.name);
+    entry.value = PlainLine(entry.value);
+    return entry;
+  }
+
+  std::vector<graph::LegendEntry> Runs() const {
+    std::vector<graph::LegendEntry> runs;
+    for (std::size_t run = 1; run < labels_.Label6.size(); ++run) {
+      if (!labels_.Label6[run].text.empty()) runs.push_back(EntryOf(labels_.Label6[run]));
+    }
+    return runs;
   }
 
   // `room` is what there is for the legend from top to bottom.
-  LegendPlan PlanLegend(int runs, int rows, double room) const {
-    const double highest = (room - (rows - 1) * CellGap()) / (2 * kLineHeight * rows);
-    LegendPlan plan{rows, (runs + rows - 1) / rows, 0, std::clamp(highest, Smallest(), text_height_)};
-    double widest = 0;
-    for (const PageLabel& label : labels_.Label6) {
-      for (const std::string& line : TwoLines(label.text))
-        widest = std::max(widest, Width(line, text_height_));
-    }
-    plan.cell = std::min(widest + 2 * CellGap(), X(7.8) / (plan.columns + 1));
-    const double width = plan.cell - CellGap();
-    for (const PageLabel& label : labels_.Label6) {
-      for (const std::string& line : TwoLines(label.text)) {
-        plan.text_height = HeightToFit(line, width, plan.text_height);
-        plan.complete = plan.complete && Width(line, plan.text_height) <= width;
-      }
-    }
-    return plan;
+  graph::LegendPlan PlanLegend(const std::vector<graph::LegendEntry>& runs, int rows, double room) const {
+    const double highest = (room - (rows - 1) * RowGap()) / (kEntry * rows);
+    const double letters = std::clamp(highest, Smallest(), text_height_);
+    return graph::PlanLegend(EntryOf(labels_.Label6[0]), runs, rows,
+                             {X(7.8), 0.5, 0, letters, Smallest(), Smallest() / 2},
+                             [this](std::string_view text, double height) { return Width(text, height); });
   }
   double RemarksGap() const { return Y(0.08); }
-  double CellGap() const { return 0.5 * text_height_; }  // from one plate to the next
+  double RowGap() const { return 0.5 * text_height_; }
 
   void PlaceLegendAndRemarks(double top) {
-    const int runs =
-        static_cast<int>(std::count_if(labels_.Label6.begin() + 1, labels_.Label6.end(),
-                                       [](const PageLabel& label) { return !label.text.empty(); }));
-    if (runs == 0) {
+    const std::vector<graph::LegendEntry> runs = Runs();
+    if (runs.empty()) {
       WriteRemarks(top);
       return;
     }
@@ -239,37 +248,46 @@ class Placing {
     // the room, and if names would be cut without it: runs that cannot be told apart are worse than remarks
     // that end too early. Two lines of remarks have room in any case.
     const double room = Y(kFoot) - RemarksGap() - 2 * kLineHeight * Smallest() - top;
-    const LegendPlan one = PlanLegend(runs, 1, room);
-    const LegendPlan two = PlanLegend(runs, 2, room);
-    const bool better = one.text_height < 0.95 * text_height_ && runs > 1;
+    const graph::LegendPlan one = PlanLegend(runs, 1, room);
+    const graph::LegendPlan two = PlanLegend(runs, 2, room);
+    const bool better = one.text_height < 0.95 * text_height_ && runs.size() > 1;
     const bool second_row = better && (WriteRemarks(RemarksTop(top, two)) || !one.complete);
-    const LegendPlan& plan = second_row ? two : one;
+    const graph::LegendPlan& plan = second_row ? two : one;
     WriteRemarks(RemarksTop(top, plan));
     WriteLegend(plan, top);
   }
 
-  double RemarksTop(double legend_top, const LegendPlan& plan) const {
-    return legend_top + plan.Height() + (plan.rows - 1) * CellGap() + RemarksGap();
+  double RemarksTop(double legend_top, const graph::LegendPlan& plan) const {
+    return legend_top + HeightOf(plan) + RemarksGap();
   }
 
-  void WriteLegend(const LegendPlan& plan, double top) {
-    const double left = X(4) - (plan.columns + 1) * plan.cell / 2;
-    const auto write = [&](PageLabel& label, int column, int row) {
-      label.Move({left + column * plan.cell + CellGap() / 2, top + row * (plan.RowHeight() + CellGap()),
-                  plan.cell - CellGap(), plan.RowHeight()});
+  void WriteLegend(const graph::LegendPlan& plan, double top) {
+    const double height = kEntry * plan.text_height;
+    const double bar = kBar * plan.text_height;
+    const auto write = [&](PageLabel& label, const Box& box) {
+      label.Move(box);
       label.text_height = plan.text_height;
-      for (const std::string& line : TwoLines(label.text)) {
-        label.lines.push_back(graph::FitText(
-            line, label.box.width, [&](std::string_view part) { return Width(part, label.text_height); }));
-      }
+      const auto width = [&](std::string_view part) { return Width(part, plan.text_height) - kRounding; };
+      const graph::LegendEntry entry = EntryOf(label);
+      label.lines = {graph::FitText(entry.name, box.width, width),
+                     graph::FitNumber(entry.value, box.width, width)};
       label.visible = true;
     };
-    write(labels_.Label6[0], 0, 0);
-    int place = 0;
+    double left = X(4) - plan.Width() / 2 + plan.gap / 2;
+    write(labels_.Label6[0], {left, top + bar, plan.heading - plan.gap, height - bar});
+    const double first = left + plan.heading;
+    std::size_t column = 0;
     for (std::size_t run = 1; run < labels_.Label6.size(); ++run) {
-      if (labels_.Label6[run].text.empty()) continue;
-      write(labels_.Label6[run], 1 + place % plan.columns, place / plan.columns);
-      ++place;
+      PageLabel& label = labels_.Label6[run];
+      if (label.text.empty()) continue;
+      if (column % plan.columns.size() == 0) {
+        left = first;
+        if (column > 0) top += height + RowGap();
+      }
+      const double width = plan.columns[column++ % plan.columns.size()];
+      write(label, {left, top, std::max(width - plan.gap, 0.0), height});
+      label.bar = bar;
+      left += width;
     }
   }
 

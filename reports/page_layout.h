@@ -44,6 +44,7 @@ struct PageLabel {
   bool visible = false;
   double text_height = 0;
   std::vector<std::string> lines;  // what is set of the text, each line in an equal part of the box
+  double bar = 0;                  // how much of its top a bar in the colour takes
 
   void Move(const graph::Box& to) { box = to; }
 };

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "graph/caption_painter.h"
 #include "graph/curve_lines.h"
 #include "graph/plot_grid.h"
 #include "reports/page_colors.h"
@@ -25,6 +26,7 @@ constexpr double kSolidLine = 0.75;
 constexpr double kFrameLine = 1;
 
 const platform::Rgb kInk = ToRgb(graph::kBlack);
+const platform::Rgb kHalfInk{128, 128, 128};  // of dotted lines, which stand behind the curves
 const platform::Rgb kPaper = ToRgb(graph::kWhite);
 
 // The page as it is being drawn. Whatever is no curve is black on white: paper has no other scheme.
@@ -90,15 +92,15 @@ class Page {
     return lines;
   }
 
-  void DrawThin(const std::vector<Segment>& lines, double width, LineStyle style) {
+  void DrawThin(const std::vector<Segment>& lines, const platform::Pen& pen) {
     if (lines.empty()) return;
-    surface_.SetPen({kInk, width, style, true});
+    surface_.SetPen(pen);
     surface_.DrawLines(lines);
   }
 
   void DrawGrid() {
-    DrawThin(lines_.dotted, kDottedLine, LineStyle::kDotted);
-    DrawThin(lines_.solid, kSolidLine, LineStyle::kSolid);
+    DrawThin(lines_.dotted, {kHalfInk, kDottedLine, LineStyle::kDotted, true});
+    DrawThin(lines_.solid, {kInk, kSolidLine, LineStyle::kSolid, true});
   }
 
   void DrawCurves() {
@@ -114,7 +116,7 @@ class Page {
     std::vector<Segment> lines = {Vertical(grid_.Left()), Horizontal(grid_.Top()), Vertical(grid_.Right()),
                                   Horizontal(grid_.Bottom())};
     lines.insert(lines.end(), lines_.ticks.begin(), lines_.ticks.end());
-    DrawThin(lines, kFrameLine, LineStyle::kSolid);
+    DrawThin(lines, {kInk, kFrameLine, LineStyle::kSolid, true});
   }
 
   // The sample of each of the two curves, beside the title of its axis.
@@ -146,11 +148,13 @@ class Page {
   }
 
   void DrawLabel(const PageLabel& label) {
-    if (NeedsPlate(label.color)) DrawPlate(label.box);
-    surface_.SetPen({ToRgb(label.color)});
+    const graph::Box& box = label.box;
+    if (label.bar > 0)
+      graph::DrawBar(surface_, {box.left, box.top, box.width, label.bar}, label.color, graph::kWhite);
+    surface_.SetPen(graph::LetterPen(label.color, graph::kWhite));
     const auto [x, across] = Anchor(label);
-    const double line = label.box.height / static_cast<double>(label.lines.size());
-    double middle = label.box.top + line / 2;
+    const double line = (box.height - label.bar) / static_cast<double>(label.lines.size());
+    double middle = box.top + label.bar + line / 2;
     for (const std::string& text : label.lines) {
       if (!text.empty()) {
         surface_.DrawText({x, middle}, across, platform::Down::kCentre, text, label.text_height);
@@ -169,17 +173,6 @@ class Page {
         break;
     }
     return {label.box.left + label.box.width / 2, platform::Across::kCentre};
-  }
-
-  void DrawPlate(const graph::Box& box) {
-    const int left = viewport_.Column(box.left);
-    const int top = viewport_.Row(box.top);
-    const PixelRectangle area{left, top, viewport_.Column(box.left + box.width) - left,
-                              viewport_.Row(box.top + box.height) - top};
-    if (area.Empty()) return;
-    surface_.SetViewport({area, {box.left, box.top, box.width, box.height}});
-    surface_.Clear(kInk);
-    surface_.SetViewport(viewport_);
   }
 
   DrawingSurface& surface_;

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "data/text_number.h"
+#include "graph/readable_color.h"
 #include "graph/screen_color.h"
 
 namespace quenlor::app {
@@ -42,10 +44,12 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const data::Document::Row row = index.row() + 1;
   if (role == Qt::DisplayRole) return Text(row, index.column() + 1);
   if (role == Qt::TextAlignmentRole) return QVariant(SideOf(TableText(row, index.column() + 1)));
-  if (role == Qt::ForegroundRole && TextsInRunColor()) {
-    if (const auto run = RunOfRow(row)) return ToQColor(graph::RunColor(colors_.Colors(), *run));
-  }
-  return {};
+  if ((role != Qt::ForegroundRole && role != Qt::BackgroundRole) || !TextsInRunColor()) return {};
+  const auto run = RunOfRow(row);
+  if (!run) return {};
+  const graph::Color color = graph::RunColor(colors_.Colors(), *run);
+  if (role == Qt::ForegroundRole) return ToQColor(color);
+  return graph::CanBeRead(color, base_) ? QVariant() : ToQColor(graph::PlateBehind(color));
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -123,8 +127,13 @@ void GridModel::ColumnsChanged() {
 
 void GridModel::ColorsChanged() {
   if (shown_rows_ == 0 || shown_cols_ == 0) return;
-  emit dataChanged(index(0, 0), index(shown_rows_ - 1, shown_cols_ - 1), {Qt::ForegroundRole});
+  emit dataChanged(index(0, 0), index(shown_rows_ - 1, shown_cols_ - 1),
+                   {Qt::ForegroundRole, Qt::BackgroundRole});
   emit headerDataChanged(Qt::Vertical, 0, shown_rows_ - 1);
+}
+
+void GridModel::SetBase(const QColor& base) {
+  if (std::exchange(base_, graph::ToColor(base)) != base_) ColorsChanged();
 }
 
 void GridModel::DocumentReplaced() {

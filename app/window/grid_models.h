@@ -10,7 +10,7 @@
 
 namespace quenlor::app {
 
-// A grid of the document.
+// A grid of the document. Texts have the colours of their runs; one that could not be read stands on a plate.
 //
 // Nothing is copied. Rows that arrive are shown at the next Sync, many at once: a view's work after an
 // insertion is the same for one row and for a thousand.
@@ -32,6 +32,7 @@ class GridModel : public platform::qt::GridTable, protected data::DocumentListen
   bool Sync() override;
 
   void ColorsChanged();
+  void SetBase(const QColor& base);  // the ground that the view paints, white before it is told
 
  protected:
   virtual data::Document::Row TableRows() const = 0;
@@ -58,6 +59,7 @@ class GridModel : public platform::qt::GridTable, protected data::DocumentListen
  private:
   data::Document& document_;
   const graph::ColorSettings& colors_;
+  graph::Color base_ = graph::kWhite;
   int shown_rows_ = 0;
   int shown_cols_ = 0;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/window/tables_pane.h"
 
+#include <QEvent>
 #include <QVBoxLayout>
 
 namespace quenlor::app {
@@ -33,6 +34,19 @@ TablesPane::TablesPane(Session& session, QWidget* received_data, QWidget* parent
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(received_data);
   layout->addWidget(tabs, 1);
+  TellBase();
+}
+
+// A light scheme may give way to a dark one, and back.
+void TablesPane::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) TellBase();
+}
+
+void TablesPane::TellBase() {
+  for (GridModel* model : {static_cast<GridModel*>(&grid1_model_), static_cast<GridModel*>(&grid2_model_),
+                           static_cast<GridModel*>(&grid4_model_)})
+    model->SetBase(palette().color(QPalette::Base));
 }
 
 int TablesPane::Sync() {

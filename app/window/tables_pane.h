@@ -22,7 +22,12 @@ class TablesPane : public QWidget {
   int Sync();
   void ChangeColor();  // the colours of the runs have become others
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  void TellBase();
+
   Grid1Model grid1_model_;
   Grid2Model grid2_model_;
   Grid4Model grid4_model_;

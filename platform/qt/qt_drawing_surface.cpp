@@ -3,6 +3,7 @@
 
 #include <QFontMetricsF>
 #include <QPaintEngine>
+#include <QPainterPath>
 #include <QPen>
 #include <algorithm>
 #include <array>
@@ -219,21 +220,49 @@ bool QtDrawingSurface::PaintsPixels() const { return painter_.paintEngine()->typ
 void QtDrawingSurface::DrawText(Point position, Across across, Down down, std::string_view text,
                                 double height) {
   if (!painter_.isActive()) return;
-  painter_.setFont(FontOf(height));
-  painter_.drawText(TextAnchor(PlaceOf(position)),
-                    FlagOf(across) | FlagOf(down) | Qt::TextDontClip | Qt::TextSingleLine, Drawable(text));
+  const QFont font = FontOf(height);
+  const int flags = FlagOf(across) | FlagOf(down) | Qt::TextDontClip | Qt::TextSingleLine;
+  const QRectF anchor = TextAnchor(PlaceOf(position));
+  const QString drawable = Drawable(text);
+  painter_.setFont(font);
+  if (pen_.outline) DrawOutline(painter_.boundingRect(anchor, flags, drawable), drawable);
+  painter_.drawText(anchor, flags, drawable);
+}
+
+// Shapes of small letters depend on what has been drawn in them before; those of large ones do not.
+void QtDrawingSurface::DrawOutline(const QRectF& place, const QString& text) {
+  constexpr int kLarge = 1024;
+  const QFont font = painter_.font();
+  QFont large = font;
+  large.setPixelSize(kLarge);
+  const double large_width = QFontMetricsF(large).horizontalAdvance(text);
+  if (!(large_width > 0)) return;
+  QPainterPath letters;
+  letters.addText(0, 0, large, text);
+  QTransform shrink = QTransform::fromTranslate(place.left(), place.top() + QFontMetricsF(font).ascent());
+  shrink.scale(place.width() / large_width, 1.0 * font.pixelSize() / kLarge);
+
+  constexpr double kWidth = 0.1;  // of the letters' height; half of it is hidden by them
+  const QPen outline(ColorOf(*pen_.outline), kWidth * font.pixelSize(), Qt::SolidLine, Qt::RoundCap,
+                     Qt::RoundJoin);
+  painter_.setRenderHint(QPainter::Antialiasing, true);
+  painter_.strokePath(shrink.map(letters), outline);
+  painter_.setRenderHint(QPainter::Antialiasing, pen_.smooth);
 }
 
 double QtDrawingSurface::TextWidth(std::string_view text, double height) const {
   const double across = viewport_.Across(1);
   if (!painter_.isActive() || !(across > 0)) return 0;
-  return QFontMetricsF(FontOf(height)).horizontalAdvance(Drawable(text)) / across;
+  return TextWidthIn(painter_.font(), text, viewport_.Down(height)) / across;
 }
 
-QFont QtDrawingSurface::FontOf(double height) const {
+double QtDrawingSurface::TextWidthIn(const QFont& font, std::string_view text, double pixels) {
+  return QFontMetricsF(FontOf(font, pixels)).horizontalAdvance(Drawable(text));
+}
+
+QFont QtDrawingSurface::FontOf(QFont font, double pixels) {
   constexpr double kLargest = 1e4;
-  QFont font = painter_.font();
-  font.setPixelSize(AtLeastOne(std::min(viewport_.Down(height), kLargest)));
+  font.setPixelSize(AtLeastOne(std::min(pixels, kLargest)));
   // Ligatures would be found as single characters by whoever searches a PDF for words.
   font.setStyleStrategy(QFont::PreferNoShaping);
   return font;

@@ -35,6 +35,9 @@ class QtDrawingSurface final : public DrawingSurface {
   void DrawText(Point position, Across across, Down down, std::string_view text, double height) override;
   double TextWidth(std::string_view text, double height) const override;
 
+  // How wide DrawText makes a text in letters of so many pixels, with a painter of that font; in pixels.
+  static double TextWidthIn(const QFont& font, std::string_view text, double pixels);
+
  private:
   // A marker as drawn once, to be laid wherever it is needed again.
   struct Stamp {
@@ -44,12 +47,14 @@ class QtDrawingSurface final : public DrawingSurface {
     QImage picture;
   };
 
-  QFont FontOf(double height) const;
+  QFont FontOf(double height) const { return FontOf(painter_.font(), viewport_.Down(height)); }
+  static QFont FontOf(QFont font, double pixels);
   QPoint PixelAt(Point point) const { return {viewport_.Column(point.x), viewport_.Row(point.y)}; }
   QPointF PlaceOf(Point point) const;
   bool PaintsPixels() const;
   void DrawPixelLines(std::span<const Segment> lines);
   void DrawCoverage(std::span<const Segment> lines);
+  void DrawOutline(const QRectF& place, const QString& text);
   void DrawMarker(QPoint centre, QSize half, bool circle);
   const QImage& StampOf(QSize half, bool circle);
   bool OutOfSight(Point centre, double half_width, double half_height) const;

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "graph/readable_color.h"
 #include "platform/memory/recording_surface.h"
 #include "tests/graph/opened_file.h"
 #include "tests/graph/random_readings.h"
@@ -29,8 +30,8 @@ struct Drawn {
   RecordingSurface surface;
 
   explicit Drawn(int width, int height, double pen_scale = 1, GraphKind kind = GraphKind::ViscoTime,
-                 const std::string& name = "oil.csv")
-      : file(kFile, name), surface(width, height, pen_scale) {
+                 const std::string& name = "oil.csv", const PlotSettings& with = {})
+      : file(kFile, name), look(with), surface(width, height, pen_scale) {
     file.graph.SetKind(kind);
     look.kind = kind;
     Plot plot(file.graph.Values());
@@ -82,6 +83,30 @@ TEST(GraphPicture, LegendTextsHaveTheColoursOfTheirRuns) {
     const Color color = of_run_1 ? drawn.look.colors[1] : drawn.look.GridColor;
     if (of_run_1 || call.text == "oil.csv") {
       EXPECT_EQ(call.pen.color, ToRgb(color));
+    }
+  }
+}
+
+TEST(GraphPicture, ABarOfTheVeryColourStandsOverARunAndPaleLettersHaveAnOutline) {
+  for (const Color ground : {kWhite, kBlack}) {
+    for (const Color color : {kWhite, kBlack, Color{0x0000FF}}) {
+      PlotSettings look;
+      look.BackColor = ground;
+      look.GridColor = ReadableOn(ground);
+      look.colors[1] = color;
+      const Drawn drawn(1200, 800, 1, GraphKind::ViscoTime, "oil.csv", look);
+      const auto clears = drawn.surface.Calls(Kind::kClear);
+      ASSERT_GE(clears.size(), 2U);
+      const auto& bar = clears.back();
+      const auto& edge = clears[clears.size() - 2];
+      EXPECT_EQ(bar.pen.color, ToRgb(color));
+      EXPECT_EQ(edge.pen.color, ToRgb(EdgeOf(color, ground)));
+      EXPECT_EQ(bar.viewport.Area().left, edge.viewport.Area().left + 1) << "a hairline";
+      EXPECT_EQ(bar.viewport.Area().height, edge.viewport.Area().height - 2);
+      for (const auto& call : drawn.surface.Calls(Kind::kText)) {
+        EXPECT_EQ(call.pen.outline.has_value(), !CanBeRead(color, ground) && call.pen.color == ToRgb(color))
+            << call.text;
+      }
     }
   }
 }

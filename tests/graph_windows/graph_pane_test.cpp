@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "graph/graph_pane.h"
 
-#include <QFontMetrics>
 #include <QImage>
 
 #include <gtest/gtest.h>
@@ -54,6 +53,28 @@ TEST(GraphPane, AnEndlessNameLeavesTheValueInTheLegend) {
   pane.show();
   const auto* entry = pane.findChild<Caption*>(QStringLiteral("Label10[1]"));
   EXPECT_TRUE(entry->text().endsWith(QStringLiteral("\n30.25")));
+}
+
+TEST(GraphPane, AWhiteRunOnWhiteIsSeenInTheLegend) {
+  PaneBench bench;
+  bench.colors = {{{{0}, {0xFFFFFF}, {0x0000FF}}}, Scheme::White};
+  bench.Open("1,0,30,mPa.s,25\r\n2,0,30,mPa.s,25\r\n");
+  GraphPane pane(bench.document, bench.live, bench.settings, bench.colors, nullptr);
+  pane.resize(800, 600);
+  pane.show();
+  const auto counted = [&](const char* name, const auto& is_counted) {
+    const QRect place = pane.findChild<Caption*>(QString::fromLatin1(name))->geometry();
+    const QImage picture = pane.grab(place).toImage();
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) count += is_counted(picture.pixelColor(x, y));
+    }
+    return count;
+  };
+  EXPECT_GT(counted("Label10[1]", [](const QColor& color) { return color.lightness() < 140; }), 150)
+      << "the bar's edge and the outlines";
+  EXPECT_GT(counted("Label10[2]", [](const QColor& color) { return color == QColor(Qt::red); }), 200)
+      << "the bar";
 }
 
 }  // namespace

@@ -368,6 +368,48 @@ INSTANTIATE_TEST_SUITE_P(All, QtSurfaceText,
                                          TextPlace{Across::kLeft, Down::kBottom, {20, 0, 10, 15}},
                                          TextPlace{Across::kCentre, Down::kCentre, {15, 8, 10, 14}}));
 
+TEST_F(QtSurface, AnOutlineRoundLettersMakesThemStandOutFromTheirGround) {
+  Pen white{{255, 255, 255}};
+  surface_.SetPen(white);
+  surface_.DrawText({20, 15}, Across::kCentre, Down::kCentre, "H", 20);
+  EXPECT_TRUE(Painted().empty()) << "white on white";
+
+  white.outline = kBlue;
+  surface_.SetPen(white);
+  surface_.DrawText({20, 15}, Across::kCentre, Down::kCentre, "H", 20);
+  const QImage outlined = image_;
+  int outline = 0;
+  int letter = 0;
+  image_.fill(Qt::white);
+  surface_.SetPen({kRed});
+  surface_.DrawText({20, 15}, Across::kCentre, Down::kCentre, "H", 20);
+  for (int y = 0; y < image_.height(); ++y) {
+    for (int x = 0; x < image_.width(); ++x) {
+      outline += outlined.pixelColor(x, y).red() < 128;
+      // Where the letter is, nothing of the outline is left.
+      if (image_.pixelColor(x, y) != QColor(Qt::red)) continue;
+      ++letter;
+      EXPECT_EQ(outlined.pixelColor(x, y), QColor(Qt::white)) << x << ' ' << y;
+    }
+  }
+  EXPECT_GT(outline, 10);
+  EXPECT_GT(letter, 5);
+}
+
+TEST_F(QtSurface, AnOutlineIsTheSameWhateverWasDrawnBefore) {
+  Pen pen{kRed};
+  pen.outline = kBlue;
+  surface_.SetPen(pen);
+  const auto drawn = [&](double height) {
+    image_.fill(Qt::white);
+    surface_.DrawText({20, 15}, Across::kCentre, Down::kCentre, "60", height);
+    return image_.copy();
+  };
+  std::vector<QImage> first;
+  for (const double height : {17, 18, 19}) first.push_back(drawn(height));
+  for (const int at : {0, 1, 2}) EXPECT_EQ(drawn(17 + at), first[static_cast<std::size_t>(at)]) << 17 + at;
+}
+
 TEST_F(QtSurface, WhatIsNoCharacterIsABlank) {
   for (const std::string_view unknown :
        {"\0"sv, "\x1F"sv, "\t"sv, "\n"sv, "\x7F"sv, "\xC2\x9F"sv, "\xEF\xBF\xBE"sv, "\xEF\xBF\xBF"sv}) {

@@ -293,16 +293,32 @@ TEST(PageLayout, APageOfNothingIsNoTrouble) {
   for (const double size : {0.0, 1.0, 15.0}) ExpectInOrder(Place({size, size}, desk), {size, size});
 }
 
-TEST(PageColors, PaleLettersNeedAPlateAndOnlyAllButWhiteCurvesBecomeBlack) {
-  EXPECT_NEAR(ContrastToWhite(graph::kBlack), 21, 0.01);
-  EXPECT_NEAR(ContrastToWhite(graph::kWhite), 1, 0.01);
-  const graph::Color red{0x0000FF};
-  const graph::Color yellow{0x00FFFF};
-  const graph::Color cyan{0xFFFF00};
-  EXPECT_FALSE(NeedsPlate(red));
-  EXPECT_FALSE(NeedsPlate(graph::kBlack));
-  EXPECT_TRUE(NeedsPlate(yellow));
-  EXPECT_TRUE(NeedsPlate(cyan));
+TEST(PageLayout, NoNumberIsShownInPart) {
+  ReportDesk desk;
+  desk.Open("1,0,123456789012345,25\n1,60,123456789012999,26\n");
+  desk.SetKind(GraphKind::ViscoTempTime);
+  for (const PageGrid& grid : {kA4, kLetterLandscape, PageGrid{3000, 20000}}) {
+    const PageLabels labels = Place(grid, desk);
+    EXPECT_EQ(labels.Label6[1].lines.back(), "123456789012999");
+    for (const auto* scale : {&labels.Label4, &labels.Label5}) {
+      for (const PageLabel& label : *scale)
+        EXPECT_TRUE(!label.visible || label.lines.front() == label.text || label.lines.front() == "…")
+            << label.lines.front();
+    }
+  }
+}
+
+TEST(PageLayout, ABarStandsOverEveryRunOfTheLegendAndNowhereElse) {
+  ReportDesk desk;
+  desk.Open(Rows(3, 3));
+  const PageLabels labels = Place(kA4, desk);
+  for (const PageLabel& label : Visible(labels))
+    EXPECT_EQ(label.bar > 0, label.text.starts_with("No.")) << label.text;
+  const PageLabel& run = labels.Label6[1];
+  EXPECT_GT(run.box.height - run.bar, 2 * run.text_height) << "below it the lines have their room";
+}
+
+TEST(PageColors, OnlyAllButWhiteCurvesBecomeBlack) {
   EXPECT_EQ(InkOf(graph::kWhite), graph::kBlack);
   EXPECT_EQ(InkOf({0xF8FFFF}), graph::kBlack);
   for (const graph::Color color : graph::kDefaultColors) EXPECT_EQ(InkOf(color), color);

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "graph/plot_grid.h"
+#include "graph/readable_color.h"
 #include "platform/memory/recording_surface.h"
 #include "platform/qt/qt_drawing_surface.h"
 #include "reports/page_colors.h"
@@ -194,7 +195,8 @@ TEST(ReportPage, WhateverIsNoCurveOrRunIsBlackAlsoWithABlackScreen) {
     if (!IsPage(call) || call.kind == Kind::kClear) continue;
     const bool of_a_run = call.kind == Kind::kText && call.line.from.y > 11.5 * kUnitY &&
                           (call.text.starts_with("No.") || call.text == "14" || call.text == "24");
-    EXPECT_TRUE(of_a_run || call.pen.color == kBlackInk) << testing::PrintToString(call);
+    const bool dotted = call.kind == Kind::kLine && call.pen.style == LineStyle::kDotted;
+    EXPECT_TRUE(of_a_run || dotted || call.pen.color == kBlackInk) << testing::PrintToString(call);
   }
 }
 
@@ -207,7 +209,21 @@ TEST(ReportPage, ACurveThatWouldNotShowOnPaperIsBlack) {
   EXPECT_THAT(inks, testing::UnorderedElementsAre(kBlackInk, graph::ToRgb(desk.look.colors[2])));
 }
 
-TEST(ReportPage, ARunsNameHasItsColourAndAPaleOneAPlate) {
+TEST(ReportPage, ARunsNameHasItsColourAndAPaleOneAnOutline) {
+  ReportDesk desk;
+  desk.Open(Rows(10, 3));
+  desk.look.colors[4] = graph::kWhite;
+  const auto calls = Page(desk);
+  for (int run = 1; run <= 10; ++run) {
+    const graph::Color color = graph::RunColor(desk.look.colors, run);
+    const auto name = std::ranges::find(calls, "No." + std::to_string(run), &Call::text);
+    ASSERT_NE(name, calls.end()) << run;
+    EXPECT_EQ(name->pen.color, graph::ToRgb(color)) << run;
+    EXPECT_EQ(name->pen.outline.has_value(), !graph::CanBeRead(color, graph::kWhite)) << run;
+  }
+}
+
+TEST(ReportPage, ABarOfTheVeryColourWithAHairlineStandsOverEveryRun) {
   ReportDesk desk;
   desk.Open(Rows(10, 3));
   const auto calls = Page(desk);
@@ -215,15 +231,31 @@ TEST(ReportPage, ARunsNameHasItsColourAndAPaleOneAPlate) {
     const graph::Color color = graph::RunColor(desk.look.colors, run);
     const auto name = std::ranges::find(calls, "No." + std::to_string(run), &Call::text);
     ASSERT_NE(name, calls.end()) << run;
-    EXPECT_EQ(name->pen.color, graph::ToRgb(color)) << run;
-    const auto column = name->viewport.Column(name->line.from.x);
-    const auto row = name->viewport.Row(name->line.from.y);
-    const bool plate = std::any_of(calls.begin(), name, [&](const Call& call) {
-      const PixelRectangle& area = call.viewport.Area();
-      return call.kind == Kind::kClear && call.pen.color == kBlackInk && column > area.left &&
-             column < area.left + area.width && row > area.top && row < area.top + area.height;
-    });
-    EXPECT_EQ(plate, NeedsPlate(color)) << run;
+    ASSERT_GE(name - calls.begin(), 2) << run;
+    const Call& bar = *(name - 1);
+    const Call& edge = *(name - 2);
+    EXPECT_EQ(bar.kind, Kind::kClear) << run;
+    EXPECT_EQ(bar.pen.color, graph::ToRgb(color)) << run;
+    EXPECT_EQ(edge.pen.color, graph::ToRgb(graph::EdgeOf(color, graph::kWhite))) << run;
+    EXPECT_EQ(bar.viewport.Area().left - edge.viewport.Area().left, 6) << "half a pen of 12.5 dots";
+    EXPECT_EQ(edge.viewport.Area().height - bar.viewport.Area().height, 12);
+    EXPECT_LT(edge.viewport.Area().top + edge.viewport.Area().height, name->viewport.Row(name->line.from.y));
+  }
+}
+
+TEST(ReportPage, NothingOnItIsBlackButLinesAndLetters) {
+  ReportDesk desk;
+  desk.Open(Rows(10, 3));
+  for (const Call& call : Of(Kind::kClear, Page(desk))) EXPECT_NE(call.pen.color, kBlackInk);
+}
+
+TEST(ReportPage, DottedLinesAreLighterThanTheCurves) {
+  ReportDesk desk;
+  desk.Open(Rows(2, 3));
+  for (const Call& call : Of(Kind::kLine, Page(desk))) {
+    if (!IsPage(call)) continue;
+    const platform::Rgb grey{128, 128, 128};
+    EXPECT_EQ(call.pen.color, call.pen.style == LineStyle::kDotted ? grey : kBlackInk);
   }
 }
 

@@ -93,6 +93,30 @@ TEST_F(GraphColorsTest, OkSavesTheColoursAndShowsThemInTablesLegendAndPlot) {
   })) << "painted, too";
 }
 
+TEST_F(GraphColorsTest, ARunThatCannotBeReadOnTheTablesGroundStandsOnAPlateInEveryScheme) {
+  PutFile("Color.txt", "&hFFFFFF\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\nWhite\r\n");
+  Open();
+  Run({"30"});
+  Run({"40"});
+  ShowRows(3);
+  auto* grid = Find<GridView>("Grid1");
+  const auto ground = [&](int row) {
+    const QRect cell = grid->visualRect(grid->model()->index(row, 1));
+    return grid->viewport()->grab(QRect(cell.right() - 3, cell.top() + 2, 1, 1)).toImage().pixelColor(0, 0);
+  };
+  const QPalette before = window->palette();
+  QPalette scheme = before;
+  scheme.setColor(QPalette::Base, Qt::white);
+  window->setPalette(scheme);
+  EXPECT_LT(ground(0).lightness(), 60) << "white letters";
+  EXPECT_EQ(ground(1), QColor(Qt::white)) << "black letters";
+  scheme.setColor(QPalette::Base, QColor(30, 34, 38));
+  window->setPalette(scheme);
+  EXPECT_EQ(ground(0), QColor(30, 34, 38));
+  EXPECT_GT(ground(1).lightness(), 200);
+  window->setPalette(before);
+}
+
 TEST_F(GraphColorsTest, EntryZeroColoursRunTen) {
   Open();
   for (int run = 1; run <= 10; ++run) Run({"5"});

@@ -2,6 +2,7 @@
 #include "app/window/grid_models.h"
 
 #include <QAbstractItemModelTester>
+#include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
@@ -72,6 +73,29 @@ TEST(GridModels, ARowHasTheColourOfItsCurve) {
   EXPECT_EQ(color(1).value<QColor>(), QColor(255, 204, 255)) << "a number, but no run: entry 0";
   EXPECT_EQ(color(2).value<QColor>(), QColor(255, 204, 255));
   EXPECT_FALSE(color(3).isValid()) << "no number";
+}
+
+TEST(GridModels, ATextThatCannotBeReadStandsOnAPlateAndKeepsItsColour) {
+  Tables tables;
+  tables.document.Load(data::ParseDataFile("No.,Time\n1,0\n2,0\n3,0\nx,0\n"), "a", "");
+  tables.colors = {{{{0}, {0xFFFFFF}, {0x000000}, {0x0000FF}}}, graph::Scheme::White};
+  const auto told = [&](int row, int role) { return tables.grid1.index(row, 0).data(role); };
+  const auto plated = [&] {
+    std::vector<bool> rows;
+    for (int row = 0; row < 4; ++row) rows.push_back(told(row, Qt::BackgroundRole).isValid());
+    return rows;
+  };
+  EXPECT_EQ(plated(), std::vector({true, false, false, false}));
+  EXPECT_EQ(told(0, Qt::ForegroundRole).value<QColor>(), QColor(Qt::white));
+  EXPECT_LT(told(0, Qt::BackgroundRole).value<QColor>().lightness(), 60);
+
+  QSignalSpy changes(&tables.grid1, &QAbstractItemModel::dataChanged);
+  tables.grid1.SetBase(QColor(30, 34, 38));
+  EXPECT_EQ(changes.count(), 1);
+  EXPECT_EQ(plated(), std::vector({false, true, false, false}));
+  EXPECT_EQ(told(1, Qt::ForegroundRole).value<QColor>(), QColor(Qt::black));
+  EXPECT_GT(told(1, Qt::BackgroundRole).value<QColor>().lightness(), 200);
+  EXPECT_FALSE(tables.grid4.index(0, 0).data(Qt::BackgroundRole).isValid()) << "its texts have no colours";
 }
 
 TEST(GridModels, DisplayTableShowsTheChosenColumns) {
