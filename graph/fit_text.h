@@ -2,8 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quenlor::graph {
 
@@ -32,5 +34,11 @@ std::string FitText(std::string_view text, double width,
 // all that is shown of it. A text that does not begin with a number is cut as others are.
 std::string FitNumber(std::string_view text, double width,
                       const std::function<double(std::string_view)>& text_width);
+
+// The names of things side by side, each no wider than its own width, of which there are as many. One that
+// has no room keeps both of its ends, for names often differ at the last; where two would look alike so, they
+// begin at the place where they differ.
+std::vector<std::string> FitNames(std::span<const std::string> names, std::span<const double> widths,
+                                  const std::function<double(std::string_view)>& text_width);
 
 }  // namespace quenlor::graph

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "data/utf8.h"
 #include "graph/legend_plan.h"
@@ -20,7 +21,10 @@ constexpr double kLargestText = 24 * kTwipsPerPixel;
 constexpr double kShrunkText = 0.66;  // letters of a text before it is cut, as a part of the others
 constexpr double kBar = 0.4;          // of a run, in letters
 constexpr double kLegendLines = 2.4;  // the two below it
-constexpr double kRounding = 0.01;    // what sums of lengths may lose
+constexpr double kRowGap = 0.3;       // between two rows
+constexpr double kWithOneRow = 0.34;  // letters, in units down, where the legend has one row
+constexpr double kWithTwoRows = 0.239;
+constexpr double kRounding = 0.01;  // what sums of lengths may lose
 
 // The plot's ends in units: its area begins at 0.9 and leaves 1 % of its range free on each side.
 constexpr double kPlotLeft = 0.9 + 6.2 / 102;
@@ -39,10 +43,15 @@ constexpr std::string_view kLongestDate = "2000/00/00 00:00:00";
 class Layout {
  public:
   Layout(double width, double height, GraphKind kind, const Captions& texts, const TextMeasure& text_width)
-      : unit_x_(width / 8), unit_y_(height / 13.5), kind_(kind), texts_(texts), text_width_(text_width) {}
+      : unit_x_(width / 8),
+        unit_y_(height / 13.5),
+        kind_(kind),
+        texts_(texts),
+        text_width_(text_width),
+        heading_(texts.Label10[0]) {}
 
   LabelLayout Place() {
-    result_.text_height = TextHeight();
+    DivideLegend();
     line_ = 1.25 * result_.text_height;
     gap_ = Width("0");
     PlaceTitles();
@@ -84,9 +93,10 @@ class Layout {
     return [this, text_height](std::string_view text) { return Width(text, text_height) - kRounding; };
   }
 
-  // Below the plot stand five lines and the bars of the legend, and beside it the longest label of an axis.
-  double TextHeight() const {
-    double text_height = std::clamp(0.34 * unit_y_, kSmallestText, kLargestText);
+  // Below the plot stand the numbers of its axis, the title, the legend and the remarks, and beside it the
+  // longest label of an axis. `of_unit` are the letters that leave room for the former, as a part of a unit.
+  double TextHeight(double of_unit) const {
+    double text_height = std::clamp(of_unit * unit_y_, kSmallestText, kLargestText);
     const auto fit = [&](std::string_view text, double units) {
       text_height =
           HeightToFit(text, X(units), text_height, kSmallestText,
@@ -189,52 +199,77 @@ class Layout {
     write(result_.Label5[low_end + 1], texts_.Label5[low_end + 1], 1, room_of_end);
   }
 
+  // How large all letters are depends on how many rows the legend has. It has a second one where that leaves
+  // its names whole, or in letters that are easier to read, or cuts less off them.
+  void DivideLegend() {
+    for (std::size_t run = 1; run < texts_.Label10.size(); ++run) {
+      if (texts_.Label10[run].empty()) continue;
+      runs_.emplace_back(texts_.Label10[run]);
+      run_labels_.push_back(&result_.Label10[run]);
+    }
+    result_.text_height = TextHeight(kWithOneRow);
+    legend_ = LegendOf(1);
+    if (runs_.size() < 2 || kWithTwoRows * unit_y_ < kSmallestText) return;
+
+    const double usual = std::exchange(result_.text_height, TextHeight(kWithTwoRows));
+    const LegendPlan two = LegendOf(2);
+    const bool better = !legend_.complete || (two.complete && two.text_height > 1.1 * legend_.text_height);
+    if (better) {
+      legend_ = two;
+    } else {
+      result_.text_height = usual;
+    }
+  }
+
+  LegendPlan LegendOf(int rows) const {
+    const LegendRoom room{
+        X(7.8), 0.4, X(kUsualRun), result_.text_height, Shrunk(kSmallestLegendText), kSmallestLegendText};
+    return PlanLegend(heading_, runs_, rows, room,
+                      [this](std::string_view text, double letters) { return Width(text, letters); });
+  }
+
   // The heading left of the plot's edge and the runs from there on. Returns where the legend ends.
   double PlaceLegend(double top) {
     const double bar = kBar * result_.text_height;
     const double height = bar + kLegendLines * result_.text_height;
-    const double bottom = top + height;
-    std::vector<LegendEntry> entries;
-    std::vector<PlacedLabel*> labels;
-    for (std::size_t run = 1; run < texts_.Label10.size(); ++run) {
-      if (texts_.Label10[run].empty()) continue;
-      entries.emplace_back(texts_.Label10[run]);
-      labels.push_back(&result_.Label10[run]);
-    }
-    if (entries.empty()) return bottom;
+    if (runs_.empty()) return top + height;
 
-    const LegendEntry heading(texts_.Label10[0]);
-    const double text_height = result_.text_height;
-    const LegendRoom room{
-        X(7.8), 0.4, X(kUsualRun), text_height, Shrunk(kSmallestLegendText), kSmallestLegendText};
-    const LegendPlan plan =
-        PlanLegend(heading, entries, 1, room,
-                   [this](std::string_view text, double letters) { return Width(text, letters); });
     // From the plot's edge on, where that leaves the room.
-    double left = std::min(X(kPlotLeft), X(7.9) - plan.Width() + plan.heading);
-    result_.Label10[0] = {{left - plan.heading, top + bar, plan.heading - plan.gap / 2, height - bar},
-                          TextSide::kRight,
-                          true,
-                          plan.text_height,
-                          {heading.name, heading.value},
-                          true,
-                          0};
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-      PlacedLabel& label = *labels[i];
-      label = {{left + plan.gap / 2, top, std::max(plan.columns[i] - plan.gap, 0.0), height},
-               TextSide::kCentre,
-               true,
-               plan.text_height,
-               {},
-               true,
-               bar};
-      const auto width = WidthIn(plan.text_height);
-      label.lines = {FitText(entries[i].name, label.box.width, width),
-                     FitNumber(entries[i].value, label.box.width, width)};
-      label.whole = label.lines[0] == entries[i].name && label.lines[1] == entries[i].value;
-      left += plan.columns[i];
+    const double first = std::min(X(kPlotLeft), X(7.9) - legend_.Width() + legend_.heading);
+    result_.Label10[0] = {
+        {first - legend_.heading, top + bar, legend_.heading - legend_.gap / 2, height - bar},
+        TextSide::kRight,
+        true,
+        legend_.text_height,
+        {heading_.name, heading_.value},
+        true,
+        0};
+    std::vector<std::string> names;
+    std::vector<double> widths;
+    double left = first;
+    for (std::size_t i = 0; i < runs_.size(); ++i) {
+      const std::size_t column = i % legend_.columns.size();
+      if (column == 0) left = first;
+      if (column == 0 && i > 0) top += height + kRowGap * result_.text_height;
+      const double width = std::max(legend_.columns[column] - legend_.gap, 0.0);
+      *run_labels_[i] = {{left + legend_.gap / 2, top, width, height},
+                         TextSide::kCentre,
+                         true,
+                         legend_.text_height,
+                         {},
+                         true,
+                         bar};
+      left += legend_.columns[column];
+      names.push_back(runs_[i].name);
+      widths.push_back(width);
     }
-    return bottom;
+    const auto width_of = WidthIn(legend_.text_height);
+    const std::vector<std::string> shown = FitNames(names, widths, width_of);
+    for (std::size_t i = 0; i < runs_.size(); ++i) {
+      run_labels_[i]->lines = {shown[i], FitNumber(runs_[i].value, widths[i], width_of)};
+      run_labels_[i]->whole = run_labels_[i]->lines == std::vector{runs_[i].name, runs_[i].value};
+    }
+    return top + height;
   }
 
   const double unit_x_;
@@ -245,6 +280,11 @@ class Layout {
   double line_ = 0;
   double gap_ = 0;
   LabelLayout result_;
+
+  const LegendEntry heading_;
+  std::vector<LegendEntry> runs_;         // that have readings
+  std::vector<PlacedLabel*> run_labels_;  // theirs
+  LegendPlan legend_;
 };
 
 }  // namespace

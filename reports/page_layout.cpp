@@ -264,30 +264,40 @@ class Placing {
   void WriteLegend(const graph::LegendPlan& plan, double top) {
     const double height = kEntry * plan.text_height;
     const double bar = kBar * plan.text_height;
-    const auto write = [&](PageLabel& label, const Box& box) {
+    const auto write = [&](PageLabel& label, const Box& box, const std::string& name,
+                           const std::string& value) {
       label.Move(box);
       label.text_height = plan.text_height;
-      const auto width = [&](std::string_view part) { return Width(part, plan.text_height) - kRounding; };
-      const graph::LegendEntry entry = EntryOf(label);
-      label.lines = {graph::FitText(entry.name, box.width, width),
-                     graph::FitNumber(entry.value, box.width, width)};
+      label.lines = {name, value};
       label.visible = true;
     };
-    double left = X(4) - plan.Width() / 2 + plan.gap / 2;
-    write(labels_.Label6[0], {left, top + bar, plan.heading - plan.gap, height - bar});
-    const double first = left + plan.heading;
-    std::size_t column = 0;
+    const double outer = X(4) - plan.Width() / 2 + plan.gap / 2;
+    const graph::LegendEntry heading = EntryOf(labels_.Label6[0]);
+    write(labels_.Label6[0], {outer, top + bar, plan.heading - plan.gap, height - bar}, heading.name,
+          heading.value);
+
+    const std::vector<graph::LegendEntry> runs = Runs();
+    std::vector<std::string> names;
+    std::vector<double> widths;
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+      names.push_back(runs[i].name);
+      widths.push_back(std::max(plan.columns[i % plan.columns.size()] - plan.gap, 0.0));
+    }
+    const auto width_of = [&](std::string_view part) { return Width(part, plan.text_height) - kRounding; };
+    const std::vector<std::string> shown = graph::FitNames(names, widths, width_of);
+    double left = 0;
+    std::size_t place = 0;
     for (std::size_t run = 1; run < labels_.Label6.size(); ++run) {
       PageLabel& label = labels_.Label6[run];
       if (label.text.empty()) continue;
-      if (column % plan.columns.size() == 0) {
-        left = first;
-        if (column > 0) top += height + RowGap();
+      if (place % plan.columns.size() == 0) {
+        left = outer + plan.heading;
+        if (place > 0) top += height + RowGap();
       }
-      const double width = plan.columns[column++ % plan.columns.size()];
-      write(label, {left, top, std::max(width - plan.gap, 0.0), height});
+      write(label, {left, top, widths[place], height}, shown[place],
+            graph::FitNumber(runs[place].value, widths[place], width_of));
       label.bar = bar;
-      left += width;
+      left += widths[place++] + plan.gap;
     }
   }
 

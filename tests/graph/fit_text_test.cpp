@@ -3,13 +3,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "data/utf8.h"
 
 namespace quenlor::graph {
 namespace {
+
+using testing::ElementsAre;
 
 // Every character is ten wide.
 double Width(std::string_view text) {
@@ -64,6 +68,69 @@ TEST(FitNumber, ANumberIsShownWholeOrNotAtAll) {
   EXPECT_EQ(FitNumber("12,5 mPa.s", 99, Width), "…");
   EXPECT_EQ(FitNumber("12455.0", 9, Width), "");
   EXPECT_EQ(FitNumber("overload", 50, Width), "over…") << "no number";
+}
+
+std::vector<std::string> Names(const std::vector<std::string>& names, double width) {
+  return FitNames(names, std::vector<double>(names.size(), width), Width);
+}
+
+TEST(FitNames, WhatFitsStaysAsItIs) {
+  EXPECT_THAT(Names({"batch 41", "batch 42"}, 80), ElementsAre("batch 41", "batch 42"));
+  EXPECT_THAT(Names({"", "a"}, 0), ElementsAre("", ""));
+}
+
+TEST(FitNames, ALongerNameKeepsBothOfItsEnds) {
+  EXPECT_THAT(Names({"Suspension 11 no. 3"}, 110), ElementsAre("Suspe…no. 3"));
+  EXPECT_THAT(Names({"Suspension 11 no. 3"}, 100), ElementsAre("Suspe…o. 3"));
+  EXPECT_THAT(Names({"sample"}, 10), ElementsAre("…"));
+  EXPECT_THAT(Names({"sample"}, 9), ElementsAre(""));
+}
+
+TEST(FitNames, WhereverANameIsCutItFitsAndIsWhole) {
+  for (int width = 0; width < 160; width += 10) {
+    for (const std::string& name :
+         Names({"粘度ß𝜂測定 🧪 Öl 粘度", "粘度ß𝜂測定 🧫 Öl 粘度"}, width)) {
+      EXPECT_TRUE(data::IsUtf8(name)) << width;
+      EXPECT_LE(Width(name), width) << name;
+    }
+  }
+}
+
+TEST(FitNames, NamesThatDifferInTheMiddleShowWhere) {
+  EXPECT_THAT(Names({"batch 41 of resin", "batch 42 of resin"}, 110),
+              ElementsAre("…1 of resin", "…2 of resin"));
+  EXPECT_THAT(Names({"batch 41 of resin, slow", "batch 42 of resin, slow"}, 80),
+              ElementsAre("…1 of r…", "…2 of r…"));
+}
+
+TEST(FitNames, NamesOfTwoSortsShowBothDifferences) {
+  const std::vector<std::string> names = {"resin A, vessel 1, slow", "resin A, vessel 2, slow",
+                                          "resin B, vessel 1, slow", "resin B, vessel 2, slow"};
+  EXPECT_THAT(Names(names, 80), ElementsAre("…A,…1,…", "…A,…2,…", "…B,…1,…", "…B,…2,…"));
+  EXPECT_THAT(Names(names, 60), ElementsAre("…A…1…", "…A…2…", "…B…1…", "…B…2…"));
+}
+
+TEST(FitNames, AShorterNameDiffersFromOneThatGoesOn) {
+  const auto names =
+      Names({"a very long name of 1", "a very long name of 10", "a very long name of 100"}, 50);
+  EXPECT_EQ(std::set(names.begin(), names.end()).size(), 3U) << testing::PrintToString(names);
+}
+
+TEST(FitNames, EqualNamesStayEqual) {
+  EXPECT_THAT(Names({"Suspension 11 no. 3", "Suspension 11 no. 3"}, 110),
+              ElementsAre("Suspe…no. 3", "Suspe…no. 3"));
+}
+
+TEST(FitNames, EachHasItsOwnWidth) {
+  EXPECT_THAT(FitNames(std::vector<std::string>{"sample", "sample"}, std::vector<double>{60, 30}, Width),
+              ElementsAre("sample", "s…e"));
+}
+
+TEST(FitNames, AnEndlessNameKeepsItsEnds) {
+  const std::string endless = "A" + std::string(5'000'000, 'x') + "Z";
+  const std::string name = Names({endless}, 300).front();
+  EXPECT_EQ(Width(name), 300);
+  EXPECT_TRUE(name.starts_with("A") && name.ends_with("Z")) << name;
 }
 
 // Letters of whole heights, half as wide.

@@ -2,6 +2,7 @@
 #include "graph/graph_pane.h"
 
 #include <QImage>
+#include <QTextDocument>
 
 #include <gtest/gtest.h>
 
@@ -53,6 +54,20 @@ TEST(GraphPane, AnEndlessNameLeavesTheValueInTheLegend) {
   pane.show();
   const auto* entry = pane.findChild<Caption*>(QStringLiteral("Label10[1]"));
   EXPECT_TRUE(entry->text().endsWith(QStringLiteral("\n30.25")));
+}
+
+TEST(GraphPane, ACutNameIsWholeInItsToolTipWhateverItLooksLike) {
+  PaneBench bench;
+  bench.Open("1,0,30.25,mPa.s,25\r\n");
+  const std::string name = "<b>lot</b> " + std::string(150, 'm') + " no. 3";
+  bench.document.SetSampleName(1, name);
+  GraphPane pane(bench.document, bench.live, bench.settings, bench.colors, nullptr);
+  pane.resize(800, 600);
+  pane.show();
+  const QString tip = pane.findChild<Caption*>(QStringLiteral("Label10[1]"))->toolTip();
+  QTextDocument shown;
+  shown.setHtml(tip);
+  EXPECT_EQ(shown.toPlainText().simplified().toStdString(), name + " 30.25");
 }
 
 TEST(GraphPane, AWhiteRunOnWhiteIsSeenInTheLegend) {

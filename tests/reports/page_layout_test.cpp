@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "reports/page_layout.h"
 
+#include <set>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -229,6 +231,18 @@ TEST(PageLayout, LongNamesTakeASecondRowBeforeTheyAreCut) {
   const PageLabels labels = Place(kA4, desk);
   EXPECT_GT(labels.Label6[10].box.top, labels.Label6[1].box.top);
   EXPECT_EQ(labels.Label6[10].lines.front(), "Suspension 11 no. 10");
+}
+
+TEST(PageLayout, NamesThatAreCutStillDiffer) {
+  ReportDesk desk;
+  desk.Open(Rows(10, 3));
+  for (int run = 1; run <= 10; ++run)
+    desk.document.SetSampleName(run, "Suspension of resin in vessel no. " + std::to_string(run));
+  std::set<std::string> names;
+  const PageLabels labels = Place(kA4, desk);
+  for (std::size_t run = 1; run <= 10; ++run) names.insert(labels.Label6[run].lines.front());
+  EXPECT_EQ(names.size(), 10U) << testing::PrintToString(names);
+  EXPECT_TRUE(names.begin()->starts_with("Susp"));
 }
 
 TEST(PageLayout, ALegendOfLongNamesLeavesRoomForRemarks) {
