@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <cmath>
 #include <utility>
 
 #include "graph/caption_painter.h"
@@ -39,19 +40,24 @@ void Caption::Place(const PlacedLabel& placed, Color ground) {
   if (placed_ == placed && ground_ == ground) return;
   placed_ = placed;
   ground_ = ground;
-  setGeometry(PixelsOf(placed.box.left), PixelsOf(placed.box.top), PixelsOf(placed.box.width),
-              PixelsOf(placed.box.height));
+  // Some letters, and all outlines, reach a little beyond the width of their text, or below it.
+  const auto& box = placed.box;
+  const QRectF place(box.left / kTwipsPerPixel, box.top / kTwipsPerPixel, box.width / kTwipsPerPixel,
+                     box.height / kTwipsPerPixel);
+  setGeometry(place.toAlignedRect().adjusted(-1, 0, 1, 1));
   update();
 }
 
 void Caption::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QSize pixels = size() * devicePixelRatioF();
-  painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
-  platform::qt::QtDrawingSurface surface(painter, pixels, devicePixelRatioF());
-  surface.SetViewport(
-      {surface.Whole(),
-       {x() * kTwipsPerPixel, y() * kTwipsPerPixel, width() * kTwipsPerPixel, height() * kTwipsPerPixel}});
+  const double ratio = devicePixelRatioF();
+  painter.scale(1 / ratio, 1 / ratio);
+  platform::qt::QtDrawingSurface surface(painter, size() * ratio, ratio);
+  // This is a window onto Picture1, so that every letter has the place that it has in a picture.
+  const QSize whole = parentWidget()->size();
+  const auto pixels = [ratio](int length) { return static_cast<int>(std::lround(length * ratio)); };
+  surface.SetViewport({{-pixels(x()), -pixels(y()), pixels(whole.width()), pixels(whole.height())},
+                       {0, 0, whole.width() * kTwipsPerPixel, whole.height() * kTwipsPerPixel}});
   DrawCaption(surface, placed_, ToColor(palette().color(QPalette::WindowText)), ground_);
 }
 

@@ -18,12 +18,13 @@ constexpr double kSmallestText = 7 * kTwipsPerPixel;
 constexpr double kSmallestNumber = 5 * kTwipsPerPixel;  // that has no room in other letters
 constexpr double kSmallestLegendText = 8 * kTwipsPerPixel;
 constexpr double kLargestText = 24 * kTwipsPerPixel;
-constexpr double kShrunkText = 0.66;  // letters of a text before it is cut, as a part of the others
-constexpr double kBar = 0.4;          // of a run, in letters
-constexpr double kLegendLines = 2.4;  // the two below it
-constexpr double kRowGap = 0.3;       // between two rows
-constexpr double kWithOneRow = 0.34;  // letters, in units down, where the legend has one row
-constexpr double kWithTwoRows = 0.239;
+constexpr double kShrunkText = 0.66;   // letters of a text before it is cut, as a part of the others
+constexpr double kAboveLegend = 0.2;   // free, in letters
+constexpr double kBar = 0.4;           // of a run, in letters
+constexpr double kLegendLines = 2.4;   // the two below it
+constexpr double kRowGap = 0.3;        // between two rows
+constexpr double kWithOneRow = 0.336;  // letters, in units down, where the legend has one row
+constexpr double kWithTwoRows = 0.236;
 constexpr double kRounding = 0.01;  // what sums of lengths may lose
 
 // The plot's ends in units: its area begins at 0.9 and leaves 1 % of its range free on each side.
@@ -69,7 +70,7 @@ class Layout {
             TextSide::kLeft);
     }
     if (kind_ == GraphKind::ViscoTempTime) PlaceTemperature();
-    const double legend_bottom = PlaceLegend(title_below + line_ + 0.1 * result_.text_height);
+    const double legend_bottom = PlaceLegend(title_below + line_ + kAboveLegend * result_.text_height);
     Write(result_.Label6[6], texts_.Label6[6],
           {X(0.1), std::max(legend_bottom, Y(13.48) - line_), X(7.8), line_}, TextSide::kLeft);
     return std::move(result_);
@@ -192,9 +193,9 @@ class Layout {
       WriteNumber(label, text, {left, BelowTop(), room, line_}, TextSide::kCentre);
     };
     for (auto i = static_cast<std::size_t>(stride); i < N; i += static_cast<std::size_t>(stride))
-      write(labels[i], ticks[i].text, static_cast<double>(i) / kDivisions, division * stride);
+      write(labels[i], ticks[i].text, static_cast<double>(i) / kDivisions, division * stride - gap_);
     // The ends stand at the plot's edges, a unit away from those of the area.
-    const double room_of_end = division * std::min(stride, kDivisions / 3);
+    const double room_of_end = division * std::min(stride, kDivisions / 3) - gap_;
     write(result_.Label5[low_end], texts_.Label5[low_end], 0, room_of_end);
     write(result_.Label5[low_end + 1], texts_.Label5[low_end + 1], 1, room_of_end);
   }

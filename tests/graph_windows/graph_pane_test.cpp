@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "graph/graph_pane.h"
 
+#include <QApplication>
 #include <QImage>
+#include <QPainter>
 #include <QTextDocument>
+#include <cmath>
 
 #include <gtest/gtest.h>
 
+#include "graph/graph_picture.h"
+#include "platform/qt/qt_drawing_surface.h"
 #include "tests/graph_windows/pane_bench.h"
 
 namespace quenlor::graph {
@@ -54,6 +59,50 @@ TEST(GraphPane, AnEndlessNameLeavesTheValueInTheLegend) {
   pane.show();
   const auto* entry = pane.findChild<Caption*>(QStringLiteral("Label10[1]"));
   EXPECT_TRUE(entry->text().endsWith(QStringLiteral("\n30.25")));
+}
+
+TEST(GraphPane, CutsNothingOffTheLettersOfItsCaptions) {
+  const double ratio = qApp->devicePixelRatio();
+  if (ratio != std::floor(ratio))
+    GTEST_SKIP() << "a window begins within a pixel, where letters look different";
+  PaneBench bench;
+  bench.colors = {{}, Scheme::White};  // black, so that no edge is soft
+  std::string readings;
+  for (int run = 1; run <= 10; ++run) readings += std::to_string(run) + ",0,12345.5,mPa.s,25\r\n";
+  bench.Open(readings);
+  bench.document.SetTitle(bench.document.ViscoColumn(), "Viscosity (mPa.s)");
+  for (const bool long_names : {false, true}) {
+    for (int run = 1; long_names && run <= 10; ++run)
+      bench.document.SetSampleName(run, "Suspension (quickly) " + std::to_string(run));
+    for (const QSize size : {QSize(700, 520), QSize(801, 607), QSize(1201, 777)}) {
+      GraphPane pane(bench.document, bench.live, bench.settings, bench.colors, nullptr);
+      pane.resize(size);
+      pane.show();
+      const QImage shown = pane.grab().toImage().convertToFormat(QImage::Format_RGB32);
+      QImage picture(shown.size(), QImage::Format_RGB32);
+      {
+        QPainter painter(&picture);
+        platform::qt::QtDrawingSurface surface(painter, picture.size(), ratio);
+        Plot plot(bench.live.Values());
+        plot.Set(pane.Settings(), bench.document.Ranges());
+        DrawGraphPicture(surface, plot, CaptionsOf(bench.document, bench.live));
+      }
+      // In the picture nothing is cut. A line of letters may stand a pixel higher there.
+      const QRect plot = pane.findChild<QWidget*>(QStringLiteral("Picture2"))->geometry();
+      const auto ink_around_the_plot = [&](const QImage& image) {
+        long long ink = 0;
+        for (int y = 0; y < image.height(); ++y) {
+          for (int x = 0; x < image.width(); ++x) {
+            const QPointF at = QPointF(x, y) / ratio;
+            if (!plot.adjusted(-2, -2, 2, 2).contains(at.toPoint())) ink += 255 - qGray(image.pixel(x, y));
+          }
+        }
+        return ink;
+      };
+      EXPECT_EQ(ink_around_the_plot(shown), ink_around_the_plot(picture))
+          << size.width() << (long_names ? ", long names" : "");
+    }
+  }
 }
 
 TEST(GraphPane, ACutNameIsWholeInItsToolTipWhateverItLooksLike) {
