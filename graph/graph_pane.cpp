@@ -101,9 +101,10 @@ class GraphPane::PlotPicture : public QWidget {
     if (busy) QApplication::setOverrideCursor(Qt::WaitCursor);
     DrawOn(image_, [this](platform::DrawingSurface& surface) { kept_.Update(surface, surface.Whole()); });
     shown_ = image_;
-    if (kept_.LacksNewest())
+    if (kept_.LacksNewest()) {
       DrawOn(shown_,
              [this](platform::DrawingSurface& surface) { kept_.DrawNewest(surface, surface.Whole()); });
+    }
     if (busy) QApplication::restoreOverrideCursor();
   }
 

@@ -68,6 +68,7 @@ void LineCoverage::Add(const Segment& line) {
     std::uint8_t* const pixels =
         covered_.data() + static_cast<std::size_t>(row) * static_cast<std::size_t>(area_.width);
     for (int column = first; column <= last; ++column) {
+      if (pixels[column] == 255) continue;
       const double x = area_.left + column + kHalfPixel - line.from.x;
       const double passed = x * along.x + y * along.y;
       const double aside = x * along.y - y * along.x;
@@ -81,7 +82,7 @@ void LineCoverage::Add(const Segment& line) {
 // The part of a pixel across the line, that is; of a line thinner than a pixel no more than its width.
 std::uint8_t LineCoverage::Of(double distance) const {
   const double part = std::min(distance + kHalfPixel, half_) - std::max(distance - kHalfPixel, -half_);
-  return static_cast<std::uint8_t>(std::lround(255 * std::clamp(part, 0.0, 1.0)));
+  return static_cast<std::uint8_t>(255 * std::clamp(part, 0.0, 1.0) + 0.5);
 }
 
 }  // namespace quenlor::platform::qt

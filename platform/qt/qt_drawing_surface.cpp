@@ -115,7 +115,7 @@ void QtDrawingSurface::DrawLines(std::span<const Segment> lines) {
   painter_.drawLines(smooth_lines_.data(), static_cast<int>(smooth_lines_.size()));
 }
 
-// Drawn one by one, lines would darken each other's edges where they meet; and the painter takes a thousand
+// Drawn one by one, lines would darken each other's edges where they meet; and the painter takes a hundred
 // times as long for a tangle of them in one.
 void QtDrawingSurface::DrawCoverage(std::span<const Segment> lines) {
   std::vector<Segment> places;
