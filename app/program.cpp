@@ -9,6 +9,7 @@
 #include "app/virtual_port.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_clock.h"
+#include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_file_system.h"
@@ -45,6 +46,7 @@ struct Program::Parts {
                         .dialogs = dialogs,
                         .printer = printer,
                         .clipboard = clipboard,
+                        .desktop = desktop,
                         .place = {folder, ProgramName()},
                         .system_writes_comma = SystemWritesComma(),
                         .look_for_devices = [this] { ports.LookForDevices(); },
@@ -70,6 +72,7 @@ struct Program::Parts {
   platform::qt::QtDialogs dialogs;
   platform::qt::QtPrinter printer;
   platform::qt::QtClipboard clipboard;
+  platform::qt::QtDesktop desktop;
   std::unique_ptr<MainWindow> window;
 };
 

@@ -20,6 +20,8 @@ constexpr std::size_t kKeyLength = 4;
 // it would make every look at one of its cells a walk through all of it.
 constexpr std::ptrdiff_t kLongestReading = 1 << 20;
 
+constexpr std::ptrdiff_t kTold = 1 << 22;  // bytes between two words about how far a reading has come
+
 bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
 
 AxisValues ReadAxis(const std::vector<std::string>& fields) {
@@ -51,12 +53,18 @@ std::size_t MemoLines(std::string_view bytes) {
 // Reads a data file block by block; the lines that are readings stay where they are in their block.
 class Reader {
  public:
-  void ReadBlock(std::string block) {
+  // False when `progress` has left it.
+  bool ReadBlock(std::string block, const Progress& progress) {
     std::vector<std::uint64_t> starts;
     starts.reserve(block.size() / 24 + 1);  // a short reading; memory that is not reached is never touched
     char* const begin = block.data();
     char* const end = begin + block.size();
+    char* told = begin;
     for (char* at = begin; at < end;) {
+      if (at - told >= kTold && progress) {
+        told = at;
+        if (!progress(static_cast<double>(at - begin) / static_cast<double>(end - begin))) return false;
+      }
       if (IsLineEnd(*at) && !in_memo_) {
         ++at;
         continue;
@@ -76,6 +84,7 @@ class Reader {
     }
     if (contents_.separator == ';' && block.find(',') != std::string::npos) contents_.holds_commas = true;
     contents_.table.AdoptRows(std::move(block), std::move(starts));
+    return true;
   }
 
   DataFileContents Take() { return std::move(contents_); }
@@ -230,7 +239,9 @@ class Reader {
 
 }  // namespace
 
-DataFileContents ParseDataFile(std::string bytes) {
+DataFileContents ParseDataFile(std::string bytes) { return *ParseDataFile(std::move(bytes), {}); }
+
+std::optional<DataFileContents> ParseDataFile(std::string bytes, const Progress& progress) {
   TextEncoding encoding =
       bytes.starts_with(kByteOrderMark) ? TextEncoding::kUtf8WithMark : TextEncoding::kUtf8;
   if (!IsUtf8(bytes)) {
@@ -248,8 +259,8 @@ DataFileContents ParseDataFile(std::string bytes) {
   bytes.resize(whole);
   if (bytes.starts_with(kByteOrderMark)) bytes.replace(0, kByteOrderMark.size(), "\n\n\n");
   if (whole == 0 && last_line.starts_with(kByteOrderMark)) last_line.erase(0, kByteOrderMark.size());
-  if (!bytes.empty()) reader.ReadBlock(std::move(bytes));
-  if (!last_line.empty()) reader.ReadBlock(last_line + "\n");
+  if (!bytes.empty() && !reader.ReadBlock(std::move(bytes), progress)) return std::nullopt;
+  if (!last_line.empty()) reader.ReadBlock(last_line + "\n", {});
   DataFileContents contents = reader.Take();
   contents.encoding = encoding;
   return contents;

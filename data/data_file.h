@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/measurement_table.h"
+#include "data/progress.h"
 #include "data/run_table.h"
 #include "data/settings_list.h"
 #include "data/utf8.h"
@@ -45,6 +46,9 @@ struct DataFileContents {
 // not UTF-8 count as Latin-1, but for the memo lines, which nobody reads here. The bytes become the table's
 // store, so reading costs little more than one pass over them.
 DataFileContents ParseDataFile(std::string bytes);
+
+// The same, told of on its way; nothing when it was left.
+std::optional<DataFileContents> ParseDataFile(std::string bytes, const Progress& progress);
 
 // The settings that an Axis line carries: time scale, visco axis, line and marker. A field that names no
 // menu item becomes the setting as it stands, and no item is checked.

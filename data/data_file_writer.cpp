@@ -13,11 +13,12 @@ namespace {
 using Sink = std::function<void(std::string_view)>;
 
 constexpr std::size_t kPiece = std::size_t{1} << 20;
+constexpr MeasurementTable::Row kTold = 1 << 16;  // rows between two words about how far it has come
 
 class Writer {
  public:
-  Writer(const Document& document, const Sink& write)
-      : document_(document), separator_(document.FieldSeparator()), write_(write) {}
+  Writer(const Document& document, const Sink& write, const Progress& progress = {})
+      : document_(document), separator_(document.FieldSeparator()), write_(write), progress_(progress) {}
 
   void WriteTable() {
     const MeasurementTable& table = document_.Grid1();
@@ -25,6 +26,8 @@ class Writer {
     for (MeasurementTable::Row row = 0; row < table.EntryRow(); ++row) {
       table.AppendLine(row, separator_, piece_);
       EndLine();
+      if (progress_ && row % kTold == 0)
+        progress_(static_cast<double>(row) / static_cast<double>(table.Rows()));
     }
   }
 
@@ -92,11 +95,13 @@ class Writer {
   const Document& document_;
   const char separator_;
   const Sink& write_;
+  const Progress& progress_;
   std::string piece_;
 };
 
-void WriteLines(const Document& document, const SettingsList& settings, const Sink& write) {
-  Writer writer(document, write);
+void WriteLines(const Document& document, const SettingsList& settings, const Sink& write,
+                const Progress& progress) {
+  Writer writer(document, write, progress);
   writer.WriteTable();
   writer.WriteRuns();
   writer.WriteAxis(settings);
@@ -105,23 +110,31 @@ void WriteLines(const Document& document, const SettingsList& settings, const Si
 }
 
 // Whether the whole document can be written in Latin-1 and is told as that when it is read.
-bool FitsLatin1(const Document& document, const SettingsList& settings) {
+bool FitsLatin1(const Document& document, const SettingsList& settings, const Progress& progress) {
   bool fits = true;
-  WriteLines(document, settings, [&](std::string_view piece) {
-    const auto bytes = ToLatin1(piece);
-    fits = fits && bytes && (bytes->size() == piece.size() || EncodingOf(*bytes) == TextEncoding::kLatin1);
-  });
+  WriteLines(
+      document, settings,
+      [&](std::string_view piece) {
+        const auto bytes = ToLatin1(piece);
+        fits =
+            fits && bytes && (bytes->size() == piece.size() || EncodingOf(*bytes) == TextEncoding::kLatin1);
+      },
+      progress);
   return fits;
 }
 
 }  // namespace
 
-void WriteDataFile(const Document& document, const SettingsList& settings, const Sink& write) {
+void WriteDataFile(const Document& document, const SettingsList& settings, const Sink& write,
+                   const Progress& progress) {
   if (document.Encoding() == TextEncoding::kUtf8WithMark) write(kByteOrderMark);
-  if (document.Encoding() == TextEncoding::kLatin1 && FitsLatin1(document, settings)) {
-    WriteLines(document, settings, [&](std::string_view piece) { write(*ToLatin1(piece)); });
+  if (document.Encoding() == TextEncoding::kLatin1 &&
+      FitsLatin1(document, settings, PartOf(progress, 0, 0.5))) {
+    WriteLines(
+        document, settings, [&](std::string_view piece) { write(*ToLatin1(piece)); },
+        PartOf(progress, 0.5, 1));
   } else {
-    WriteLines(document, settings, write);
+    WriteLines(document, settings, write, progress);
   }
   Writer memo(document, write);
   memo.WriteMemoLines();

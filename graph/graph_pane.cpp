@@ -2,7 +2,7 @@
 #include "graph/graph_pane.h"
 
 #include <QApplication>
-#include <QMouseEvent>
+#include <QContextMenuEvent>
 #include <QPainter>
 #include <cmath>
 #include <utility>
@@ -34,36 +34,6 @@ QString TwoLines(const std::string& caption) {
 }
 
 }  // namespace
-
-void Caption::Place(const PlacedLabel& placed, Color ground) {
-  setVisible(placed.visible && !text().isEmpty());
-  if (placed_ == placed && ground_ == ground) return;
-  placed_ = placed;
-  ground_ = ground;
-  // Some letters, and all outlines, reach a little beyond the width of their text, or below it.
-  const auto& box = placed.box;
-  const QRectF place(box.left / kTwipsPerPixel, box.top / kTwipsPerPixel, box.width / kTwipsPerPixel,
-                     box.height / kTwipsPerPixel);
-  setGeometry(place.toAlignedRect().adjusted(-1, 0, 1, 1));
-  update();
-}
-
-void Caption::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  const double ratio = devicePixelRatioF();
-  painter.scale(1 / ratio, 1 / ratio);
-  platform::qt::QtDrawingSurface surface(painter, size() * ratio, ratio);
-  // This is a window onto Picture1, so that every letter has the place that it has in a picture.
-  const QSize whole = parentWidget()->size();
-  const auto pixels = [ratio](int length) { return static_cast<int>(std::lround(length * ratio)); };
-  surface.SetViewport({{-pixels(x()), -pixels(y()), pixels(whole.width()), pixels(whole.height())},
-                       {0, 0, whole.width() * kTwipsPerPixel, whole.height() * kTwipsPerPixel}});
-  DrawCaption(surface, placed_, ToColor(palette().color(QPalette::WindowText)), ground_);
-}
-
-void Caption::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) emit DblClick();
-}
 
 // Picture2: the plot as it was drawn last, kept from paint to paint.
 class GraphPane::PlotPicture : public QWidget {
@@ -149,7 +119,6 @@ void GraphPane::AddCaptions() {
     for (std::size_t i = from; i < captions.size(); ++i) {
       captions[i] = new Caption(this);
       captions[i]->setObjectName(QStringLiteral("%1[%2]").arg(QLatin1String(name)).arg(i));
-      captions[i]->setTextFormat(Qt::PlainText);
       if (signal == nullptr) continue;
       connect(captions[i], &Caption::DblClick, this,
               [this, signal, i] { emit(this->*signal)(static_cast<int>(i)); });
@@ -164,9 +133,13 @@ void GraphPane::AddCaptions() {
   for (std::size_t i = 0; i < Label5.size(); ++i) {
     Label5[i]->setToolTip(
         QString::fromLatin1(kLimitNames[i].data(), static_cast<int>(kLimitNames[i].size())));
+    Label5[i]->MayBeChanged(Label5[i]->toolTip());
   }
   Label6[4]->setToolTip(QStringLiteral("File Name"));
   Label6[6]->setToolTip(QStringLiteral("Remarks"));
+  for (const std::size_t i : {4, 6}) Label6[i]->MayBeChanged(Label6[i]->toolTip());
+  for (std::size_t run = 1; run < Label10.size(); ++run)
+    Label10[run]->MayBeChanged(QStringLiteral("Sample Name"));
 }
 
 void GraphPane::Fig() {
@@ -256,6 +229,8 @@ void GraphPane::FillCaptions(const Captions& texts) {
     color(Label10[run], ToQColor(RunColor(colors_.Colors(), static_cast<long long>(run))));
   }
 }
+
+void GraphPane::contextMenuEvent(QContextMenuEvent* event) { emit MenuWanted(event->globalPos()); }
 
 void GraphPane::showEvent(QShowEvent* /*event*/) { LayoutLabels(); }
 

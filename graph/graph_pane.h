@@ -2,13 +2,13 @@
 #pragma once
 
 #include <QImage>
-#include <QLabel>
 #include <QWidget>
 #include <array>
 #include <functional>
 #include <vector>
 
 #include "data/document.h"
+#include "graph/caption.h"
 #include "graph/captions.h"
 #include "graph/color_settings.h"
 #include "graph/label_layout.h"
@@ -16,27 +16,6 @@
 #include "graph/plot.h"
 
 namespace quenlor::graph {
-
-// A caption of the graph: its text is whole; what is shown of it is what it has room for.
-class Caption : public QLabel {
-  Q_OBJECT
-
- public:
-  using QLabel::QLabel;
-
-  void Place(const PlacedLabel& placed, Color ground);
-
- signals:
-  void DblClick();
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  void mouseDoubleClickEvent(QMouseEvent* event) override;
-
- private:
-  PlacedLabel placed_;
-  Color ground_;
-};
 
 // The graph on the screen: Picture1 with the captions, and Picture2, the plot, among them.
 //
@@ -61,11 +40,13 @@ class GraphPane : public QWidget {
   void Label5_DblClick(int Index);
   void Label6_DblClick(int Index);
   void Label10_DblClick(int Index);
+  void MenuWanted(const QPoint& at);  // a context menu, there on the screen
 
  protected:
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   class PlotPicture;  // Picture2

@@ -114,7 +114,7 @@ void LiveGraph::CopyAll_Temp() {
 void LiveGraph::RefreshSeries() {
   shown_visco_ = document_.ViscoColumn();
   shown_temp_ = document_.TempColumn();
-  values_.CopyAll(document_.Grid1(), shown_visco_, shown_temp_);
+  values_.CopyAll(document_.Grid1(), shown_visco_, shown_temp_, progress_);
   RunEveryAutoScale();
   view_.Fig();
 }

@@ -60,6 +60,9 @@ class LiveGraph : private data::DocumentListener {
   // Reads the whole table again.
   void RefreshSeries();
 
+  // Told while a document that is opened is copied; nothing else may be done then.
+  void OnProgress(data::Progress progress) { progress_ = std::move(progress); }
+
  private:
   using Row = data::Document::Row;
   void CopyAll_Visco();
@@ -85,6 +88,7 @@ class LiveGraph : private data::DocumentListener {
   ValueArrays values_;
   AutoScaling scaling_;
   GraphKind kind_ = GraphKind::ViscoTime;
+  data::Progress progress_;
   int shown_visco_ = 0;  // the columns that the values were read from
   int shown_temp_ = 0;
 };

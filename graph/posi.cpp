@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graph/posi.h"
 
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <algorithm>
 
@@ -20,6 +21,36 @@ double AfterResize(double left, double window_width) {
 
 }  // namespace posi
 
+namespace {
+
+constexpr double kStep = 150;  // of a key, twips
+
+class PosiInterface : public QAccessibleWidget {
+ public:
+  explicit PosiInterface(QWidget* bar) : QAccessibleWidget(bar, QAccessible::Splitter) {}
+
+  QStringList actionNames() const override {
+    return QStringList{increaseAction(), decreaseAction()} + QAccessibleWidget::actionNames();
+  }
+  void doAction(const QString& name) override {
+    if (name == increaseAction()) return Halves()->Nudge(1);
+    if (name == decreaseAction()) return Halves()->Nudge(-1);
+    QAccessibleWidget::doAction(name);
+  }
+
+ private:
+  TableAndGraph* Halves() const { return static_cast<TableAndGraph*>(widget()->parentWidget()); }
+};
+
+QAccessibleInterface* Describe(const QString& /*class_name*/, QObject* object) {
+  auto* bar = qobject_cast<QWidget*>(object);
+  const bool is_posi = bar != nullptr && bar->objectName() == QLatin1String("Posi") &&
+                       qobject_cast<TableAndGraph*>(bar->parentWidget()) != nullptr;
+  return is_posi ? new PosiInterface(bar) : nullptr;
+}
+
+}  // namespace
+
 TableAndGraph::TableAndGraph(QWidget* tables, GraphPane* graph, QWidget* parent)
     : QWidget(parent), tables_(tables), Picture1(graph), Posi(new QWidget(this)) {
   tables_->setParent(this);
@@ -30,7 +61,16 @@ TableAndGraph::TableAndGraph(QWidget* tables, GraphPane* graph, QWidget* parent)
   Posi->setCursor(Qt::SplitHCursor);
   Posi->setAutoFillBackground(true);
   Posi->setBackgroundRole(QPalette::Mid);
+  Posi->setFocusPolicy(Qt::TabFocus);
+  Posi->setAccessibleDescription(tr("Left and Right move it"));
+  static const bool installed = (QAccessible::installFactory(Describe), true);
+  Q_UNUSED(installed)
   Posi->installEventFilter(this);
+}
+
+void TableAndGraph::Nudge(int steps) {
+  const double left = left_ + steps * kStep;
+  if (posi::MayMoveTo(left, ScaleWidth())) SetPosiLeft(left);
 }
 
 double TableAndGraph::ScaleWidth() const { return width() * kTwipsPerPixel; }
@@ -66,6 +106,15 @@ void TableAndGraph::Posi_Resize() {
 bool TableAndGraph::eventFilter(QObject* watched, QEvent* event) {
   if (watched != Posi) return QWidget::eventFilter(watched, event);
   const auto x = [event] { return static_cast<QMouseEvent*>(event)->position().x() * kTwipsPerPixel; };
+  if (event->type() == QEvent::FocusIn) Posi->setBackgroundRole(QPalette::Highlight);
+  if (event->type() == QEvent::FocusOut) Posi->setBackgroundRole(QPalette::Mid);
+  if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Left || key == Qt::Key_Right) {
+      Nudge(key == Qt::Key_Left ? -1 : 1);
+      return true;
+    }
+  }
   if (event->type() == QEvent::MouseButtonPress) Posi_MouseDown(x());
   if (event->type() == QEvent::MouseMove) Posi_MouseMove(x());
   if (event->type() == QEvent::MouseButtonRelease) Posi_MouseUp();

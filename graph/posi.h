@@ -30,6 +30,7 @@ class TableAndGraph : public QWidget {
   TableAndGraph(QWidget* tables, GraphPane* Picture1, QWidget* parent);
 
   double PosiLeft() const { return left_; }  // twips
+  void Nudge(int steps);                     // to the right, or the left, as far as the bar may go
   void SetPosiLeft(double left);
   // Where the bar is to stand in a window that has not its size yet: it may be made larger while it comes to
   // the screen. From its first picture on the bar is only pulled in.
@@ -49,7 +50,7 @@ class TableAndGraph : public QWidget {
 
   QWidget* tables_;
   GraphPane* Picture1;
-  QWidget* Posi;
+  QWidget* const Posi;
   double left_ = 7500;
   std::optional<double> wished_;  // until the first picture
   bool Dragging = false;

@@ -8,9 +8,6 @@
 namespace quenlor::graph {
 
 inline QColor ToQColor(Color color) { return {color.Red(), color.Green(), color.Blue()}; }
-inline Color FromQColor(const QColor& color) {
-  return {static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16)};
-}
 
 inline Color ToColor(const QColor& color) {
   const auto level = [](int of) { return static_cast<std::uint32_t>(of); };

@@ -18,9 +18,12 @@ void Clear(ValueColumn& column, const ValueArrays::Table& table) {
   column.Reserve(table.EntryRow() - 1);
 }
 
+constexpr data::MeasurementTable::Row kTold = 1 << 16;  // rows between two words about how far it has come
+
 }  // namespace
 
-void ValueArrays::CopyAll(const Table& table, int visco_column, int temp_column) {
+void ValueArrays::CopyAll(const Table& table, int visco_column, int temp_column,
+                          const data::Progress& progress) {
   ++generation_;
   ClearTime(table);
   Clear(visco_, table);
@@ -36,6 +39,7 @@ void ValueArrays::CopyAll(const Table& table, int visco_column, int temp_column)
     AddTime(row, cell(kNumberColumn), cell(kTimeColumn));
     visco_.Append(data::C_Val(cell(visco_column)));
     temp_.Append(data::C_Val(cell(temp_column)));
+    if (progress && row % kTold == 0) progress(static_cast<double>(row) / static_cast<double>(table.Rows()));
   }
   NoteAllTimes();
   NoteAllVisco();

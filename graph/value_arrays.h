@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/measurement_table.h"
+#include "data/progress.h"
 #include "graph/axis_ranges.h"
 #include "graph/value_column.h"
 
@@ -32,8 +33,9 @@ class ValueArrays {
     int number = 0;  // 0 for readings without a run
   };
 
-  void CopyAll(const Table& table, int visco_column, int temp_column);  // the three of them in one walk
-  void CopyAll_Time(const Table& table);                                // and the runs
+  // The three of them in one walk, which `progress` cannot leave.
+  void CopyAll(const Table& table, int visco_column, int temp_column, const data::Progress& progress = {});
+  void CopyAll_Time(const Table& table);  // and the runs
   void CopyAll_Visco(const Table& table, int column);
   void CopyAll_Temp(const Table& table, int column);
   void Copy_Time(const Table& table, Table::Row row);

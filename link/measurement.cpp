@@ -69,9 +69,9 @@ void Measurement::ErrorLine(const std::string& line) {
   for (MeasurementListener* listener : listeners_) listener->ErrorLine(line);
 }
 
-std::optional<platform::OpenFailure> Measurement::Start() {
+std::optional<platform::OpenFailure> Measurement::Start(const data::Progress& progress) {
   if (Running() || stopping_) return {};
-  if (auto failure = OpenPort()) return failure;
+  if (auto failure = OpenPort(progress)) return failure;
   document_.BeginMeasurement();
   started_at_ = clock_.Now().seconds;
   measuring_ = true;
@@ -96,7 +96,7 @@ std::optional<double> Measurement::NextRequestAt() const {
   return NextRequestTime;
 }
 
-std::optional<platform::OpenFailure> Measurement::OpenPort() {
+std::optional<platform::OpenFailure> Measurement::OpenPort(const data::Progress& progress) {
   reception_.Begin();
   const auto port = ApplyPortSettings(settings_);
   if (!port) return platform::OpenFailure{"", "a choice of the RS-232C menu is missing", ""};
@@ -104,7 +104,7 @@ std::optional<platform::OpenFailure> Measurement::OpenPort() {
   StateChanged();
   loop_.Paint();
   MSComm1_.RTSEnable(true);
-  if (const auto failed = raw_log_.RewriteRawLog(port->CommPort)) {
+  if (const auto failed = raw_log_.RewriteRawLog(port->CommPort, progress)) {
     ClosePort();
     return platform::OpenFailure{"", failed->text, ""};
   }

@@ -80,7 +80,8 @@ class Measurement {
   std::string RawLogPath() const { return raw_log_.Path(CommPort()); }
 
   // Opens the port of the settings and starts. On failure the measurement is stopped and nothing was sent.
-  std::optional<platform::OpenFailure> Start();
+  // `progress` is told while a large raw log is written, and cannot leave it.
+  std::optional<platform::OpenFailure> Start(const data::Progress& progress = {});
 
   // Ends the measurement; with the Visco option "STOP" is sent and the instrument has two seconds to take it.
   void Stop();
@@ -107,7 +108,7 @@ class Measurement {
   void ErrorLine(const std::string& line);
   void Tell(const std::string& text);
   void TakeWaiting();
-  std::optional<platform::OpenFailure> OpenPort();
+  std::optional<platform::OpenFailure> OpenPort(const data::Progress& progress);
   void ClosePort();
   void End(Ending why);
   void UpdateRepeatTimer();

@@ -11,6 +11,7 @@ namespace {
 
 // While the disk refuses, it is asked again this often; each attempt carries all that is missing.
 constexpr double kRetrySeconds = 1.0;
+constexpr data::MeasurementTable::Row kTold = 1 << 16;  // rows between two words about how far it has come
 
 bool IsTitleLine(std::string_view line) { return line.starts_with("No.,") || line.starts_with("No.;"); }
 
@@ -43,26 +44,26 @@ void RawLog::AddLine(Row row, std::string& lines) const {
   lines += "\r\n";
 }
 
-platform::Done RawLog::RewriteRawLog(int port_number) {
+platform::Done RawLog::RewriteRawLog(int port_number, const data::Progress& progress) {
   const std::string path = Path(port_number);
   auto lock = files_.Lock(folder_ + "/Com_" + std::to_string(port_number) + ".lock");
   if (!lock) return platform::Failure{path + " is in use by another Quenlor"};
 
-  const auto bytes = files_.Read(path);
+  const auto bytes = files_.Read(path, data::PartOf(progress, 0, 0.2));
   if (!bytes.ok() && !NotFound(bytes)) return bytes.failure();
   if (bytes.ok() && !saved_logs_.Holds(Name(port_number), bytes.value()) &&
-      HoldsMoreThanTheTable(bytes.value())) {
+      HoldsMoreThanTheTable(bytes.value(), data::PartOf(progress, 0.2, 0.6))) {
     if (auto failed = SetAside(path, port_number)) return failed;
   }
   name_ = Name(port_number);
-  if (auto failed = WriteTable(path)) return failed;
+  if (auto failed = WriteTable(path, data::PartOf(progress, 0.6, 1))) return failed;
   path_ = path;
   lock_ = std::move(lock);
   missing_from_.reset();
   return {};
 }
 
-platform::Done RawLog::WriteTable(const std::string& path) {
+platform::Done RawLog::WriteTable(const std::string& path, const data::Progress& progress) {
   Fingerprint content;
   auto failed = files_.Replace(path, [&](platform::ByteSink& sink) {
     std::string line;
@@ -71,6 +72,8 @@ platform::Done RawLog::WriteTable(const std::string& path) {
       AddLine(row, line);
       sink.Write(line);
       content.Add(line);
+      if (progress && row % kTold == 0)
+        progress(static_cast<double>(row) / static_cast<double>(document_.Grid1().Rows()));
     }
   });
   if (!failed) logs_[name_] = {content};
@@ -79,7 +82,7 @@ platform::Done RawLog::WriteTable(const std::string& path) {
 
 // Both hold their readings in the order of arrival, so one walk through the table finds every line
 // or misses one.
-bool RawLog::HoldsMoreThanTheTable(std::string_view bytes) const {
+bool RawLog::HoldsMoreThanTheTable(std::string_view bytes, const data::Progress& progress) const {
   const data::MeasurementTable& table = document_.Grid1();
   data::TextLines lines(bytes);
   Row row = 1;
@@ -90,6 +93,8 @@ bool RawLog::HoldsMoreThanTheTable(std::string_view bytes) const {
     const std::string_view on_disk = WithoutEmptyEnd(*line, separator);
     bool found = false;
     for (; !found && row < table.EntryRow(); ++row) {
+      if (progress && row % kTold == 0)
+        progress(static_cast<double>(row) / static_cast<double>(table.Rows()));
       in_table.clear();
       table.AppendLine(row, separator, in_table);
       found = WithoutEmptyEnd(in_table, separator) == on_disk;

@@ -33,7 +33,8 @@ class RawLog : private data::DocumentListener {
   std::string Path(int port_number) const;
 
   // Rewrites the file of that port from the table. One program at a time may write it.
-  platform::Done RewriteRawLog(int port_number);
+  // `progress` cannot leave it.
+  platform::Done RewriteRawLog(int port_number, const data::Progress& progress = {});
 
   // Appends the reading in `row`. What could not be written is told once when it begins and once when
   // it is over.
@@ -56,9 +57,9 @@ class RawLog : private data::DocumentListener {
   void DocumentSaved() override;
   void TableHasChanged();
 
-  bool HoldsMoreThanTheTable(std::string_view bytes) const;
+  bool HoldsMoreThanTheTable(std::string_view bytes, const data::Progress& progress) const;
   std::string Name(int port_number) const;
-  platform::Done WriteTable(const std::string& path);
+  platform::Done WriteTable(const std::string& path, const data::Progress& progress = {});
   platform::Done SetAside(const std::string& path, int port_number);
   void AppendRows(Row first, Row last);
   void AddLine(Row row, std::string& lines) const;

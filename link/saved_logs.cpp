@@ -51,6 +51,12 @@ void SavedLogs::Note(const std::map<std::string, Fingerprint>& logs) {
   files_.Replace(path_, text);
 }
 
+bool SavedLogs::KnowsOfSize(const std::string& name, std::uint64_t size) const {
+  const auto logs = Read();
+  const auto noted = logs.find(name);
+  return noted != logs.end() && noted->second.size == size;
+}
+
 bool SavedLogs::Holds(const std::string& name, std::string_view content) const {
   const auto logs = Read();
   const auto noted = logs.find(name);

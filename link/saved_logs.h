@@ -33,6 +33,8 @@ class SavedLogs {
 
   void Note(const std::map<std::string, Fingerprint>& logs);
   bool Holds(const std::string& name, std::string_view content) const;
+  // The same by its size alone, for whoever does not want to read all of it.
+  bool KnowsOfSize(const std::string& name, std::uint64_t size) const;
 
  private:
   std::map<std::string, Fingerprint> Read() const;

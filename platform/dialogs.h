@@ -46,9 +46,10 @@ class Dialogs {
   virtual ~Dialogs() = default;
   virtual Answer Show(const MessageBox& box) = 0;
 
-  // A path, or nothing when the operator cancels. `filter` is "caption|pattern|caption|pattern…".
-  virtual std::optional<std::string> OpenFile(const std::string& filter) = 0;
-  // The same for saving, with `name` preset, in `folder` (empty: where a file was chosen last), and a
+  // A path, or nothing when the operator cancels; the box begins in `folder` (empty: where a file was chosen
+  // last). `filter` is "caption|pattern|caption|pattern…".
+  virtual std::optional<std::string> OpenFile(const std::string& folder, const std::string& filter) = 0;
+  // The same for saving, with `name` preset, and a
   // question before an existing file is overwritten. With a filter of one suffix chosen ("*.csv"), a name
   // that ends otherwise gets that suffix. A name that is no UTF-8 is proposed as if it were Latin-1; a folder
   // of such a name counts as empty.

@@ -6,7 +6,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "data/progress.h"
 #include "platform/result.h"
 
 namespace quenlor::platform {
@@ -24,6 +26,13 @@ class FileLock {
   virtual ~FileLock() = default;
 };
 
+// A file of a folder.
+struct FileEntry {
+  std::string name;
+  std::uint64_t size = 0;
+  std::int64_t modified = 0;  // seconds since 1970
+};
+
 // Files as the program needs them. A path is the bytes that the system knows the file by, in UTF-8 where
 // they are text. No operation leaves a file open.
 class FileSystem {
@@ -32,7 +41,9 @@ class FileSystem {
 
   virtual bool Exists(const std::string& path) const = 0;
   virtual bool Same(const std::string& path, const std::string& other) const = 0;  // one file of two names
-  virtual Result<std::string> Read(const std::string& path) const = 0;  // the whole file; a directory fails
+  // The whole file; a directory fails. One whose reading was left fails with kLeft.
+  virtual Result<std::string> Read(const std::string& path, const data::Progress& progress = {}) const = 0;
+  virtual std::vector<FileEntry> List(const std::string& folder) const = 0;  // its files, by name
   virtual Result<std::int64_t> ModifiedAt(
       const std::string& path) const = 0;  // seconds since 1970, local time
 

@@ -13,6 +13,7 @@ enum class FailureKind {
   kNotFound,    // there is no such file, or no folder for it
   kPermission,  // it is there, and this user may not use it so
   kFull,        // no room is left: on the disk, of what the user may fill, in a file as large as files can be
+  kLeft,        // the operator has left it
   kOther,
 };
 

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "app/desk/status.h"
 #include "data/data_file.h"
 #include "platform/busy_pointer.h"
 
@@ -16,6 +17,10 @@ using platform::Icon;
 constexpr const char* kFilter = "CSV File(*.csv)|*.csv|ALL Files(*.*)|*.*";
 constexpr const char* kNewName = "New.csv";
 
+// How far an opening has come when the file is read, and when its lines are divided.
+constexpr double kReadShare = 0.3;
+constexpr double kParsedShare = 0.75;
+
 constexpr const char* kCommasDivide =
     "some fields hold \",\", which also divides them in files: Decimal Point Comma would keep them apart";
 
@@ -23,7 +28,13 @@ constexpr const char* kCommasDivide =
 
 DocumentCommands::DocumentCommands(Session& session, link::Measurement& measurement,
                                    platform::Dialogs& dialogs, DocumentCommandsView& view)
-    : session_(session), measurement_(measurement), dialogs_(dialogs), view_(view) {
+    : session_(session),
+      measurement_(measurement),
+      dialogs_(dialogs),
+      view_(view),
+      recent_(session.Files(), session.File("Recent.txt")),
+      left_(session.Files(), FolderOf(session.File("Seen.txt"))),
+      folder_(recent_.Folder()) {
   session_.Document().AddListener(*this);
 }
 
@@ -67,7 +78,12 @@ std::string DocumentCommands::TemplateText() const {
 void DocumentCommands::Open() {
   measurement_.Stop();
   if (!MayDiscard()) return;
-  if (const auto path = dialogs_.OpenFile(kFilter)) ReadDataFile(*path);
+  if (const auto path = dialogs_.OpenFile(folder_, kFilter)) ReadDataFile(*path);
+}
+
+void DocumentCommands::OpenRecent(const std::string& path) {
+  measurement_.Stop();
+  if (MayDiscard()) ReadDataFile(path);
 }
 
 void DocumentCommands::Drop(const std::string& path) {
@@ -80,25 +96,40 @@ void DocumentCommands::Drop(const std::string& path) {
 
 void DocumentCommands::ReadDataFile(const std::string& path) {
   const platform::BusyPointer busy([this](bool on) { view_.Busy(on); });
-  auto bytes = session_.Files().Read(path);
+  const std::string name = NameWithoutFolder(path);
+  const auto may_leave = [&](double part) { return view_.Progress("Opening " + name, part, true); };
+  const auto goes_on = [&](double part) { return view_.Progress("Opening " + name, part, false); };
+  auto bytes = session_.Files().Read(path, data::PartOf(may_leave, 0, kReadShare));
   if (!bytes.ok()) return view_.Say(bytes.failure().text);
-  Load(path, std::move(bytes.value()));
+  const bool opened = Load(path, std::move(bytes.value()), data::PartOf(may_leave, kReadShare, kParsedShare),
+                           data::PartOf(goes_on, kParsedShare, 1));
+  if (!opened) return view_.Say("Opening " + path + " was left");
   folder_ = FolderOf(path);
+  recent_.Note(path);
+  left_.Seen(path);
+  const data::Document& document = session_.Document();
+  view_.Say("Opened " + name + ": " + CountText(document.RunCount(), "run", "runs") + ", " +
+            CountText(document.Grid1().EntryRow() - 1, "reading", "readings"));
 }
 
-void DocumentCommands::Load(const std::string& path, std::string bytes) {
-  session_.Load(path, std::move(bytes), FileDate(session_.Files(), path));
+bool DocumentCommands::Load(const std::string& path, std::string bytes, const data::Progress& reading,
+                            const data::Progress& copying) {
+  if (!session_.Load(path, std::move(bytes), FileDate(session_.Files(), path), reading, copying))
+    return false;
   view_.ShowChoices();
+  return true;
 }
 
 void DocumentCommands::Save() {
   const auto path = dialogs_.SaveFile(folder_, session_.Document().FileName(), kFilter);
   if (!path) return;
   const platform::BusyPointer busy([this](bool on) { view_.Busy(on); });
-  const auto failed = session_.Save(*path);
+  const auto failed = session_.Save(
+      *path, [&](double part) { return view_.Progress("Saving " + NameWithoutFolder(*path), part, false); });
   if (failed) return view_.Say(failed->text);
   session_.Document().Saved(NameWithoutFolder(*path));
   folder_ = FolderOf(*path);
+  recent_.Note(*path);
   session_.Settings().SaveSettings();
   view_.Say("Saved " + *path + (session_.Document().CommasDivide() ? std::string("; ") + kCommasDivide : ""));
 }

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "app/desk/left_readings.h"
+#include "app/desk/recent_files.h"
 #include "app/desk/session.h"
 #include "link/measurement.h"
 #include "platform/dialogs.h"
@@ -15,7 +19,10 @@ class DocumentCommandsView {
   virtual ~DocumentCommandsView() = default;
   virtual void Say(const std::string& text) = 0;  // in the status bar
   virtual void Busy(bool busy) = 0;               // the waiting pointer
-  virtual void ShowChoices() = 0;                 // a file has set settings, or all three axes scale again
+  // How far a long work has come. Where it may be left the operator is heard, and false leaves it; where not,
+  // nothing but this is shown.
+  virtual bool Progress(const std::string& /*what*/, double /*part*/, bool /*may_leave*/) { return true; }
+  virtual void ShowChoices() = 0;  // a file has set settings, or all three axes scale again
   virtual void ClearReceivedData() = 0;
 };
 
@@ -41,17 +48,26 @@ class DocumentCommands : private data::DocumentListener {
   // True when the program may end: stopped, and saved or given up by the operator.
   bool ExitProgram();
 
+  void OpenRecent(const std::string& path);  // with the question that Open asks
+  std::vector<std::string> Recent() const { return recent_.Paths(); }
+  // Readings of an earlier life that nobody has saved; told until they are opened or dismissed.
+  std::optional<LeftReadings::Left> ReadingsLeft() const { return left_.Find(); }
+  void Dismiss(const std::string& path) { left_.Seen(path); }
+
  private:
   bool MayDiscard();
   void CommasDivideFields() override;
   void WriteNewTemplate(const std::string& path);
   std::string TemplateText() const;
-  void Load(const std::string& path, std::string bytes);
+  bool Load(const std::string& path, std::string bytes, const data::Progress& reading = {},
+            const data::Progress& copying = {});
 
   Session& session_;
   link::Measurement& measurement_;
   platform::Dialogs& dialogs_;
   DocumentCommandsView& view_;
+  RecentFiles recent_;
+  LeftReadings left_;
   std::string folder_;
 };
 

@@ -14,7 +14,13 @@ class ReadOnlyFiles final : public platform::FileSystem {
   bool Same(const std::string& path, const std::string& other) const override {
     return files_.Same(path, other);
   }
-  platform::Result<std::string> Read(const std::string& path) const override { return files_.Read(path); }
+  platform::Result<std::string> Read(const std::string& path,
+                                     const data::Progress& progress = {}) const override {
+    return files_.Read(path, progress);
+  }
+  std::vector<platform::FileEntry> List(const std::string& folder) const override {
+    return files_.List(folder);
+  }
   platform::Result<std::int64_t> ModifiedAt(const std::string& path) const override {
     return files_.ModifiedAt(path);
   }

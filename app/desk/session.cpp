@@ -27,15 +27,21 @@ void Session::SetColors(const graph::ColorSettings& colors) {
   graph_.LookChanged();
 }
 
-void Session::Load(const std::string& path, std::string bytes, const std::string& file_date) {
-  data::DataFileContents contents = data::ParseDataFile(std::move(bytes));
-  data::ApplyAxisSettings(contents.axis, settings_.List());
-  document_.Load(std::move(contents), NameWithoutFolder(path), file_date);
+bool Session::Load(const std::string& path, std::string bytes, const std::string& file_date,
+                   const data::Progress& reading, const data::Progress& copying) {
+  auto contents = data::ParseDataFile(std::move(bytes), reading);
+  if (!contents) return false;
+  data::ApplyAxisSettings(contents->axis, settings_.List());
+  graph_.OnProgress(copying);
+  document_.Load(std::move(*contents), NameWithoutFolder(path), file_date);
+  graph_.OnProgress({});
+  return true;
 }
 
-platform::Done Session::Save(const std::string& path) {
-  return files_.Replace(path, [this](platform::ByteSink& sink) {
-    data::WriteDataFile(document_, List(), [&](std::string_view piece) { sink.Write(piece); });
+platform::Done Session::Save(const std::string& path, const data::Progress& progress) {
+  return files_.Replace(path, [&](platform::ByteSink& sink) {
+    data::WriteDataFile(
+        document_, List(), [&](std::string_view piece) { sink.Write(piece); }, progress);
   });
 }
 

@@ -49,10 +49,12 @@ class Session {
 
   // The bytes of the data file of that path become the document, and the settings take over what it tells of
   // its axes. A file without a date of its own gets `file_date`.
-  void Load(const std::string& path, std::string bytes, const std::string& file_date);
+  // False, and nothing has changed, when `reading` has left it; `copying` cannot, and may only be looked at.
+  bool Load(const std::string& path, std::string bytes, const std::string& file_date,
+            const data::Progress& reading = {}, const data::Progress& copying = {});
 
-  // The document as a data file of that path.
-  platform::Done Save(const std::string& path);
+  // The document as a data file of that path; `progress` cannot leave it.
+  platform::Done Save(const std::string& path, const data::Progress& progress = {});
 
   // How the graph looks in a plot of so many pixels across, and the texts around it.
   graph::PlotSettings Look(int plot_width) const;

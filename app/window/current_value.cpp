@@ -5,7 +5,7 @@
 
 #include "app/desk/unit_beside.h"
 #include "data/run_table.h"
-#include "graph/contrast.h"
+#include "graph/readable_color.h"
 #include "graph/screen_color.h"
 #include "platform/qt/to_qstring.h"
 
@@ -80,8 +80,7 @@ void CurrentValue::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QColor ground = palette().color(QPalette::Window);
   const QColor ink = palette().color(QPalette::WindowText);
-  const bool readable =
-      graph::Contrast(graph::FromQColor(color_), graph::FromQColor(ground)) >= graph::kReadable;
+  const bool readable = graph::CanBeRead(graph::ToColor(color_), graph::ToColor(ground));
   const auto draw = [&](const Value& value, const QFont& number_font, int baseline,
                         const QColor& number_color) {
     int right = width();

@@ -70,6 +70,10 @@ void GraphChoices::Option2_Click() {
   session_.Settings().SaveSettings();
 }
 
+void GraphChoices::ShowWholeRange() {
+  for (QCheckBox* box : {Check2, Check3, Check4}) box->setChecked(true);
+}
+
 // "Standard" and "Fine" count only for a viscosity axis that scales by itself.
 void GraphChoices::ShowChoices() {
   const graph::AutoScaling& scaling = session_.Graph().Scaling();

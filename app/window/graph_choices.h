@@ -20,6 +20,7 @@ class GraphChoices : public QWidget {
   // The boxes as the graph has them.
   void ShowChoices();
 
+  void ShowWholeRange();  // all three axes follow the data
   void ChooseKind(int Index) { Option1[static_cast<std::size_t>(Index)]->click(); }
 
  private:

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
@@ -14,7 +15,6 @@
 
 #include "app/desk/version.h"
 #include "app/window/frame.h"
-#include "app/window/status_line.h"
 #include "app/window/window_state.h"
 #include "graph/color_window.h"
 #include "platform/qt/exact_path.h"
@@ -35,9 +35,12 @@ MainWindow::MainWindow(const MainWindowPorts& ports)
       measurement_(ports.measurement, session_.Document(), session_.List(), ports.place.folder),
       status_(session_, measurement_, ports.measurement.clock, ports.name_of_port),
       documents_(session_, measurement_, ports.dialogs, *this),
+      vigil_(measurement_, status_, ports.desktop, [this] { return isActiveWindow(); }),
+      status_line_(*new StatusLine(status_, statusBar())),
+      progress_(*new ProgressBar(statusBar())),
       menus_(*new Menus(menuBar(), session_, measurement_, {ports.look_for_devices, ports.name_of_port},
                         status_)),
-      panel_(*new MeasurePanel(session_, measurement_, ports.dialogs, commands_, status_, this)),
+      panel_(*new MeasurePanel(session_, measurement_, ports.dialogs, commands_, status_, progress_, this)),
       choices_(*new GraphChoices(session_, this)),
       value_(*new CurrentValue(session_, this)),
       tables_(*new TablesPane(session_, panel_.ReceivedData(), this)),
@@ -47,6 +50,7 @@ MainWindow::MainWindow(const MainWindowPorts& ports)
       edits_(
           session_, measurement_, ports.dialogs, commands_, status_, [this] { choices_.ShowChoices(); },
           this),
+      pictures_(session_, ports.dialogs, status_),
       reports_(
           session_,
           {ports.printer, ports.clipboard, ports.dialogs, ports.measurement.loop,
@@ -87,13 +91,18 @@ void MainWindow::BuildWindow() {
   constexpr QSize kLeastHalves(420, 180);  // below that captions and rows would be crushed
   halves_.setMinimumSize(kLeastHalves);
   setCentralWidget(centre);
-  new StatusLine(status_, statusBar());
+  statusBar()->addPermanentWidget(&progress_);
+  progress_.hide();
+  progress_.KeepQuiet(&halves_);
   // With its frame it is to fit the screen, which is small where everything is shown enlarged.
   constexpr QSize kUsual(1200, 760);
   resize(kUsual.boundedTo(platform::qt::RoomFor(*this)));
 }
 
 void MainWindow::ConnectHandlers() {
+  connect(&menus_, &Menus::FileMenuOpens, this, [this] { menus_.ShowRecent(documents_.Recent()); });
+  connect(&menus_, &Menus::Recent_Click, this,
+          [this](const std::string& path) { commands_.Run([&] { documents_.OpenRecent(path); }); });
   connect(menus_.mNew, &QAction::triggered, this, &MainWindow::mNew_Click);
   connect(menus_.mOpen, &QAction::triggered, this, &MainWindow::mOpen_Click);
   connect(menus_.mSave, &QAction::triggered, this, &MainWindow::mSave_Click);
@@ -112,6 +121,7 @@ void MainWindow::ConnectHandlers() {
     platform::qt::GridView& grid = *tables_.Measurement();
     edits_.ShowTableMenu(grid, grid.viewport()->mapToGlobal(at));
   });
+  connect(&Picture1, &graph::GraphPane::MenuWanted, this, &MainWindow::ShowGraphMenu);
   connect(&Picture1, &graph::GraphPane::Label5_DblClick, this,
           [this](int Index) { edits_.Label5_DblClick(Index); });
   connect(&Picture1, &graph::GraphPane::Label6_DblClick, this,
@@ -143,9 +153,39 @@ void MainWindow::Form_Load() {
   QTimer::singleShot(kDevicesMilliseconds, this, [this] {
     const std::string told = status_.Said();  // of a file that cannot be read, or of a start
     menus_.ShowDevices();
-    if (!told.empty()) Say(told);
+    if (!told.empty()) {
+      Say(told);
+    } else if (status_.Said().empty()) {
+      OfferReadingsLeft();
+    }
   });
   documents_.New();
+}
+
+void MainWindow::OpenFile(const std::string& path) {
+  commands_.Run([&] { documents_.ReadDataFile(path); });
+}
+
+void MainWindow::ShowGraphMenu(const QPoint& at) {
+  QMenu menu(this);
+  menu.setObjectName(QStringLiteral("GraphMenu"));
+  menu.addAction(tr("&Copy Picture"), this,
+                 [this] { pictures_.CopyPicture(Picture1.size(), Picture1.devicePixelRatioF()); });
+  menu.addAction(tr("&Save Picture..."), this,
+                 [this] { commands_.Run([this] { pictures_.SavePicture(Picture1.size()); }); });
+  menu.addSeparator();
+  menu.addAction(tr("&Whole Range"), this, [this] { choices_.ShowWholeRange(); });
+  menu.exec(at);
+}
+
+// Of a crash, or of somebody who did not save.
+void MainWindow::OfferReadingsLeft() {
+  const auto left = documents_.ReadingsLeft();
+  if (!left) return;
+  const std::string path = left->path;
+  status_line_.Offer(
+      left->text, tr("Open"), [this, path] { commands_.Run([&] { documents_.OpenRecent(path); }); },
+      [this, path] { documents_.Dismiss(path); });
 }
 
 void MainWindow::mNew_Click() {
@@ -229,7 +269,10 @@ int MainWindow::ShowNews(bool whole) {
   return milliseconds;
 }
 
-void MainWindow::Busy(bool busy) { platform::qt::ShowBusyPointer(busy); }
+void MainWindow::Busy(bool busy) {
+  platform::qt::ShowBusyPointer(busy);
+  if (!busy) progress_.Done();
+}
 
 void MainWindow::ShowChoices() {
   menus_.ShowChoices();

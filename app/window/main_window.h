@@ -7,13 +7,16 @@
 #include <string>
 
 #include "app/desk/document_commands.h"
+#include "app/desk/vigil.h"
 #include "app/window/current_value.h"
 #include "app/window/edits.h"
 #include "app/window/graph_choices.h"
 #include "app/window/measure_panel.h"
 #include "app/window/menus.h"
+#include "app/window/picture_commands.h"
 #include "app/window/refresh_tick.h"
 #include "app/window/report_windows.h"
+#include "app/window/status_line.h"
 #include "app/window/tables_pane.h"
 #include "graph/posi.h"
 
@@ -29,6 +32,7 @@ struct MainWindowPorts {
   platform::Dialogs& dialogs;
   platform::Printer& printer;
   platform::Clipboard& clipboard;
+  platform::Desktop& desktop;
   Session::Place place;
   bool system_writes_comma = false;                   // one and a half is "1,5" to this system
   std::function<void()> look_for_devices;             // before the Com Port menu tells them
@@ -45,7 +49,7 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   ~MainWindow() override;
 
   // Opens a data file in place of the new document with which the program starts.
-  void OpenFile(const std::string& path) { documents_.ReadDataFile(path); }
+  void OpenFile(const std::string& path);
 
   const data::Document& Document() const { return session_.Document(); }
 
@@ -71,12 +75,17 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   void mEnd_Click() { close(); }
   void mColor_Click();
   void ShowLineWidth();
+  void OfferReadingsLeft();
+  void ShowGraphMenu(const QPoint& at);
 
   int ShowNews(bool whole);
 
   // DocumentCommandsView
   void Say(const std::string& text) override { status_.Say(text); }
   void Busy(bool busy) override;
+  bool Progress(const std::string& what, double part, bool may_leave) override {
+    return progress_.Tell(what, part, may_leave);
+  }
   void ShowChoices() override;
   void ClearReceivedData() override;
 
@@ -86,6 +95,9 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   Status status_;
   DocumentCommands documents_;
   OneAtATime commands_;
+  Vigil vigil_;
+  StatusLine& status_line_;
+  ProgressBar& progress_;
   Menus& menus_;
   MeasurePanel& panel_;
   GraphChoices& choices_;
@@ -94,6 +106,7 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   graph::GraphPane& Picture1;
   graph::TableAndGraph& halves_;
   Edits edits_;
+  PictureCommands pictures_;
   ReportWindows reports_;
   QPointer<graph::ColorWindow> Form6;
 };

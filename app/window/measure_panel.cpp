@@ -12,7 +12,7 @@
 #include "app/window/frame.h"
 #include "app/window/named.h"
 #include "data/text_number.h"
-#include "graph/contrast.h"
+#include "graph/readable_color.h"
 #include "graph/screen_color.h"
 #include "platform/qt/plain_tip.h"
 #include "platform/qt/to_qstring.h"
@@ -28,13 +28,14 @@ constexpr double kButtonContrast = 6;  // of a word to its button
 }  // namespace
 
 MeasurePanel::MeasurePanel(Session& session, link::Measurement& measurement, platform::Dialogs& dialogs,
-                           OneAtATime& commands, Status& status, QWidget* parent)
+                           OneAtATime& commands, Status& status, ProgressBar& progress, QWidget* parent)
     : QWidget(parent),
       session_(session),
       measurement_(measurement),
       dialogs_(dialogs),
       commands_(commands),
-      status_(status) {
+      status_(status),
+      progress_(progress) {
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(kSpacing);
@@ -69,7 +70,9 @@ void MeasurePanel::Command1_Click() {
   commands_.Run([this] {
     if (measurement_.Running()) return measurement_.Stop();
     session_.Settings().SaveSettings();
-    const auto failure = measurement_.Start();
+    const auto failure = measurement_.Start(
+        [this](double part) { return progress_.Tell("Writing the raw log", part, false); });
+    progress_.Done();
     if (!failure) return;
     StateChanged();
     status_.StartRefused(*failure);
@@ -197,7 +200,7 @@ void MeasurePanel::ShowSign() {
   const QColor word = Qt::white;
   QColor ground = palette().color(QPalette::Active, QPalette::Highlight);
   // Styles lighten a button's upper half.
-  while (graph::Contrast(graph::FromQColor(ground), graph::FromQColor(word)) < kButtonContrast)
+  while (graph::Contrast(graph::ToColor(ground), graph::ToColor(word)) < kButtonContrast)
     ground = ground.darker(110);
   for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
     colors.setColor(group, QPalette::Button, ground);

@@ -12,6 +12,7 @@
 #include "app/desk/session.h"
 #include "app/desk/status.h"
 #include "app/window/one_at_a_time.h"
+#include "app/window/progress_bar.h"
 #include "link/command_list.h"
 #include "link/error_window.h"
 #include "link/measurement.h"
@@ -26,7 +27,7 @@ class MeasurePanel : public QWidget, private link::MeasurementListener {
 
  public:
   MeasurePanel(Session& session, link::Measurement& measurement, platform::Dialogs& dialogs,
-               OneAtATime& commands, Status& status, QWidget* parent);
+               OneAtATime& commands, Status& status, ProgressBar& progress, QWidget* parent);
   ~MeasurePanel() override;
 
   QWidget* ReceivedData() const { return received_; }  // stands above the tables
@@ -64,6 +65,7 @@ class MeasurePanel : public QWidget, private link::MeasurementListener {
   platform::Dialogs& dialogs_;
   OneAtATime& commands_;
   Status& status_;
+  ProgressBar& progress_;
   link::CommandList command_list_;
   std::string last_line_;
   bool line_waits_ = false;  // last_line_ is not shown yet

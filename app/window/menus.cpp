@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "link/port_settings.h"
-#include "platform/qt/described_menu.h"
+#include "platform/qt/plain_tip.h"
 #include "platform/qt/to_qstring.h"
 
 namespace quenlor::app {
@@ -59,7 +59,7 @@ Menus::Menus(QMenuBar* bar, Session& session, link::Measurement& measurement, De
 Menus::~Menus() { measurement_.RemoveListener(*this); }
 
 void Menus::BuildFileMenu() {
-  QMenu* mFile = AddMenu("mFile", "File(&F)");
+  mFile = AddMenu("mFile", "File(&F)");
   mNew = AddItem(mFile, "mNew", "New(&N)", tr("Begin an empty document"));
   mOpen = AddItem(mFile, "mOpen", "Open(&O)", tr("Open a data file or a raw log"));
   mSave = AddItem(mFile, "mSave", "Save(&S)", tr("Save the document as a data file"));
@@ -68,12 +68,29 @@ void Menus::BuildFileMenu() {
   mStatistics = AddItem(mFile, "mStatistics", "Statistics(&T)", tr("Summarise the runs"));
   mFile->addSeparator();
   mEnd = AddItem(mFile, "mEnd", "End(&X)", tr("End the program"));
+  connect(mFile, &QMenu::aboutToShow, this, &Menus::FileMenuOpens);
   mNew->setShortcut(QKeySequence::New);
   mOpen->setShortcut(QKeySequence::Open);
   mSave->setShortcut(QKeySequence::Save);
   mPrint->setShortcut(QKeySequence::Print);
   mStatistics->setShortcut(Qt::CTRL | Qt::Key_T);
   mEnd->setShortcut(QKeySequence::Quit);
+}
+
+void Menus::ShowRecent(const std::vector<std::string>& paths) {
+  qDeleteAll(recent_);
+  recent_.clear();
+  if (!paths.empty()) recent_.append(mFile->addSeparator());
+  for (const std::string& path : paths) {
+    const QString shown = ToQString(path);
+    const QString name = shown.section(QLatin1Char('/'), -1).replace(QLatin1Char('&'), QStringLiteral("&&"));
+    QAction* item = mFile->addAction(QStringLiteral("&%1 %2").arg(recent_.size()).arg(name));
+    item->setObjectName(QStringLiteral("Recent[%1]").arg(recent_.size()));
+    item->setToolTip(platform::qt::PlainTip(shown));
+    item->setStatusTip(shown);
+    connect(item, &QAction::triggered, this, [this, path] { emit Recent_Click(path); });
+    recent_.append(item);
+  }
 }
 
 void Menus::BuildPortMenu() {
@@ -138,7 +155,7 @@ void Menus::BuildScaleMenu() {
   for (int i = Range.First(); i <= Range.Last(); ++i) Range.Item(i)->setCheckable(false);
 }
 
-QMenu* Menus::AddMenu(const char* name, const char* caption) {
+DescribedMenu* Menus::AddMenu(const char* name, const char* caption) {
   auto* menu = new DescribedMenu(QString::fromLatin1(caption), bar_);
   menu->setObjectName(QString::fromLatin1(name));
   bar_->addMenu(menu);

@@ -10,6 +10,7 @@
 #include "app/desk/status.h"
 #include "app/window/option_group.h"
 #include "link/measurement.h"
+#include "platform/qt/described_menu.h"
 
 namespace quenlor::app {
 
@@ -31,7 +32,8 @@ class Menus : public QObject, private link::MeasurementListener {
   void AddPorts();     // items of the Com Port menu, as many as the settings say
   void ShowChoices();  // every check mark as the settings list has it; elements stay, whatever they say
   void ShowDevices();
-  void ToggleLog();  // the viscosity axis becomes the other one
+  void ShowRecent(const std::vector<std::string>& paths);  // at the foot of File
+  void ToggleLog();                                        // the viscosity axis becomes the other one
 
   QAction* mNew = nullptr;
   QAction* mOpen = nullptr;
@@ -42,13 +44,15 @@ class Menus : public QObject, private link::MeasurementListener {
   QAction* mColor = nullptr;
 
  signals:
+  void FileMenuOpens();
+  void Recent_Click(const std::string& path);
   void LineChosen();
   void Range_Click(int Index);
 
  private:
   struct GroupRow;
 
-  QMenu* AddMenu(const char* name, const char* caption);
+  platform::qt::DescribedMenu* AddMenu(const char* name, const char* caption);
   QAction* AddItem(QMenu* menu, const char* name, const char* caption, const QString& tip);
   void AddGroup(QMenu* menu, const GroupRow& row);
   void BuildFileMenu();
@@ -79,6 +83,8 @@ class Menus : public QObject, private link::MeasurementListener {
   void StateChanged() override;
 
   QMenuBar* bar_;
+  platform::qt::DescribedMenu* mFile = nullptr;
+  QList<QAction*> recent_;
   Session& session_;
   link::Measurement& measurement_;
   DeviceNames devices_;

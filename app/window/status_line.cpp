@@ -41,6 +41,7 @@ StatusLine::StatusLine(Status& status, QStatusBar* bar)
       status_(status),
       bar_(bar),
       message_(new QLabel(bar)),
+      offer_(new QLabel(bar)),
       room_(new QWidget(bar)),
       sign_(new QLabel(QStringLiteral("\u25CF"), room_)) {
   message_->setObjectName(QStringLiteral("Status"));
@@ -79,7 +80,18 @@ StatusLine::StatusLine(Status& status, QStatusBar* bar)
     layout->addWidget(label);
   }
   sign_->setContentsMargins(kSpacing, 0, 0, 0);
+  offer_->setObjectName(QStringLiteral("StatusOffer"));
+  offer_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  offer_->setAccessibleName(tr("What can be done about the message"));
+  offer_->hide();
+  // What was chosen may say something else, which ends the offer.
+  connect(offer_, &QLabel::linkActivated, this, [this](const QString& chosen) {
+    const auto deed = chosen == QLatin1String("take") ? take_ : dismiss_;
+    status_.Say({});
+    deed();
+  });
   bar_->addWidget(message_, 1);
+  bar_->addWidget(offer_);
   bar_->addPermanentWidget(room_);
   bar_->installEventFilter(this);
 
@@ -97,6 +109,17 @@ void StatusLine::Changed() {
   if (!soon_.isActive()) soon_.start(0);
 }
 
+void StatusLine::Offer(const std::string& text, const QString& deed, std::function<void()> take,
+                       std::function<void()> dismiss) {
+  take_ = std::move(take);
+  dismiss_ = std::move(dismiss);
+  offered_ = text;
+  offer_->setText(
+      QStringLiteral("<a href=\"take\">%1</a>&nbsp; <a href=\"dismiss\">%2</a>").arg(deed, tr("Dismiss")));
+  offer_->setAccessibleName(ToQString(text));
+  status_.Say(text);
+}
+
 void StatusLine::Set(QLabel* label, const QString& text) {
   if (label->text() != text) label->setText(text);
 }
@@ -110,6 +133,7 @@ void StatusLine::Show() {
   }
   Set(message_, ToQString(now.message));
   message_->setToolTip(platform::qt::PlainTip(message_->text()));
+  offer_->setVisible(!offered_.empty() && offered_ == status_.Said());
   const std::array<const std::string*, kFields> texts = {&now.state, &now.document, &now.errors,
                                                          &now.port,  &now.run,      &now.ages};
   for (std::size_t i = 0; i < texts.size(); ++i) Set(fields_[i], ToQString(*texts[i]));

@@ -6,6 +6,8 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <array>
+#include <functional>
+#include <string>
 
 #include "app/desk/status.h"
 
@@ -21,6 +23,11 @@ class StatusLine : public QObject {
 
   void Show();  // as it is now
 
+  // Says something that can be done about; the offer stays until one of both was chosen or something else is
+  // said.
+  void Offer(const std::string& text, const QString& deed, std::function<void()> take,
+             std::function<void()> dismiss);
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -34,6 +41,10 @@ class StatusLine : public QObject {
   Status& status_;
   QStatusBar* bar_;
   QLabel* message_;
+  QLabel* offer_;
+  std::string offered_;
+  std::function<void()> take_;
+  std::function<void()> dismiss_;
   QWidget* room_;
   QLabel* sign_;
   std::array<QLabel*, kFields> fields_{};

@@ -52,13 +52,23 @@ bool MemoryFileSystem::Exists(const std::string& path) const {
   return files_.contains(path) || folders_.contains(path);
 }
 
-Result<std::string> MemoryFileSystem::Read(const std::string& path) const {
+Result<std::string> MemoryFileSystem::Read(const std::string& path, const data::Progress& progress) const {
   ++calls_.reads;
   if (folders_.contains(path)) return Cannot("read " + path, kFolder);
   const auto file = files_.find(path);
   if (file == files_.end()) return Cannot("read " + path, kMissing);
   if (unreadable_.contains(path)) return Cannot("read " + path, kUnreadable);
+  if (progress && !progress(0.5)) return Failure{"Reading " + path + " was left", FailureKind::kLeft};
   return file->second.bytes;
+}
+
+std::vector<FileEntry> MemoryFileSystem::List(const std::string& folder) const {
+  std::vector<FileEntry> files;
+  for (const auto& [path, file] : files_) {
+    if (path.starts_with(folder + "/") && path.find('/', folder.size() + 1) == path.npos)
+      files.push_back({path.substr(folder.size() + 1), file.bytes.size(), file.modified_at});
+  }
+  return files;
 }
 
 Result<std::int64_t> MemoryFileSystem::ModifiedAt(const std::string& path) const {

@@ -51,7 +51,8 @@ platform::Answer ScriptedDialogs::Show(const MessageBox& box) {
   return CautiousAnswer(box.buttons);
 }
 
-std::optional<std::string> ScriptedDialogs::OpenFile(const std::string& filter) {
+std::optional<std::string> ScriptedDialogs::OpenFile(const std::string& folder, const std::string& filter) {
+  open_folders_.push_back(folder);
   filters_.push_back(filter);
   return NextPath("open a file");
 }

@@ -23,7 +23,7 @@ class ScriptedDialogs : public Dialogs {
   void Cancel(Callback while_open = {});  // of a file box
 
   platform::Answer Show(const MessageBox& box) override;
-  std::optional<std::string> OpenFile(const std::string& filter) override;
+  std::optional<std::string> OpenFile(const std::string& folder, const std::string& filter) override;
   std::optional<std::string> SaveFile(const std::string& folder, const std::string& name,
                                       const std::string& filter) override;
 
@@ -31,6 +31,7 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::string> Texts() const;                               // of Boxes()
   const std::vector<std::string>& Names() const { return names_; }      // that SaveFile proposed
   const std::vector<std::string>& Folders() const { return folders_; }  // where
+  const std::vector<std::string>& OpenFolders() const { return open_folders_; }
   const std::vector<std::string>& Filters() const { return filters_; }  // of every file box
   const std::vector<std::string>& Unexpected() const { return unexpected_; }
 
@@ -54,6 +55,7 @@ class ScriptedDialogs : public Dialogs {
   std::vector<MessageBox> boxes_;
   std::vector<std::string> names_;
   std::vector<std::string> folders_;
+  std::vector<std::string> open_folders_;
   std::vector<std::string> filters_;
   std::vector<std::string> unexpected_;
 };

@@ -2,17 +2,20 @@
 #include "platform/qt/native_file.h"
 
 #include <QFile>
+#include <algorithm>
 #include <cerrno>
 #include <tuple>
 
 #ifdef Q_OS_UNIX
 #include <cstdio>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #else
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
 
 #include <io.h>
@@ -112,6 +115,20 @@ FileKind KindOfFile(const std::string& path) {
 }
 
 bool MayWrite(const std::string& path) { return ::access(path.c_str(), W_OK) == 0; }
+
+std::vector<FileEntry> FilesOf(const std::string& folder) {
+  std::vector<FileEntry> files;
+  DIR* const open = ::opendir(folder.c_str());
+  if (open == nullptr) return files;
+  while (const dirent* entry = ::readdir(open)) {
+    struct stat file {};
+    if (::fstatat(::dirfd(open), entry->d_name, &file, 0) != 0 || !S_ISREG(file.st_mode)) continue;
+    files.push_back({entry->d_name, static_cast<std::uint64_t>(file.st_size), std::int64_t{file.st_mtime}});
+  }
+  ::closedir(open);
+  std::ranges::sort(files, {}, &FileEntry::name);
+  return files;
+}
 
 Result<std::int64_t> ModifiedSecond(const std::string& path) {
   struct stat file {};
@@ -222,6 +239,15 @@ FileKind KindOfFile(const std::string& path) {
 }
 
 bool MayWrite(const std::string& path) { return QFileInfo(QString::fromStdString(path)).isWritable(); }
+
+std::vector<FileEntry> FilesOf(const std::string& folder) {
+  std::vector<FileEntry> files;
+  for (const QFileInfo& file :
+       QDir(QString::fromStdString(folder)).entryInfoList(QDir::Files | QDir::Hidden, QDir::Name))
+    files.push_back({file.fileName().toStdString(), static_cast<std::uint64_t>(file.size()),
+                     std::int64_t{file.lastModified().toSecsSinceEpoch()}});
+  return files;
+}
 
 Result<std::int64_t> ModifiedSecond(const std::string& path) {
   const QFileInfo file(QString::fromStdString(path));

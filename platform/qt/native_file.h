@@ -4,7 +4,9 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
+#include "platform/file_system.h"
 #include "platform/result.h"
 
 class QFile;
@@ -31,6 +33,7 @@ Reason FindFile(const std::string& path);  // whatever stands under that name
 enum class FileKind { kMissing, kFile, kFolder, kOther };
 FileKind KindOfFile(const std::string& path);  // what stands there, or where it points
 bool MayWrite(const std::string& path);
+std::vector<FileEntry> FilesOf(const std::string& folder);  // by name; none of a folder that cannot be read
 Result<std::int64_t> ModifiedSecond(const std::string& path);  // since 1970
 
 // Whether both names are there and lead to one file: by a link, a folder's other name, another spelling.

@@ -173,9 +173,14 @@ Answer QtDialogs::Show(const MessageBox& box) {
   return CautiousAnswer(box.buttons);  // the application quits
 }
 
-std::optional<std::string> QtDialogs::OpenFile(const std::string& filter) {
+QString QtDialogs::FolderToShow(const std::string& folder) const {
+  const bool can_be_shown = !folder.empty() && data::IsUtf8(folder);
+  return can_be_shown ? QDir(QString::fromStdString(folder)).absolutePath() : folder_;
+}
+
+std::optional<std::string> QtDialogs::OpenFile(const std::string& folder, const std::string& filter) {
   auto* dialog = new QFileDialog(parent_());
-  Prepare(*dialog, folder_, filter);
+  Prepare(*dialog, FolderToShow(folder), filter);
   dialog->setFileMode(QFileDialog::ExistingFile);
   return Run(dialog);
 }
@@ -183,8 +188,7 @@ std::optional<std::string> QtDialogs::OpenFile(const std::string& filter) {
 std::optional<std::string> QtDialogs::SaveFile(const std::string& folder, const std::string& name,
                                                const std::string& filter) {
   auto* dialog = new SaveDialog(parent_());
-  const bool can_be_shown = !folder.empty() && data::IsUtf8(folder);
-  Prepare(*dialog, can_be_shown ? QDir(QString::fromStdString(folder)).absolutePath() : folder_, filter);
+  Prepare(*dialog, FolderToShow(folder), filter);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setFileMode(QFileDialog::AnyFile);
   // A name that is no UTF-8 cannot be typed here; the one that is proposed instead is there to be seen.

@@ -19,11 +19,12 @@ class QtDialogs : public Dialogs {
   explicit QtDialogs(std::function<QWidget*()> parent);
 
   Answer Show(const MessageBox& box) override;
-  std::optional<std::string> OpenFile(const std::string& filter) override;
+  std::optional<std::string> OpenFile(const std::string& folder, const std::string& filter) override;
   std::optional<std::string> SaveFile(const std::string& folder, const std::string& name,
                                       const std::string& filter) override;
 
  private:
+  QString FolderToShow(const std::string& folder) const;
   void Prepare(QFileDialog& dialog, const QString& folder, const std::string& filter) const;
   std::optional<std::string> Run(QFileDialog* dialog);
 

@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QLockFile>
+#include <algorithm>
 #include <new>
 #include <stdexcept>
 
@@ -15,6 +16,7 @@ namespace {
 
 constexpr qint64 kReadBlock = 262144;  // stays in the processor's cache on its way into the text
 constexpr std::size_t kWriteBlock = 1048576;
+constexpr std::size_t kTold = 16 * kReadBlock;  // between two words about how far a reading has come
 
 Done DoneUnless(const Reason& reason, const char* what, const std::string& path) {
   if (!reason) return {};
@@ -103,7 +105,7 @@ bool QtFileSystem::Same(const std::string& path, const std::string& other) const
   return IsSameFile(path, other);
 }
 
-Result<std::string> QtFileSystem::Read(const std::string& path) const try {
+Result<std::string> QtFileSystem::Read(const std::string& path, const data::Progress& progress) const try {
   const FileKind kind = KindOfFile(path);
   if (kind == FileKind::kFolder) return Cannot("read " + path, {"Is a directory"});
   // A pipe that nobody writes to, or a device without end, would never be read to its end.
@@ -117,6 +119,10 @@ Result<std::string> QtFileSystem::Read(const std::string& path) const try {
     const qint64 count = file.read(block.data(), kReadBlock);
     if (count <= 0) break;
     content.append(block.data(), static_cast<std::size_t>(count));
+    const double part =
+        static_cast<double>(content.size()) / static_cast<double>(std::max<qint64>(file.size(), 1));
+    if (progress && content.size() % kTold == 0 && !progress(part))
+      return Failure{"Reading " + path + " was left", FailureKind::kLeft};
   }
   if (file.error() != QFileDevice::NoError) return Cannot("read " + path, LastReason(file));
   return content;
@@ -125,6 +131,8 @@ Result<std::string> QtFileSystem::Read(const std::string& path) const try {
 } catch (const std::length_error&) {
   return Cannot("read " + path, {"it does not fit into memory"});
 }
+
+std::vector<FileEntry> QtFileSystem::List(const std::string& folder) const { return FilesOf(folder); }
 
 Result<std::int64_t> QtFileSystem::ModifiedAt(const std::string& path) const {
   const Result<std::int64_t> second = ModifiedSecond(path);

@@ -247,7 +247,7 @@ TEST_F(QtDialogsTest, ABoxWhoseParentGoesGivesTheCautiousAnswer) {
   other->show();
   qt::QtDialogs files([other] { return other; });
   WhenOpen<QFileDialog>([other](QFileDialog&) { delete other; });
-  EXPECT_EQ(files.OpenFile(kCsvOrAll), std::nullopt);
+  EXPECT_EQ(files.OpenFile("", kCsvOrAll), std::nullopt);
 }
 
 TEST_F(QtDialogsTest, FilterCaptionsAreShownAsGiven) {
@@ -261,7 +261,7 @@ TEST_F(QtDialogsTest, FilterCaptionsAreShownAsGiven) {
     EXPECT_EQ(combo.itemText(1), QStringLiteral("ALL Files(*.*)"));
     dialog.reject();
   });
-  EXPECT_EQ(dialogs_.OpenFile(kCsvOrAll), std::nullopt);
+  EXPECT_EQ(dialogs_.OpenFile("", kCsvOrAll), std::nullopt);
 }
 
 TEST_F(QtDialogsTest, FiltersListTheFilesTheyMean) {
@@ -276,7 +276,7 @@ TEST_F(QtDialogsTest, FiltersListTheFilesTheyMean) {
     all = Listed(dialog);
     dialog.reject();
   });
-  dialogs_.OpenFile(kCsvOrAll);
+  dialogs_.OpenFile("", kCsvOrAll);
   EXPECT_THAT(csv, UnorderedElementsAre("small.csv", "BIG.CSV"));
   EXPECT_THAT(all, UnorderedElementsAre("small.csv", "BIG.CSV", "notes.txt", "nodot"));
 }
@@ -288,7 +288,7 @@ TEST_F(QtDialogsTest, OpeningGivesThePathInUtf8) {
     NameEdit(dialog).insert(QStringLiteral("viscosité µ.csv"));
     Accept(dialog);
   });
-  EXPECT_EQ(dialogs_.OpenFile(kCsvOrAll), Path("viscosité µ.csv"));
+  EXPECT_EQ(dialogs_.OpenFile("", kCsvOrAll), Path("viscosité µ.csv"));
 }
 
 TEST_F(QtDialogsTest, SavingProposesTheNameReadyToBeTypedOver) {
@@ -370,7 +370,7 @@ TEST_F(QtDialogsTest, TheFirstBoxOpensInTheUsersDocuments) {
     opened = dialog.directory().absolutePath();
     dialog.reject();
   });
-  dialogs_.OpenFile(kCsvOrAll);
+  dialogs_.OpenFile("", kCsvOrAll);
   EXPECT_EQ(opened, home_.Documents());
 }
 
@@ -385,7 +385,7 @@ TEST_F(QtDialogsTest, TheNextBoxOpensInTheFolderOfTheFileChosenLast) {
     opened = dialog.directory().absolutePath();
     dialog.reject();
   });
-  dialogs_.OpenFile(kCsvOrAll);
+  dialogs_.OpenFile("", kCsvOrAll);
   EXPECT_EQ(opened, folder_.filePath(QStringLiteral("week 7")));
 }
 
@@ -423,7 +423,7 @@ TEST_F(QtDialogsTest, AFileThatCannotBeNamedHereIsNotListedUnderAnotherName) {
     listed = Listed(dialog);
     dialog.reject();
   });
-  dialogs_.OpenFile(kCsvOrAll);
+  dialogs_.OpenFile("", kCsvOrAll);
   std::filesystem::remove(path);
   EXPECT_THAT(listed, UnorderedElementsAre("a.csv"));
 }
@@ -439,7 +439,7 @@ TEST_F(QtDialogsTest, CancellingForgetsNothing) {
     opened = dialog.directory().absolutePath();
     dialog.reject();
   });
-  dialogs_.OpenFile(kCsvOrAll);
+  dialogs_.OpenFile("", kCsvOrAll);
   EXPECT_EQ(opened, folder_.path());
 }
 

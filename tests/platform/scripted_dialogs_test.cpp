@@ -21,7 +21,7 @@ TEST(ScriptedDialogs, AnswersInTheOrderTold) {
   EXPECT_EQ(dialogs.Show({.text = "one", .buttons = Buttons::kYesNo}), Answer::kYes);
   EXPECT_EQ(dialogs.Show({.text = "two", .buttons = Buttons::kOkCancel}), Answer::kCancel);
   EXPECT_EQ(dialogs.SaveFile("", "name.csv", kCsvOrAll), "/data/µ.csv");
-  EXPECT_EQ(dialogs.OpenFile("all|*.*"), std::nullopt);
+  EXPECT_EQ(dialogs.OpenFile("", "all|*.*"), std::nullopt);
 
   EXPECT_THAT(dialogs.Texts(), ElementsAre("one", "two"));
   EXPECT_THAT(dialogs.Names(), ElementsAre("name.csv"));
@@ -50,7 +50,7 @@ TEST(ScriptedDialogs, ThingsHappenWhileABoxIsOpen) {
   dialogs.Answer(Answer::kOk, [&log] { log.push_back("line"); });
   dialogs.Path("a", [&] { log.push_back(dialogs.Filters().back()); });
   dialogs.Show({.text = "!"});
-  dialogs.OpenFile("f|*");
+  dialogs.OpenFile("", "f|*");
   EXPECT_THAT(log, ElementsAre("line", "f|*"));
 }
 

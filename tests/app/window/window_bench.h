@@ -13,6 +13,7 @@
 #include "platform/memory/scripted_dialogs.h"
 #include "platform/memory/test_clipboard.h"
 #include "platform/memory/test_clock.h"
+#include "platform/memory/test_desktop.h"
 #include "platform/memory/test_event_loop.h"
 #include "platform/memory/test_printer.h"
 
@@ -33,6 +34,7 @@ struct WindowBench {
   platform::memory::ScriptedDialogs dialogs;
   platform::memory::TestPrinter printer;
   platform::memory::TestClipboard clipboard;
+  platform::memory::TestDesktop desktop;
   bool system_writes_comma = false;
   std::map<int, std::string> devices{{1, "/dev/ttyV1"}};
   int looks_for_devices = 0;
@@ -44,6 +46,7 @@ struct WindowBench {
         .dialogs = dialogs,
         .printer = printer,
         .clipboard = clipboard,
+        .desktop = desktop,
         .place = {kFolder},
         .system_writes_comma = system_writes_comma,
         .look_for_devices = [this] { ++looks_for_devices; },

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QSize>
+#include <functional>
+#include <string>
+
+#include "app/desk/session.h"
+#include "app/desk/status.h"
+#include "platform/dialogs.h"
+
+namespace quenlor::app {
+
+// The graph as the window shows it, for elsewhere: on the clipboard, or as a file.
+class PictureCommands {
+ public:
+  PictureCommands(Session& session, platform::Dialogs& dialogs, Status& status)
+      : session_(session), dialogs_(dialogs), status_(status) {}
+
+  // `pixels` is the size of the graph in the window.
+  void CopyPicture(QSize pixels, double ratio);
+  void SavePicture(QSize pixels);
+
+ private:
+  std::string Drawn(std::string (*picture)(QSize, const std::function<void(platform::DrawingSurface&)>&),
+                    QSize pixels) const;
+
+  Session& session_;
+  platform::Dialogs& dialogs_;
+  Status& status_;
+};
+
+}  // namespace quenlor::app

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/qt_desktop.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusUnixFileDescriptor>
+#include <QVariantMap>
+#endif
+
+namespace quenlor::platform::qt {
+
+#ifdef Q_OS_WIN
+
+struct QtDesktop::Hold {
+  Hold() { SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED); }
+  ~Hold() { SetThreadExecutionState(ES_CONTINUOUS); }
+};
+
+void QtDesktop::Notify(const std::string& /*title*/, const std::string& /*text*/) {}
+
+void QtDesktop::KeepAwake(bool awake) { hold_ = awake ? std::make_shared<Hold>() : nullptr; }
+
+#else
+
+// logind keeps the machine awake as long as this descriptor is open.
+struct QtDesktop::Hold {
+  QDBusUnixFileDescriptor descriptor;
+};
+
+void QtDesktop::KeepAwake(bool awake) {
+  if (!awake) return hold_.reset();
+  if (hold_) return;
+  hold_ = std::make_shared<Hold>();
+  QDBusMessage inhibit = QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
+      QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("Inhibit"));
+  inhibit << QStringLiteral("sleep:idle") << QCoreApplication::applicationName()
+          << QStringLiteral("A measurement runs") << QStringLiteral("block");
+  auto* answer = new QDBusPendingCallWatcher(QDBusConnection::systemBus().asyncCall(inhibit));
+  // A measurement that is over by then wants none any longer.
+  QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, held = std::weak_ptr(hold_)] {
+    const QDBusPendingReply<QDBusUnixFileDescriptor> reply = *answer;
+    if (const auto hold = held.lock(); hold && reply.isValid()) hold->descriptor = reply.value();
+    answer->deleteLater();
+  });
+}
+
+void QtDesktop::Notify(const std::string& title, const std::string& text) {
+  QDBusMessage notify = QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("/org/freedesktop/Notifications"),
+      QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
+  constexpr int kStays = 0;  // until it is dismissed
+  notify << QCoreApplication::applicationName() << uint{0} << QStringLiteral("quenlor")
+         << QString::fromStdString(title) << QString::fromStdString(text) << QStringList() << QVariantMap()
+         << kStays;
+  QDBusConnection::sessionBus().asyncCall(notify);
+}
+
+#endif
+
+QtDesktop::QtDesktop() = default;
+QtDesktop::~QtDesktop() = default;
+
+}  // namespace quenlor::platform::qt
