@@ -53,10 +53,16 @@ void DrawBar(DrawingSurface& surface, const Box& box, Color color, Color ground)
   const int left = column(box.left);
   const int top = row(box.top);
   const PixelRectangle bar{left, top, column(box.left + box.width) - left, row(box.top + box.height) - top};
-  const int hairline = static_cast<int>(std::max(1L, std::lround(surface.PenScale() / 2)));
-  Fill(surface, bar, EdgeOf(color, ground));
-  Fill(surface,
-       {bar.left + hairline, bar.top + hairline, bar.width - 2 * hairline, bar.height - 2 * hairline}, color);
+  if (bar.Empty()) return;
+  const int hairline =
+      std::min({static_cast<int>(std::max(1L, std::lround(surface.PenScale() / 2))), bar.width, bar.height});
+  // The hairline over the fill: whoever shows a page in few dots would lose it under one.
+  Fill(surface, bar, color);
+  const Color edge = EdgeOf(color, ground);
+  Fill(surface, {bar.left, bar.top, bar.width, hairline}, edge);
+  Fill(surface, {bar.left, bar.top + bar.height - hairline, bar.width, hairline}, edge);
+  Fill(surface, {bar.left, bar.top, hairline, bar.height}, edge);
+  Fill(surface, {bar.left + bar.width - hairline, bar.top, hairline, bar.height}, edge);
 }
 
 // The lines stand one below the other, about the middle of what the bar leaves of the box.

@@ -96,13 +96,13 @@ TEST(GraphPicture, ABarOfTheVeryColourStandsOverARunAndPaleLettersHaveAnOutline)
       look.colors[1] = color;
       const Drawn drawn(1200, 800, 1, GraphKind::ViscoTime, "oil.csv", look);
       const auto clears = drawn.surface.Calls(Kind::kClear);
-      ASSERT_GE(clears.size(), 2U);
-      const auto& bar = clears.back();
-      const auto& edge = clears[clears.size() - 2];
-      EXPECT_EQ(bar.pen.color, ToRgb(color));
-      EXPECT_EQ(edge.pen.color, ToRgb(EdgeOf(color, ground)));
-      EXPECT_EQ(bar.viewport.Area().left, edge.viewport.Area().left + 1) << "a hairline";
-      EXPECT_EQ(bar.viewport.Area().height, edge.viewport.Area().height - 2);
+      ASSERT_GE(clears.size(), 5U);
+      const auto bar = clears.end() - 5;
+      EXPECT_EQ(bar->pen.color, ToRgb(color));
+      for (auto edge = bar + 1; edge != clears.end(); ++edge) {
+        EXPECT_EQ(edge->pen.color, ToRgb(EdgeOf(color, ground)));
+        EXPECT_EQ(std::min(edge->viewport.Area().width, edge->viewport.Area().height), 1) << "a hairline";
+      }
       for (const auto& call : drawn.surface.Calls(Kind::kText)) {
         EXPECT_EQ(call.pen.outline.has_value(), !CanBeRead(color, ground) && call.pen.color == ToRgb(color))
             << call.text;
