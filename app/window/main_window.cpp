@@ -5,6 +5,7 @@
 #include <QDragEnterEvent>
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
@@ -103,6 +104,9 @@ void MainWindow::ConnectHandlers() {
   connect(&menus_, &Menus::FileMenuOpens, this, [this] { menus_.ShowRecent(documents_.Recent()); });
   connect(&menus_, &Menus::Recent_Click, this,
           [this](const std::string& path) { commands_.Run([&] { documents_.OpenRecent(path); }); });
+  connect(menus_.mHelp, &QAction::triggered, this, &MainWindow::ShowGuide);
+  connect(menus_.mAbout, &QAction::triggered, this,
+          [this] { QMessageBox::about(this, tr("About Quenlor"), AboutText()); });
   connect(menus_.mNew, &QAction::triggered, this, &MainWindow::mNew_Click);
   connect(menus_.mOpen, &QAction::triggered, this, &MainWindow::mOpen_Click);
   connect(menus_.mSave, &QAction::triggered, this, &MainWindow::mSave_Click);
@@ -164,6 +168,13 @@ void MainWindow::Form_Load() {
 
 void MainWindow::OpenFile(const std::string& path) {
   commands_.Run([&] { documents_.ReadDataFile(path); });
+}
+
+void MainWindow::ShowGuide() {
+  if (!guide_) guide_ = new GuideWindow(this);
+  guide_->show();
+  guide_->raise();
+  guide_->activateWindow();
 }
 
 void MainWindow::ShowGraphMenu(const QPoint& at) {

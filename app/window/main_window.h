@@ -11,6 +11,7 @@
 #include "app/window/current_value.h"
 #include "app/window/edits.h"
 #include "app/window/graph_choices.h"
+#include "app/window/guide_window.h"
 #include "app/window/measure_panel.h"
 #include "app/window/menus.h"
 #include "app/window/picture_commands.h"
@@ -76,6 +77,7 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   void mColor_Click();
   void ShowLineWidth();
   void OfferReadingsLeft();
+  void ShowGuide();
   void ShowGraphMenu(const QPoint& at);
 
   int ShowNews(bool whole);
@@ -109,6 +111,7 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   PictureCommands pictures_;
   ReportWindows reports_;
   QPointer<graph::ColorWindow> Form6;
+  QPointer<GuideWindow> guide_;
 };
 
 }  // namespace quenlor::app

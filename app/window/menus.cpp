@@ -69,6 +69,10 @@ void Menus::BuildFileMenu() {
   mFile->addSeparator();
   mEnd = AddItem(mFile, "mEnd", "End(&X)", tr("End the program"));
   connect(mFile, &QMenu::aboutToShow, this, &Menus::FileMenuOpens);
+  help_ = mFile->addSeparator();
+  mHelp = AddItem(mFile, "mHelp", "Help", tr("The guide"));
+  mAbout = AddItem(mFile, "mAbout", "About Quenlor", tr("Versions and licences"));
+  mHelp->setShortcut(QKeySequence::HelpContents);
   mNew->setShortcut(QKeySequence::New);
   mOpen->setShortcut(QKeySequence::Open);
   mSave->setShortcut(QKeySequence::Save);
@@ -80,11 +84,14 @@ void Menus::BuildFileMenu() {
 void Menus::ShowRecent(const std::vector<std::string>& paths) {
   qDeleteAll(recent_);
   recent_.clear();
-  if (!paths.empty()) recent_.append(mFile->addSeparator());
+  if (!paths.empty()) {
+    recent_.append(mFile->insertSeparator(help_));
+  }
   for (const std::string& path : paths) {
     const QString shown = ToQString(path);
     const QString name = shown.section(QLatin1Char('/'), -1).replace(QLatin1Char('&'), QStringLiteral("&&"));
-    QAction* item = mFile->addAction(QStringLiteral("&%1 %2").arg(recent_.size()).arg(name));
+    auto* item = new QAction(QStringLiteral("&%1 %2").arg(recent_.size()).arg(name), mFile);
+    mFile->insertAction(help_, item);
     item->setObjectName(QStringLiteral("Recent[%1]").arg(recent_.size()));
     item->setToolTip(platform::qt::PlainTip(shown));
     item->setStatusTip(shown);

@@ -41,6 +41,8 @@ class Menus : public QObject, private link::MeasurementListener {
   QAction* mPrint = nullptr;
   QAction* mStatistics = nullptr;
   QAction* mEnd = nullptr;
+  QAction* mHelp = nullptr;
+  QAction* mAbout = nullptr;
   QAction* mColor = nullptr;
 
  signals:
@@ -85,6 +87,7 @@ class Menus : public QObject, private link::MeasurementListener {
   QMenuBar* bar_;
   platform::qt::DescribedMenu* mFile = nullptr;
   QList<QAction*> recent_;
+  QAction* help_ = nullptr;  // the separator before it
   Session& session_;
   link::Measurement& measurement_;
   DeviceNames devices_;

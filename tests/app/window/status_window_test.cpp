@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "app/window/current_value.h"
+#include "app/window/guide_window.h"
 #include "app/window/progress_bar.h"
 #include "tests/app/window/change_editor.h"
 #include "tests/app/window/window_test.h"
@@ -305,6 +306,25 @@ TEST_F(StatusWindowTest, TheGraphGoesToTheClipboardAndIntoAFile) {
   Find<QAbstractButton>("Check2")->setChecked(false);
   pick(3);
   EXPECT_TRUE(Find<QAbstractButton>("Check2")->isChecked());
+}
+
+TEST_F(StatusWindowTest, F1ShowsTheGuideWhichKnowsWhatTheStatusLineSays) {
+  Open();
+  QApplication::setActiveWindow(window.get());
+  Key(Qt::Key_F1);
+  auto* guide = Find<QTextBrowser>("Guide");
+  ASSERT_TRUE(guide->isVisible());
+  const QString text = guide->toPlainText();
+  for (const char* said :
+       {"Waiting for the first reading: nothing received", "bytes received, no line end",
+        "The line damages characters", "No reading for", "No reply", "Auto Stop", "Device gone",
+        "Run numbers used up", "Raw Log Not Written", "Raw Log Written Again", "line errors",
+        "unsaved readings", "edited since saved", "that were never saved"})
+    EXPECT_TRUE(text.contains(QLatin1String(said))) << said;
+  QTest::keyClick(guide, Qt::Key_Escape);
+  EXPECT_TRUE(WaitFor([&] { return window->findChild<QTextBrowser*>("Guide") == nullptr; }));
+  const QList<QAction*> items = Find<QMenu>("mFile")->actions();
+  EXPECT_EQ(items.last()->text(), "About Quenlor");
 }
 
 TEST_F(StatusWindowTest, AnEndThatNobodyChoseIsTold) {
