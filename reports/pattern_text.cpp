@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <ranges>
 
 namespace quenlor::reports {
 namespace {
@@ -14,12 +13,12 @@ constexpr int kMostDecimals = 9;
 
 // One more in the last place of a row of digits; a 1 goes before them when all were nines.
 void CountUp(std::string& digits) {
-  for (char& digit : std::views::reverse(digits)) {
-    if (digit != '9') {
-      ++digit;
+  for (std::size_t at = digits.size(); at-- > 0;) {
+    if (digits[at] != '9') {
+      ++digits[at];
       return;
     }
-    digit = '0';
+    digits[at] = '0';
   }
   digits.insert(digits.begin(), '1');
 }
