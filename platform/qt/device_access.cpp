@@ -6,6 +6,7 @@
 #ifndef _WIN32
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <vector>
 
 #include <fcntl.h>
@@ -13,6 +14,8 @@
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "data/text_number.h"
 #endif
 
 namespace quenlor::platform::qt {
@@ -20,6 +23,7 @@ namespace quenlor::platform::qt {
 #ifdef _WIN32
 
 std::string SystemPath(const std::string& device) { return device; }
+std::string WhoHolds(const std::string&) { return {}; }
 std::optional<OpenFailure> WhyUnusable(const std::string&) { return std::nullopt; }
 
 #else
@@ -61,6 +65,29 @@ std::string SystemPath(const std::string& device) {
   std::error_code missing;
   const auto own_name = std::filesystem::canonical(path, missing);
   return missing ? path : own_name.string();
+}
+
+// A process of another user does not show what it has open.
+std::string WhoHolds(const std::string& device) {
+  namespace fs = std::filesystem;
+  const std::string path = SystemPath(device);
+  std::string holders;
+  std::error_code gone;
+  for (fs::directory_iterator process("/proc", gone), end; !gone && process != end; process.increment(gone)) {
+    const std::string number = process->path().filename().string();
+    if (!data::IsDigit(number.front()) || number == std::to_string(::getpid())) continue;
+    std::error_code closed;
+    for (fs::directory_iterator file(process->path() / "fd", closed), last; !closed && file != last;
+         file.increment(closed)) {
+      std::error_code unreadable;
+      if (fs::read_symlink(file->path(), unreadable).string() != path) continue;
+      std::string name;
+      std::getline(std::ifstream(process->path() / "comm"), name);
+      holders += (holders.empty() ? "" : ", ") + name + " (process " + number + ")";
+      break;
+    }
+  }
+  return holders;
 }
 
 std::optional<OpenFailure> WhyUnusable(const std::string& device) {

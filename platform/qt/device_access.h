@@ -15,6 +15,9 @@ std::string SystemPath(const std::string& device);
 // Why a device cannot be opened by this user, in words; empty when nothing speaks against it.
 std::optional<OpenFailure> WhyUnusable(const std::string& device);
 
+// Which other programs have the device open, "minicom (process 1234)"; empty where the system tells of none.
+std::string WhoHolds(const std::string& device);
+
 // Whose the device is and who asks for it.
 struct DeviceRights {
   std::string user;

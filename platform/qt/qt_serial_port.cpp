@@ -77,7 +77,10 @@ std::optional<OpenFailure> QtSerialPort::Open(int comm_port, std::string_view se
   device->setDataBits(line->data_bits == 7 ? QSerialPort::Data7 : QSerialPort::Data8);
   device->setStopBits(StopBitsOf(line->stop_bits));
   device->setFlowControl(QSerialPort::NoFlowControl);
-  if (!device->open(QIODevice::ReadWrite)) return OpenFailure{name, WhyNotOpened(*device), {}};
+  if (!device->open(QIODevice::ReadWrite)) {
+    const std::string holders = WhoHolds(name);
+    return OpenFailure{name, WhyNotOpened(*device), holders.empty() ? holders : "open in " + holders};
+  }
   const auto speed = system_.line_speed(device->handle());
   if (speed && !SpeedsAgree(line->speed, *speed)) {
     return OpenFailure{name,

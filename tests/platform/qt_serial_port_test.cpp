@@ -6,6 +6,7 @@
 #include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
@@ -358,6 +359,19 @@ TEST_F(QtSerialPortTest, ADamagedByteArrivesWithItsEvent) {
             "1\x7F"
             "3");
   EXPECT_EQ(line_.Line().c_iflag & (INPCK | PARMRK), 0u) << "the system would drop or mark it";
+}
+
+TEST_F(QtSerialPortTest, WhoeverHasTheDeviceOpenIsNamed) {
+  EXPECT_EQ(WhoHolds(line_.Device()), "");
+  QProcess other;
+  other.setStandardInputFile(QString::fromStdString(line_.Device()));
+  other.start(QStringLiteral("sleep"), {QStringLiteral("60")});
+  ASSERT_TRUE(other.waitForStarted());
+  const std::string holder = "sleep (process " + std::to_string(other.processId()) + ")";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return WhoHolds(line_.Device()) == holder; }))
+      << WhoHolds(line_.Device());
+  other.kill();
+  other.waitForFinished();
 }
 
 TEST_F(QtSerialPortTest, EachCounterHasItsOwnEvent) {
