@@ -269,6 +269,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 }
 
 int MainWindow::ShowNews(bool whole) {
+  tables_.ShowHint(!measurement_.Running());
   const int milliseconds = tables_.Sync();
   if (whole) {
     Picture1.Fig();

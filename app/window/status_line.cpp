@@ -48,6 +48,7 @@ StatusLine::StatusLine(Status& status, QStatusBar* bar)
   message_->setTextFormat(Qt::PlainText);
   message_->setTextInteractionFlags(Qt::TextSelectableByMouse);  // a command in it is there to be copied
   message_->setFocusPolicy(Qt::NoFocus);
+  message_->setContentsMargins(kEdge - 2, 0, 0, 0);
   // As high without a text as with one, so that the window is not laid out anew when the first one comes.
   message_->setMinimumSize(1, message_->fontMetrics().height() + 4);
   message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

@@ -21,7 +21,6 @@ TablesPane::TablesPane(Session& session, QWidget* received_data, QWidget* parent
   Grid1->setToolTip(
       tr("Every reading. Del deletes whole rows; a double click, F2 or Enter edits while no "
          "measurement runs; Ctrl+C copies, Ctrl+Z undoes"));
-  Grid1->SetHint(tr("Choose the port in RS-232C, then press Start,\nor drop a data file here"));
   Grid1->setContextMenuPolicy(Qt::CustomContextMenu);
   tabs->addTab(Grid1, tr("&Measurement"));
   tabs->addTab(Grid2, tr("Displa&y"));
@@ -53,6 +52,11 @@ int TablesPane::Sync() {
   const int milliseconds = Grid1->Sync() + Grid2->Sync() + Grid4->Sync();
   grid4_model_.ShowLatest();
   return milliseconds;
+}
+
+void TablesPane::ShowHint(bool stopped) {
+  Grid1->SetHint(stopped ? tr("Choose the port in RS-232C, then press Start,\nor drop a data file here")
+                         : QString());
 }
 
 void TablesPane::ChangeColor() {

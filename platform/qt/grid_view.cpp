@@ -164,6 +164,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 void GridView::Copy() const { QGuiApplication::clipboard()->setText(SelectedText()); }
 
 void GridView::SetHint(const QString& hint) {
+  if (hint_ == hint) return;
   hint_ = hint;
   viewport()->update();
 }
