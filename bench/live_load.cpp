@@ -13,6 +13,7 @@
 #include "platform/memory/memory_serial_port.h"
 #include "platform/memory/scripted_dialogs.h"
 #include "platform/memory/test_clipboard.h"
+#include "platform/memory/test_desktop.h"
 #include "platform/memory/test_printer.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_event_loop.h"
@@ -74,6 +75,7 @@ int main(int argc, char** argv) {
   platform::memory::ScriptedDialogs dialogs;
   platform::memory::TestPrinter printer;
   platform::memory::TestClipboard clipboard;
+  platform::memory::TestDesktop desktop;
   const std::string data_file = folder.filePath(QStringLiteral("readings.csv")).toStdString();
   files.Replace(data_file, bench::DataFileText(1'000'000, 19));
 
@@ -81,6 +83,7 @@ int main(int argc, char** argv) {
                           .dialogs = dialogs,
                           .printer = printer,
                           .clipboard = clipboard,
+                          .desktop = desktop,
                           .place = {folder.path().toStdString()},
                           .look_for_devices = [] {},
                           .name_of_port = [](int) { return std::string(); }});
