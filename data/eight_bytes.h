@@ -23,8 +23,6 @@ class EightBytes {
   std::uint64_t Above127() const { return bytes_ & kUpperBits; }
   std::uint64_t Equal(char c) const { return Zero(bytes_ ^ (kEach * static_cast<std::uint8_t>(c))); }
 
-  std::uint64_t AtLeastFE() const { return Zero(~bytes_ & (0xFE * kEach)); }
-
   // The same bytes with `c` where the mask says so, put to where they came from.
   void StoreWith(char c, std::uint64_t mask, char* at) const {
     const std::uint64_t places = (mask >> 7) * 0xFF;
@@ -34,7 +32,6 @@ class EightBytes {
 
   static int Count(std::uint64_t mask) { return static_cast<int>(((mask >> 7) * kEach) >> 56); }
   static int First(std::uint64_t mask) { return std::countr_zero(mask) / 8; }
-  static std::uint64_t WithoutFirst(std::uint64_t mask) { return mask & (mask - 1); }
   static std::uint64_t BeforeFirst(std::uint64_t mask) { return ~mask & (mask - 1); }
 
  private:

@@ -5,8 +5,6 @@
 #include <cstring>
 #include <utility>
 
-#include "data/eight_bytes.h"
-
 namespace quenlor::data {
 namespace {
 
@@ -19,25 +17,9 @@ const char* CellEnd(const char* at) {
   return at;
 }
 
-// The length of the row that a block begins with.
-std::size_t RowEnd(std::string_view block) {
-  std::size_t at = 0;
-  for (; EightBytes::kFirstIsLowest && at + EightBytes::kSize <= block.size(); at += EightBytes::kSize) {
-    const std::uint64_t end = EightBytes(block.data() + at).Equal(MeasurementTable::kRowEnd);
-    if (end != 0) return at + EightBytes::First(end);
-  }
-  return block.find(MeasurementTable::kRowEnd, at);
-}
-
 // Replaces one byte by another wherever it stands; how often it did.
 int Replace(char* at, const char* end, char from, char to) {
   int count = 0;
-  for (; end - at >= EightBytes::kSize; at += EightBytes::kSize) {
-    const EightBytes bytes(at);
-    const std::uint64_t places = bytes.Equal(from);
-    bytes.StoreWith(to, places, at);
-    count += EightBytes::Count(places);
-  }
   for (; at != end; ++at) {
     if (*at != from) continue;
     *at = to;
@@ -84,8 +66,7 @@ std::string_view MeasurementTable::TextMatrix(Row row, int col) const {
 }
 
 std::span<const std::string_view> MeasurementTable::Cells(Row row, std::span<std::string_view> room) const {
-  const std::string_view block = BlockFrom(row);
-  const char* begin = block.data();
+  const char* begin = RowStart(row);
   const char* at = begin;
   std::size_t count = 0;
   // Ends the cell; true when there is no other to be told.
@@ -94,12 +75,6 @@ std::span<const std::string_view> MeasurementTable::Cells(Row row, std::span<std
     begin = end + 1;
     return count == room.size() || *end == kRowEnd;
   };
-  const char* const block_end = begin + block.size();
-  for (; EightBytes::kFirstIsLowest && block_end - at >= EightBytes::kSize; at += EightBytes::kSize) {
-    for (std::uint64_t ends = EightBytes(at).AtLeastFE(); ends != 0; ends = EightBytes::WithoutFirst(ends)) {
-      if (end_at(at + EightBytes::First(ends))) return room.first(count);
-    }
-  }
   while (!end_at(at = CellEnd(at))) ++at;
   return room.first(count);
 }
@@ -175,7 +150,7 @@ void MeasurementTable::AppendLine(Row row, char separator, std::string& line) co
   }
   const std::size_t before = line.size();
   const std::string_view block = BlockFrom(row);
-  line.append(block.data(), RowEnd(block));
+  line.append(block.substr(0, block.find(kRowEnd)));
   const int dividers = Replace(line.data() + before, line.data() + line.size(), kCellEnd, separator);
   line.append(static_cast<std::size_t>(std::max(0, Cols() - 1 - dividers)), separator);
 }
