@@ -48,7 +48,9 @@ TEST_F(StatusWindowTest, TellsInFieldsWhatGoesOn) {
 }
 
 TEST_F(StatusWindowTest, InANarrowWindowTheLessImportantFieldsGo) {
-  Open();
+  const std::string name = std::string(60, 'm') + ".csv";
+  PutFile(name, "No.,Time,Visco\r\n");
+  Open().OpenFile("/lab/" + name);
   window->resize(window->minimumSizeHint());
   Start();
   Reading("1");
