@@ -53,6 +53,9 @@ QAccessibleInterface* Describe(const QString& /*class_name*/, QObject* object) {
 
 TableAndGraph::TableAndGraph(QWidget* tables, GraphPane* graph, QWidget* parent)
     : QWidget(parent), tables_(tables), Picture1(graph), Posi(new QWidget(this)) {
+  // Before anything is told of the bar, for what it is then stays.
+  static const bool installed = (QAccessible::installFactory(Describe), true);
+  Q_UNUSED(installed)
   tables_->setParent(this);
   Picture1->setParent(this);
   Posi->setObjectName(QStringLiteral("Posi"));
@@ -63,8 +66,6 @@ TableAndGraph::TableAndGraph(QWidget* tables, GraphPane* graph, QWidget* parent)
   Posi->setBackgroundRole(QPalette::Mid);
   Posi->setFocusPolicy(Qt::TabFocus);
   Posi->setAccessibleDescription(tr("Left and Right move it"));
-  static const bool installed = (QAccessible::installFactory(Describe), true);
-  Q_UNUSED(installed)
   Posi->installEventFilter(this);
 }
 
