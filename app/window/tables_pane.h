@@ -21,7 +21,7 @@ class TablesPane : public QWidget {
   // Shows what has arrived. Returns how long the work took, in milliseconds.
   int Sync();
   void ShowHint(bool stopped);  // where to begin, while nothing is measured
-  void ChangeColor();  // the colours of the runs have become others
+  void ChangeColor();           // the colours of the runs have become others
 
  protected:
   void changeEvent(QEvent* event) override;
