@@ -46,8 +46,13 @@ void RawLog::AddLine(Row row, std::string& lines) const {
 
 platform::Done RawLog::RewriteRawLog(int port_number, const data::Progress& progress) {
   const std::string path = Path(port_number);
-  auto lock = files_.Lock(folder_ + "/Com_" + std::to_string(port_number) + ".lock");
-  if (!lock) return platform::Failure{path + " is in use by another Quenlor"};
+  const std::string lock_path = folder_ + "/Com_" + std::to_string(port_number) + ".lock";
+  auto lock = files_.Lock(lock_path);
+  if (!lock) {
+    const std::string holder = files_.HolderOf(lock_path);
+    return platform::Failure{path + " is in use: " + lock_path + " is held by " +
+                             (holder.empty() ? "another program" : holder)};
+  }
 
   const auto bytes = files_.Read(path, data::PartOf(progress, 0, 0.2));
   if (!bytes.ok() && !NotFound(bytes)) return bytes.failure();

@@ -61,9 +61,12 @@ class FileSystem {
   // Gives the file another name; fails when `to` exists already, and then changes nothing.
   virtual Done Rename(const std::string& from, const std::string& to) = 0;
 
-  // Exclusive between programs, by a lock file of that path. Empty when another holder lives; a file system
-  // on which the lock file cannot be made grants the lock (a read-only folder cannot be damaged by two).
+  // Exclusive between programs, by a lock file of that path. Empty when another holder lives; what a dead one
+  // left locks nothing, whatever stands in it. A file system on which the lock file cannot be made grants the
+  // lock (a read-only folder cannot be damaged by two).
   virtual std::unique_ptr<FileLock> Lock(const std::string& path) = 0;
+  // Who holds it: "process 4711 (quenlor)"; empty where the system does not tell.
+  virtual std::string HolderOf(const std::string& /*lock*/) const { return {}; }
 
   // Replace with bytes at hand.
   Done Replace(const std::string& path, std::string_view bytes) {

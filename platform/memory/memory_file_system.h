@@ -36,6 +36,9 @@ class MemoryFileSystem : public FileSystem {
   Done Sync(const std::string& path) override;
   Done Rename(const std::string& from, const std::string& to) override;
   std::unique_ptr<FileLock> Lock(const std::string& path) override;
+  std::string HolderOf(const std::string& lock) const override {
+    return locked_->contains(lock) ? "process 4711 (quenlor)" : "";
+  }
 
   // What a test arranges.
   void Put(const std::string& path, std::string bytes);

@@ -3,11 +3,11 @@
 
 #include <QDateTime>
 #include <QFile>
-#include <QLockFile>
 #include <algorithm>
 #include <new>
 #include <stdexcept>
 
+#include "platform/qt/file_lock.h"
 #include "platform/qt/native_file.h"
 #include "platform/qt/replacement_file.h"
 
@@ -85,18 +85,6 @@ Reason WriteBeside(const std::string& path, const std::function<void(ByteSink&)>
   return file.TakeItsPlace();
 }
 
-class QtFileLock : public FileLock {
- public:
-  explicit QtFileLock(const QString& name) : file_(name) {
-    file_.setStaleLockTime(0);
-  }  // old is not abandoned
-
-  bool HeldByAnother() { return !file_.tryLock(0) && file_.error() == QLockFile::LockFailedError; }
-
- private:
-  QLockFile file_;
-};
-
 }  // namespace
 
 bool QtFileSystem::Exists(const std::string& path) const { return !FindFile(path); }
@@ -160,10 +148,8 @@ Done QtFileSystem::Rename(const std::string& from, const std::string& to) {
   return DoneUnless(RenameFile(from, to), "rename ", from + " to " + to);
 }
 
-std::unique_ptr<FileLock> QtFileSystem::Lock(const std::string& path) {
-  auto lock = std::make_unique<QtFileLock>(QString::fromStdString(path));
-  if (lock->HeldByAnother()) return nullptr;
-  return lock;
-}
+std::unique_ptr<FileLock> QtFileSystem::Lock(const std::string& path) { return LockFile(path); }
+
+std::string QtFileSystem::HolderOf(const std::string& lock) const { return LockHolder(lock); }
 
 }  // namespace quenlor::platform::qt

@@ -20,6 +20,7 @@ class QtFileSystem : public FileSystem {
   Done Sync(const std::string& path) override;
   Done Rename(const std::string& from, const std::string& to) override;
   std::unique_ptr<FileLock> Lock(const std::string& path) override;
+  std::string HolderOf(const std::string& lock) const override;
 };
 
 }  // namespace quenlor::platform::qt

@@ -225,7 +225,7 @@ TEST(WholeRoad, TwoProgramsOnOneFolderDoNotShareARawLog) {
   road.Click();
   EXPECT_TRUE(window.findChild<QLabel*>(QStringLiteral("Status"))
                   ->text()
-                  .contains(QStringLiteral("in use by another Quenlor")))
+                  .contains(QStringLiteral("Com_1.lock is held by process %1").arg(other.processId())))
       << window.findChild<QLabel*>(QStringLiteral("Status"))->text().toStdString();
   other.kill();
   other.waitForFinished();

@@ -285,7 +285,7 @@ TEST(RawLog, AFileInUseFailsTheStartAndIsLeftAlone) {
   const auto failure = bench.measurement.Start();
 
   ASSERT_TRUE(failure);
-  EXPECT_EQ(failure->reason, "/lab/Com_1.txt is in use by another Quenlor");
+  EXPECT_EQ(failure->reason, "/lab/Com_1.txt is in use: /lab/Com_1.lock is held by process 4711 (quenlor)");
   EXPECT_EQ(bench.RawLogText(), "the other one's");
   EXPECT_THAT(bench.Copies(), IsEmpty());
   EXPECT_TRUE(bench.Stopped());

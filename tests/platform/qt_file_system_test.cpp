@@ -302,12 +302,38 @@ TEST_F(QtFileSystemTest, ALockOfAnotherProgramHoldsUntilItIsKilled) {
   EXPECT_EQ(::read(ready[0], &answer, 1), 1);
   EXPECT_EQ(answer, 'y');
   EXPECT_FALSE(files_.Lock(Path("a.lock")));
+  EXPECT_EQ(files_.HolderOf(Path("a.lock")), "process " + std::to_string(other) + " (platform_tests)");
 
   ::kill(other, SIGKILL);
   EXPECT_EQ(::waitpid(other, nullptr, 0), other);
+  EXPECT_EQ(files_.HolderOf(Path("a.lock")), "");
   EXPECT_TRUE(files_.Lock(Path("a.lock")));
   ::close(ready[0]);
   ::close(ready[1]);
+}
+
+TEST_F(QtFileSystemTest, WhatADeadHolderLeftLocksNothing) {
+  const std::string leftovers[] = {"", std::string("\0\xFF damaged", 10),
+                                   "4711\nquenlor\nanother-computer\n\n\n",
+                                   std::to_string(::getppid()) + "\nquenlor\n\n\n\n"};
+  for (const std::string& leftover : leftovers) {
+    for (const unsigned mode : {0644U, 0444U}) {
+      Write("a.lock", leftover);
+      Chmod(Path("a.lock"), mode);
+      const auto lock = files_.Lock(Path("a.lock"));
+      EXPECT_TRUE(lock) << leftover;
+      EXPECT_FALSE(files_.Lock(Path("a.lock")));
+    }
+    EXPECT_FALSE(files_.Exists(Path("a.lock")));
+  }
+}
+
+TEST_F(QtFileSystemTest, ALockWhoseFileSomebodyRemovedLeavesTheNextOneAlone) {
+  auto first = files_.Lock(Path("a.lock"));
+  fs::remove(Path("a.lock"));
+  const auto second = files_.Lock(Path("a.lock"));
+  first.reset();
+  EXPECT_FALSE(files_.Lock(Path("a.lock")));
 }
 
 TEST_F(QtFileSystemTest, AnOldLockIsAsGoodAsANewOne) {
