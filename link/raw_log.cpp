@@ -5,12 +5,17 @@
 #include <cmath>
 
 #include "data/text_lines.h"
+#include "platform/set_aside.h"
 
 namespace quenlor::link {
 namespace {
 
 // While the disk refuses, it is asked again this often; each attempt carries all that is missing.
 constexpr double kRetrySeconds = 1.0;
+// What a loss of power may cost; asking the device for each reading would keep the window waiting.
+constexpr double kSyncSeconds = 10.0;
+// What is longer is set aside unread: looking for its lines in the table would keep the window waiting.
+constexpr std::uint64_t kLongestRead = std::uint64_t{1} << 30;
 constexpr data::MeasurementTable::Row kTold = 1 << 16;  // rows between two words about how far it has come
 
 bool IsTitleLine(std::string_view line) { return line.starts_with("No.,") || line.starts_with("No.;"); }
@@ -54,18 +59,30 @@ platform::Done RawLog::RewriteRawLog(int port_number, const data::Progress& prog
                              (holder.empty() ? "another program" : holder)};
   }
 
-  const auto bytes = files_.Read(path, data::PartOf(progress, 0, 0.2));
-  if (!bytes.ok() && !NotFound(bytes)) return bytes.failure();
-  if (bytes.ok() && !saved_logs_.Holds(Name(port_number), bytes.value()) &&
-      HoldsMoreThanTheTable(bytes.value(), data::PartOf(progress, 0.2, 0.6))) {
-    if (auto failed = SetAside(path, port_number)) return failed;
-  }
   name_ = Name(port_number);
-  if (auto failed = WriteTable(path, data::PartOf(progress, 0.6, 1))) return failed;
+  if (auto failed = PutInPlace(path, progress)) return failed;
   path_ = path;
   lock_ = std::move(lock);
   missing_from_.reset();
   return {};
+}
+
+// The table, in place of what holds no more than it; anything else is set aside.
+platform::Done RawLog::PutInPlace(const std::string& path, const data::Progress& progress) {
+  const auto state = files_.State(path);
+  if (!state.ok() && !NotFound(state)) return state.failure();
+  const bool too_long = state.ok() && state.value().size > kLongestRead;
+  if (state.ok() && (state.value().leads_out || too_long)) {
+    if (auto failed = SetAside(path)) return failed;
+  } else if (state.ok()) {
+    const auto bytes = files_.Read(path, data::PartOf(progress, 0, 0.2));
+    if (!bytes.ok() && !NotFound(bytes)) return bytes.failure();
+    if (bytes.ok() && !saved_logs_.Holds(name_, bytes.value()) &&
+        HoldsMoreThanTheTable(bytes.value(), data::PartOf(progress, 0.2, 0.6))) {
+      if (auto failed = SetAside(path)) return failed;
+    }
+  }
+  return WriteTable(path, data::PartOf(progress, 0.6, 1));
 }
 
 platform::Done RawLog::WriteTable(const std::string& path, const data::Progress& progress) {
@@ -81,8 +98,12 @@ platform::Done RawLog::WriteTable(const std::string& path, const data::Progress&
         progress(static_cast<double>(row) / static_cast<double>(document_.Grid1().Rows()));
     }
   });
-  if (!failed) logs_[name_] = {content};
-  return failed;
+  if (failed) return failed;
+  logs_[name_] = {content};
+  last_sync_ = clock_.Now().seconds;
+  written_.reset();
+  if (const auto state = files_.State(path); state.ok()) written_ = state.value();
+  return {};
 }
 
 // Both hold their readings in the order of arrival, so one walk through the table finds every line
@@ -109,14 +130,13 @@ bool RawLog::HoldsMoreThanTheTable(std::string_view bytes, const data::Progress&
   return false;
 }
 
-platform::Done RawLog::SetAside(const std::string& path, int port_number) {
-  const std::int64_t now = clock_.Now().local_second;
-  std::string stamp = data::DateText(now) + "-" + data::TimeText(now);
-  std::erase_if(stamp, [](char c) { return c == '/' || c == ':'; });
-  const std::string stem = folder_ + "/Com_" + std::to_string(port_number) + "_" + stamp;
-  std::string copy = stem + ".txt";
-  for (int n = 2; files_.Exists(copy); ++n) copy = stem + "-" + std::to_string(n) + ".txt";
-  return files_.Rename(path, copy);
+platform::Done RawLog::SetAside(const std::string& path) {
+  return platform::SetAside(files_, path, clock_.Now().local_second);
+}
+
+bool RawLog::StandsAsWritten() const {
+  const auto state = files_.State(path_);
+  return state.ok() && written_ == state.value();
 }
 
 void RawLog::AppendRawLog(Row row) {
@@ -128,31 +148,51 @@ void RawLog::AppendRawLog(Row row) {
   }
 }
 
-void RawLog::AppendRows(Row first, Row last) {
+platform::Done RawLog::Append(Row first, Row last) {
   std::string lines;
   for (Row row = first; row <= last; ++row) AddLine(row, lines);
+  if (lines.empty()) return {};
   auto failed = files_.Append(path_, lines);
-  const bool appended = !failed;
-  // Somebody has removed it: it begins anew, with everything.
-  if (NotFound(failed)) failed = WriteTable(path_);
+  if (failed) return failed;
+  logs_[name_].content.Add(lines);
+  written_->size += lines.size();
+  return {};
+}
+
+// A device that failed may have kept less than it took, and does not fail twice for it: all of it is written
+// anew.
+platform::Done RawLog::SyncNowAndThen() {
+  const double now = clock_.Now().seconds;
+  if (std::fabs(now - last_sync_) < kSyncSeconds) return {};
+  last_sync_ = now;
+  const auto failed = files_.Sync(path_);
+  if (failed) written_.reset();
+  return failed;
+}
+
+// A file that was removed, cut, exchanged or written to by somebody begins anew, with everything; so does one
+// that took what it said it did not.
+void RawLog::AppendRows(Row first, Row last) {
+  const bool as_written = StandsAsWritten();
+  auto failed = as_written ? Append(first, last) : PutInPlace(path_);
+  if (!failed) failed = SyncNowAndThen();
   if (failed) {
     last_attempt_ = clock_.Now().seconds;
     if (!missing_from_) tell_("Raw Log Not Written: " + failed->text);
     missing_from_ = first;
-    return;
+  } else if (missing_from_) {
+    missing_from_.reset();
+    tell_("Raw Log Written Again");
+  } else if (!as_written) {
+    tell_("Raw Log Written Anew: " + path_ + " had been changed");
   }
-  if (appended) logs_[name_].content.Add(lines);
-  if (!missing_from_) return;
-  missing_from_.reset();
-  tell_("Raw Log Written Again");
 }
 
 void RawLog::Close() {
   if (path_.empty()) return;
-  if (missing_from_) AppendRows(*missing_from_, document_.Grid1().EntryRow() - 1);
-  auto failed = files_.Sync(path_);
-  // Removed since the last reading: what was in it is in the table still.
-  if (NotFound(failed) && !missing_from_) failed = WriteTable(path_);
+  const Row end = document_.Grid1().EntryRow();
+  if (missing_from_ || !StandsAsWritten()) AppendRows(missing_from_.value_or(end), end - 1);
+  const auto failed = files_.Sync(path_);
   if (failed && !missing_from_) tell_("Raw Log Not Written: " + failed->text);
   path_.clear();
   lock_.reset();

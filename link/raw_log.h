@@ -21,7 +21,8 @@ namespace quenlor::link {
 // RewriteRawLog makes the file hold the whole table and takes it into use; AppendRawLog adds a line
 // per reading; no file stays open between. Readings on the disk that the table does not hold are
 // never overwritten: the file is set aside first. A reading that could not be written is written
-// later from the table.
+// later from the table, and a file that is no longer as it was left is made whole from it. A link that leads
+// out of the folder is set aside, too: what it leads to is never written.
 class RawLog : private data::DocumentListener {
  public:
   RawLog(platform::FileSystem& files, platform::Clock& clock, data::Document& document, std::string folder,
@@ -59,8 +60,12 @@ class RawLog : private data::DocumentListener {
 
   bool HoldsMoreThanTheTable(std::string_view bytes, const data::Progress& progress) const;
   std::string Name(int port_number) const;
+  platform::Done PutInPlace(const std::string& path, const data::Progress& progress = {});
   platform::Done WriteTable(const std::string& path, const data::Progress& progress = {});
-  platform::Done SetAside(const std::string& path, int port_number);
+  platform::Done SetAside(const std::string& path);
+  bool StandsAsWritten() const;
+  platform::Done Append(Row first, Row last);
+  platform::Done SyncNowAndThen();
   void AppendRows(Row first, Row last);
   void AddLine(Row row, std::string& lines) const;
 
@@ -72,10 +77,12 @@ class RawLog : private data::DocumentListener {
   std::string path_;  // empty while no measurement runs
   std::unique_ptr<platform::FileLock> lock_;
   SavedLogs saved_logs_;
-  std::map<std::string, Log> logs_;  // by name
-  std::string name_;                 // of the log in use, without the folder
-  std::optional<Row> missing_from_;  // the first row that is not on the disk
+  std::map<std::string, Log> logs_;             // by name
+  std::string name_;                            // of the log in use, without the folder
+  std::optional<platform::FileState> written_;  // how the log in use was left
+  std::optional<Row> missing_from_;             // the first row that is not on the disk
   double last_attempt_ = 0;
+  double last_sync_ = 0;
 };
 
 }  // namespace quenlor::link

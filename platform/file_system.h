@@ -33,6 +33,16 @@ struct FileEntry {
   std::int64_t modified = 0;  // seconds since 1970
 };
 
+// Which file stands under a name, and how long it is.
+struct FileState {
+  std::uint64_t device = 0;
+  std::uint64_t file = 0;  // its number on the device
+  std::uint64_t size = 0;
+  bool leads_out = false;  // a symbolic link to a place out of its folder
+
+  bool operator==(const FileState&) const = default;
+};
+
 // Files as the program needs them. A path is the bytes that the system knows the file by, in UTF-8 where
 // they are text. No operation leaves a file open.
 class FileSystem {
@@ -44,6 +54,7 @@ class FileSystem {
   // The whole file; a directory fails. One whose reading was left fails with kLeft.
   virtual Result<std::string> Read(const std::string& path, const data::Progress& progress = {}) const = 0;
   virtual std::vector<FileEntry> List(const std::string& folder) const = 0;  // its files, by name
+  virtual Result<FileState> State(const std::string& path) const = 0;
   virtual Result<std::int64_t> ModifiedAt(
       const std::string& path) const = 0;  // seconds since 1970, local time
 
@@ -53,7 +64,8 @@ class FileSystem {
   // place, and so is what is no file: a pipe, a device.
   virtual Done Replace(const std::string& path, const std::function<void(ByteSink&)>& write) = 0;
 
-  // Opens, appends, closes. Either all bytes arrive or, on failure, none stay. To a missing file it fails.
+  // Opens, appends, closes. Either all bytes arrive or, on failure, none stay; only a failure of closing,
+  // which network file systems have, leaves open which, and State tells. To a missing file it fails.
   virtual Done Append(const std::string& path, std::string_view bytes) = 0;
 
   virtual Done Sync(const std::string& path) = 0;  // to the device

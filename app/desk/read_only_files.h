@@ -21,6 +21,9 @@ class ReadOnlyFiles final : public platform::FileSystem {
   std::vector<platform::FileEntry> List(const std::string& folder) const override {
     return files_.List(folder);
   }
+  platform::Result<platform::FileState> State(const std::string& path) const override {
+    return files_.State(path);
+  }
   platform::Result<std::int64_t> ModifiedAt(const std::string& path) const override {
     return files_.ModifiedAt(path);
   }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/memory/memory_file_system.h"
 
+#include <utility>
+
 namespace quenlor::platform::memory {
 namespace {
 
@@ -8,6 +10,7 @@ const Failure kMissing{"No such file or directory", FailureKind::kNotFound};
 const Failure kFolder{"Is a directory"};
 const Failure kTaken{"File exists"};
 const Failure kUnreadable{"Permission denied", FailureKind::kPermission};
+const Failure kBroken{"Input/output error"};
 const Failure kFull{"No space left on device", FailureKind::kFull};
 
 class BoundedSink : public ByteSink {
@@ -71,6 +74,13 @@ std::vector<FileEntry> MemoryFileSystem::List(const std::string& folder) const {
   return files;
 }
 
+Result<FileState> MemoryFileSystem::State(const std::string& path) const {
+  if (folders_.contains(path)) return FileState{};
+  const auto file = files_.find(path);
+  if (file == files_.end()) return Cannot("read " + path, kMissing);
+  return FileState{0, file->second.number, file->second.bytes.size(), file->second.leads_out};
+}
+
 Result<std::int64_t> MemoryFileSystem::ModifiedAt(const std::string& path) const {
   if (folders_.contains(path)) return std::int64_t{0};
   const auto file = files_.find(path);
@@ -85,8 +95,8 @@ Done MemoryFileSystem::Replace(const std::string& path, const std::function<void
   BoundedSink sink(room_);
   write(sink);
   if (sink.full) return Cannot(what, kFull);
-  File replacement{sink.Take(), Now()};
   File& file = files_[path];
+  File replacement{sink.Take(), Now(), ++last_number_, file.leads_out};
   if (room_)
     *room_ = *room_ - replacement.bytes.size() + file.bytes.size();  // the old content leaves the disk
   file = std::move(replacement);
@@ -102,12 +112,14 @@ Done MemoryFileSystem::Append(const std::string& path, std::string_view bytes) {
   if (room_) *room_ -= bytes.size();
   file->second.bytes.append(bytes);
   file->second.modified_at = Now();
+  if (std::exchange(fails_to_close_, false)) return Cannot("append to " + path, kBroken);
   return {};
 }
 
 Done MemoryFileSystem::Sync(const std::string& path) {
   ++calls_.syncs;
   if (!Exists(path)) return Cannot("sync " + path, kMissing);
+  if (refuses_sync_) return Cannot("sync " + path, kBroken);
   for (const auto& [prefix, reason] : refused_) {
     if (path.starts_with(prefix)) return Cannot("sync " + path, reason);
   }
@@ -137,7 +149,7 @@ std::unique_ptr<FileLock> MemoryFileSystem::Lock(const std::string& path) {
 }
 
 void MemoryFileSystem::Put(const std::string& path, std::string bytes) {
-  files_[path] = {std::move(bytes), Now()};
+  files_[path] = {std::move(bytes), Now(), ++last_number_};
 }
 
 void MemoryFileSystem::SetModifiedAt(const std::string& path, std::int64_t local_second) {

@@ -30,6 +30,7 @@ class MemoryFileSystem : public FileSystem {
   }
   Result<std::string> Read(const std::string& path, const data::Progress& progress = {}) const override;
   std::vector<FileEntry> List(const std::string& folder) const override;
+  Result<FileState> State(const std::string& path) const override;
   Result<std::int64_t> ModifiedAt(const std::string& path) const override;
   Done Replace(const std::string& path, const std::function<void(ByteSink&)>& write) override;
   Done Append(const std::string& path, std::string_view bytes) override;
@@ -53,6 +54,10 @@ class MemoryFileSystem : public FileSystem {
     refused_[prefix] = {reason, kind};
   }
   void Allow(const std::string& prefix) { refused_.erase(prefix); }
+  // The file is elsewhere, and a link of that path leads to it.
+  void LeadOut(const std::string& path) { files_[path].leads_out = true; }
+  void RefuseSync(bool refuse) { refuses_sync_ = refuse; }
+  void FailToClose() { fails_to_close_ = true; }  // once, what is appended next, when it is there
   void Unreadable(const std::string& path) { unreadable_.insert(path); }
   void Readable(const std::string& path) { unreadable_.erase(path); }
 
@@ -65,12 +70,17 @@ class MemoryFileSystem : public FileSystem {
   struct File {
     std::string bytes;
     std::int64_t modified_at = 0;
+    std::uint64_t number = 0;
+    bool leads_out = false;
   };
 
   Done WhyNotChanged(const std::string& path) const;
   std::int64_t Now() const { return clock_ ? clock_->Now().local_second : 0; }
 
   const Clock* clock_;
+  std::uint64_t last_number_ = 0;
+  bool fails_to_close_ = false;
+  bool refuses_sync_ = false;
   std::map<std::string, File> files_;
   std::set<std::string> folders_;
   std::optional<std::uint64_t> room_;

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <tuple>
 
 #ifdef Q_OS_UNIX
@@ -130,6 +131,36 @@ std::vector<FileEntry> FilesOf(const std::string& folder) {
   return files;
 }
 
+namespace {
+
+bool LeadsOut(const std::filesystem::path& link) {
+  std::error_code error;
+  const std::filesystem::path folder = link.has_parent_path() ? link.parent_path() : ".";
+  const auto home = std::filesystem::canonical(folder, error);
+  const auto target = std::filesystem::weakly_canonical(link, error);
+  const auto way = target.lexically_relative(home);
+  return error || way.empty() || *way.begin() == "..";
+}
+
+}  // namespace
+
+Result<FileState> StateOfFile(const std::string& path) {
+  struct stat file {};
+  if (::lstat(path.c_str(), &file) != 0) return ReasonOf(errno);
+  FileState state;
+  if (S_ISLNK(file.st_mode)) {
+    state.leads_out = LeadsOut(path);
+    if (::stat(path.c_str(), &file) != 0) {
+      if (!state.leads_out) return ReasonOf(errno);
+      return state;
+    }
+  }
+  state.device = file.st_dev;
+  state.file = file.st_ino;
+  state.size = static_cast<std::uint64_t>(file.st_size);
+  return state;
+}
+
 Result<std::int64_t> ModifiedSecond(const std::string& path) {
   struct stat file {};
   if (::stat(path.c_str(), &file) != 0) return ReasonOf(errno);
@@ -247,6 +278,27 @@ std::vector<FileEntry> FilesOf(const std::string& folder) {
     files.push_back({file.fileName().toStdString(), static_cast<std::uint64_t>(file.size()),
                      std::int64_t{file.lastModified().toSecsSinceEpoch()}});
   return files;
+}
+
+Result<FileState> StateOfFile(const std::string& path) {
+  const QString name = QDir::toNativeSeparators(QString::fromStdString(path));
+  const HANDLE file = ::CreateFileW(reinterpret_cast<const wchar_t*>(name.utf16()), 0,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  BY_HANDLE_FILE_INFORMATION told{};
+  const bool known = file != INVALID_HANDLE_VALUE && ::GetFileInformationByHandle(file, &told);
+  const Failure reason = LastReason();
+  if (file != INVALID_HANDLE_VALUE) ::CloseHandle(file);
+  if (!known) return reason;
+  const auto whole = [](DWORD high, DWORD low) { return (std::uint64_t{high} << 32) | low; };
+  FileState state;
+  state.device = told.dwVolumeSerialNumber;
+  state.file = whole(told.nFileIndexHigh, told.nFileIndexLow);
+  state.size = whole(told.nFileSizeHigh, told.nFileSizeLow);
+  const QFileInfo link(QString::fromStdString(path));
+  state.leads_out =
+      link.isSymLink() && QFileInfo(link.symLinkTarget()).canonicalPath() != link.canonicalPath();
+  return state;
 }
 
 Result<std::int64_t> ModifiedSecond(const std::string& path) {

@@ -34,6 +34,7 @@ enum class FileKind { kMissing, kFile, kFolder, kOther };
 FileKind KindOfFile(const std::string& path);  // what stands there, or where it points
 bool MayWrite(const std::string& path);
 std::vector<FileEntry> FilesOf(const std::string& folder);  // by name; none of a folder that cannot be read
+Result<FileState> StateOfFile(const std::string& path);
 Result<std::int64_t> ModifiedSecond(const std::string& path);  // since 1970
 
 // Whether both names are there and lead to one file: by a link, a folder's other name, another spelling.

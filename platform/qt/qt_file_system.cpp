@@ -122,6 +122,12 @@ Result<std::string> QtFileSystem::Read(const std::string& path, const data::Prog
 
 std::vector<FileEntry> QtFileSystem::List(const std::string& folder) const { return FilesOf(folder); }
 
+Result<FileState> QtFileSystem::State(const std::string& path) const {
+  Result<FileState> state = StateOfFile(path);
+  if (!state.ok()) return Cannot("read " + path, state.failure());
+  return state;
+}
+
 Result<std::int64_t> QtFileSystem::ModifiedAt(const std::string& path) const {
   const Result<std::int64_t> second = ModifiedSecond(path);
   if (!second.ok()) return Cannot("read " + path, second.failure());

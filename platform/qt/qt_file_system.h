@@ -14,6 +14,7 @@ class QtFileSystem : public FileSystem {
   bool Same(const std::string& path, const std::string& other) const override;
   Result<std::string> Read(const std::string& path, const data::Progress& progress = {}) const override;
   std::vector<FileEntry> List(const std::string& folder) const override;
+  Result<FileState> State(const std::string& path) const override;
   Result<std::int64_t> ModifiedAt(const std::string& path) const override;
   Done Replace(const std::string& path, const std::function<void(ByteSink&)>& write) override;
   Done Append(const std::string& path, std::string_view bytes) override;

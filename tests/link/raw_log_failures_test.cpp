@@ -199,6 +199,68 @@ TEST_F(RawLogFailures, AFileThatDisappearsAfterTheLastReadingIsThereAgainAfterSt
   EXPECT_EQ(OnDisk(), InTable());
 }
 
+TEST_F(RawLogFailures, WhatArrivedAlthoughClosingFailedIsNotWrittenTwice) {
+  bench.files.MakeRoom();
+  bench.files.FailToClose();
+  bench.Line("2");
+  bench.Advance(1);
+  bench.Line("3");
+
+  EXPECT_THAT(OnDisk(), ElementsAre("1", "2", "3"));
+  EXPECT_THAT(bench.Copies(), IsEmpty());
+  EXPECT_THAT(bench.told, ElementsAre(StartsWith("Raw Log Not Written"), "Raw Log Written Again"));
+}
+
+TEST_F(RawLogFailures, AFileThatBecameShorterIsMadeWholeAtTheNextReading) {
+  bench.files.MakeRoom();
+  bench.Line("2");
+  bench.files.Put("/lab/Com_1.txt", "No.,Time,Visc");
+  bench.Line("3");
+
+  EXPECT_EQ(OnDisk(), InTable());
+  EXPECT_THAT(bench.told, ElementsAre("Raw Log Written Anew: /lab/Com_1.txt had been changed"));
+}
+
+TEST_F(RawLogFailures, AnotherFileOfTheSameLengthIsSetAside) {
+  bench.files.MakeRoom();
+  std::string other = bench.RawLogText();
+  other.replace(other.find(",1,"), 3, ",9,");
+  bench.files.Put("/lab/Com_1.txt", other);
+  bench.Line("2");
+
+  EXPECT_EQ(OnDisk(), InTable());
+  ASSERT_THAT(bench.Copies(), SizeIs(1));
+  EXPECT_EQ(bench.files.Content("/lab/" + bench.Copies()[0]), other);
+}
+
+TEST_F(RawLogFailures, WhatSomebodyElseAddedStaysInACopy) {
+  bench.files.MakeRoom();
+  ASSERT_FALSE(bench.files.Append("/lab/Com_1.txt", "1,00.0,77,,,\r\n"));
+  bench.measurement.Stop();
+
+  EXPECT_EQ(OnDisk(), InTable());
+  ASSERT_THAT(bench.Copies(), SizeIs(1));
+  EXPECT_THAT(bench.files.Content("/lab/" + bench.Copies()[0]), HasSubstr("77"));
+}
+
+TEST(RawLogLinks, ALinkOutOfTheFolderIsSetAsideAndNeverWritten) {
+  Bench bench;
+  bench.files.Put("/lab/Com_1.txt", "elsewhere");
+  bench.files.LeadOut("/lab/Com_1.txt");
+  bench.Start();
+  bench.Line("1");
+  ASSERT_THAT(bench.Copies(), SizeIs(1));
+  EXPECT_EQ(bench.files.Content("/lab/" + bench.Copies()[0]), "elsewhere");
+
+  bench.Advance(1);
+  bench.files.LeadOut("/lab/Com_1.txt");  // in the midst of a run
+  const std::string before = bench.RawLogText();
+  bench.Line("2");
+  ASSERT_THAT(bench.Copies(), SizeIs(2));
+  EXPECT_EQ(bench.files.Content("/lab/" + bench.Copies()[1]), before);
+  EXPECT_EQ(Column(data::ParseDataFile(bench.RawLogText()).table, 2), (Texts{"1", "2"}));
+}
+
 TEST_F(RawLogFailures, AFolderThatIsGoneIsLikeAFullDisk) {
   bench.files.MakeRoom();
   bench.files.Refuse("/lab", "No such file or directory", platform::FailureKind::kNotFound);
@@ -295,6 +357,34 @@ TEST_F(RawLogFailures, ANewDocumentHasNothingMissing) {
   bench.Line("3");
 
   EXPECT_THAT(OnDisk(), ElementsAre("1", "3"));
+}
+
+TEST(RawLogSync, WhatIsMeasuredReachesTheDeviceEveryTenSeconds) {
+  Bench bench;
+  bench.Start();
+  for (int second = 0; second < 31; ++second) {
+    bench.Line("1");
+    bench.Advance(1);
+  }
+  EXPECT_EQ(bench.files.Calls().syncs, 3);
+}
+
+TEST(RawLogSync, WhatDidNotReachTheDeviceIsToldAndWrittenAnew) {
+  Bench bench;
+  bench.Start();
+  bench.Line("1");
+  bench.Advance(10);
+  bench.files.RefuseSync(true);
+  bench.Line("2");
+  bench.files.RefuseSync(false);
+  const int replaced = bench.files.Calls().replaces;
+  bench.Advance(1);
+  bench.Line("3");
+
+  EXPECT_EQ(bench.files.Calls().replaces, replaced + 1) << "a disk that has failed has perhaps kept less";
+  EXPECT_EQ(Column(data::ParseDataFile(bench.RawLogText()).table, 2), (Texts{"1", "2", "3"}));
+  EXPECT_THAT(bench.told, ElementsAre("Raw Log Not Written: cannot sync /lab/Com_1.txt: Input/output error",
+                                      "Raw Log Written Again"));
 }
 
 TEST(RawLogSync, WhatDoesNotReachTheDeviceAtTheEndIsTold) {

@@ -272,6 +272,26 @@ TYPED_TEST(FileSystemContract, AFileKnowsWhenItWasChanged) {
   EXPECT_LE(time.value(), this->disk.Now());
 }
 
+TYPED_TEST(FileSystemContract, AFileThatGrowsStaysTheSameAndAReplacedOneIsAnother) {
+  EXPECT_TRUE(NotFound(this->files().State(this->Path("a"))));
+  ASSERT_EQ(Told(this->files().Replace(this->Path("a"), "one")), "done");
+  const auto first = this->files().State(this->Path("a"));
+  ASSERT_TRUE(first.ok());
+  EXPECT_EQ(first.value().size, 3U);
+  EXPECT_FALSE(first.value().leads_out);
+
+  ASSERT_EQ(Told(this->files().Append(this->Path("a"), "two")), "done");
+  FileState grown = first.value();
+  grown.size = 6;
+  EXPECT_EQ(this->files().State(this->Path("a")).value(), grown);
+
+  const std::string kept = this->Path("b");  // its number is not free for the next one
+  ASSERT_EQ(Told(this->files().Rename(this->Path("a"), kept)), "done");
+  ASSERT_EQ(Told(this->files().Replace(this->Path("a"), "onetwo")), "done");
+  EXPECT_NE(this->files().State(this->Path("a")).value(), grown);
+  EXPECT_EQ(this->files().State(kept).value(), grown);
+}
+
 TYPED_TEST(FileSystemContract, ALockHasOneHolderUntilItIsGone) {
   auto lock = this->files().Lock(this->Path("a.lock"));
   ASSERT_TRUE(lock);
