@@ -49,7 +49,7 @@ struct Program::Parts {
                         .desktop = desktop,
                         .place = {folder, ProgramName()},
                         .system_writes_comma = SystemWritesComma(),
-                        .look_for_devices = [this] { ports.LookForDevices(); },
+                        .look_for_devices = [this] { return ports.LookForDevices(); },
                         .name_of_port =
                             [this](int port) {
                               return MSComm1.HasOwn(port) ? QObject::tr("virtual viscometer").toStdString()

@@ -85,7 +85,7 @@ int main(int argc, char** argv) {
                           .clipboard = clipboard,
                           .desktop = desktop,
                           .place = {folder.path().toStdString()},
-                          .look_for_devices = [] {},
+                          .look_for_devices = [] { return platform::Done(); },
                           .name_of_port = [](int) { return std::string(); }});
   window.OpenFile(data_file);
   window.resize(1200, 800);

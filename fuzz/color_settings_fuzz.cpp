@@ -17,7 +17,8 @@ void ColorSettings(std::string_view input) {
 
   platform::memory::MemoryFileSystem files;
   files.Put(kPath, std::string(input));
-  const graph::ColorSettings loaded = graph::LoadColor(files, kPath);
+  platform::KeptFile file(files, kPath);
+  const graph::ColorSettings loaded = graph::LoadColor(file);
   Check(loaded == settings.value_or(graph::ColorSettings()), "a damaged file gives the defaults");
   Check(files.Content(kPath) == (settings ? std::string(input) : loaded.Text()),
         "a damaged file is made anew, no other one is touched");

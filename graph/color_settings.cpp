@@ -62,18 +62,15 @@ std::optional<ColorSettings> ColorSettings::FromText(std::string_view text) {
   return settings;
 }
 
-ColorSettings LoadColor(platform::FileSystem& files, const std::string& path) {
-  if (const auto text = files.Read(path); text.ok()) {
+ColorSettings LoadColor(platform::KeptFile& file) {
+  const auto text = file.Read();
+  if (!text.ok() && !NotFound(text)) return {};
+  if (text.ok()) {
     if (const auto settings = ColorSettings::FromText(text.value())) return *settings;
   }
   const ColorSettings defaults;
-  SaveColor(files, path, defaults);  // where it cannot be written, the defaults hold until the program ends
+  file.Replace(defaults.Text());  // where it cannot be written, they hold until the program ends
   return defaults;
-}
-
-platform::Done SaveColor(platform::FileSystem& files, const std::string& path,
-                         const ColorSettings& settings) {
-  return files.Replace(path, settings.Text());
 }
 
 }  // namespace quenlor::graph

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "graph/color_table.h"
-#include "platform/file_system.h"
+#include "platform/kept_file.h"
 
 namespace quenlor::graph {
 
@@ -40,11 +40,8 @@ class ColorSettings {
   Scheme scheme_ = Scheme::White;
 };
 
-// What the file says. One that is missing, unreadable or damaged in any line is made anew with the defaults,
-// which then serve; they also do where it cannot be made.
-ColorSettings LoadColor(platform::FileSystem& files, const std::string& path);
-
-// On failure the file is as it was.
-platform::Done SaveColor(platform::FileSystem& files, const std::string& path, const ColorSettings& settings);
+// What the file says. One that is missing or damaged in any line is made anew with the defaults, which then
+// serve; they also do where it cannot be made, and for one that cannot be read, which stays.
+ColorSettings LoadColor(platform::KeptFile& file);
 
 }  // namespace quenlor::graph

@@ -36,9 +36,9 @@ std::string CommandList::BytesOf(std::string_view text) const {
   return utf8_ ? std::string(text) : data::ToLatin1(text).value_or(std::string(text));
 }
 
-CommandList LoadCommandList(platform::FileSystem& files, const std::string& path) {
-  const auto text = files.Read(path);
-  if (NotFound(text)) files.Replace(path, kDefaultCommands);
+CommandList LoadCommandList(platform::KeptFile file) {
+  const auto text = file.Read();
+  if (NotFound(text)) file.Replace(kDefaultCommands);
   return CommandList(text.ok() ? std::string_view(text.value()) : kDefaultCommands);
 }
 

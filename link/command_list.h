@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/file_system.h"
+#include "platform/kept_file.h"
 
 namespace quenlor::link {
 
@@ -32,6 +32,6 @@ class CommandList {
 
 // Reads the command file; a missing one is made with the four default commands. Where it can be neither read
 // nor made, the defaults serve.
-CommandList LoadCommandList(platform::FileSystem& files, const std::string& path);
+CommandList LoadCommandList(platform::KeptFile file);
 
 }  // namespace quenlor::link

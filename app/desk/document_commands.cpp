@@ -130,8 +130,9 @@ void DocumentCommands::Save() {
   session_.Document().Saved(NameWithoutFolder(*path));
   folder_ = FolderOf(*path);
   recent_.Note(*path);
-  session_.Settings().SaveSettings();
-  view_.Say("Saved " + *path + (session_.Document().CommasDivide() ? std::string("; ") + kCommasDivide : ""));
+  const auto not_kept = session_.Settings().SaveSettings();
+  view_.Say("Saved " + *path + (session_.Document().CommasDivide() ? std::string("; ") + kCommasDivide : "") +
+            (not_kept ? "; " + not_kept->text : ""));
 }
 
 bool DocumentCommands::ExitProgram() {

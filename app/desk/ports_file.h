@@ -20,8 +20,8 @@ class PortsFile {
         directory_(std::move(directory)) {}
 
   // Reads the file anew, gives each serial device that is seen and has no number yet the lowest free one, and
-  // keeps that in the file.
-  void LookForDevices();
+  // keeps that in the file. A file that cannot be read stays, and new numbers hold in memory.
+  platform::Done LookForDevices();
 
   // Looks for devices first where nobody has yet.
   std::string Device(int port) {

@@ -14,16 +14,28 @@ namespace quenlor::app {
 Session::Session(platform::FileSystem& files, Place place, bool system_writes_comma, graph::GraphView* view)
     : files_(files),
       place_(std::move(place)),
-      settings_(files, File(SettingsName()), system_writes_comma),
+      settings_(files, File(SettingsName()), system_writes_comma,
+                [this](const std::string& trouble) { Tell(trouble); }),
+      color_file_(files, File("Color.txt"), [this](const std::string& trouble) { Tell(trouble); }),
       document_(settings_.List()),
       graph_(document_, settings_.List(), view != nullptr ? *view : nobody_) {
   settings_.LoadSettings();
-  colors_ = graph::LoadColor(files_, File("Color.txt"));
+  colors_ = graph::LoadColor(color_file_);
+}
+
+void Session::OnTrouble(platform::KeptFile::Tell tell) {
+  tell_ = std::move(tell);
+  if (!untold_.empty()) tell_(std::exchange(untold_, {}));
+}
+
+void Session::Tell(const std::string& trouble) {
+  if (tell_) return tell_(trouble);
+  untold_ += (untold_.empty() ? "" : "; ") + trouble;
 }
 
 void Session::SetColors(const graph::ColorSettings& colors) {
   colors_ = colors;
-  graph::SaveColor(files_, File("Color.txt"), colors_);
+  color_file_.Replace(colors_.Text());
   graph_.LookChanged();
 }
 

@@ -44,6 +44,11 @@ class Session {
   const graph::LiveGraph& Graph() const { return graph_; }
   const graph::ColorSettings& Colors() const { return colors_; }
 
+  // Files that cannot be read or kept, each with its reason. What was told before somebody listens comes
+  // then.
+  void OnTrouble(platform::KeptFile::Tell tell);
+  void Tell(const std::string& trouble);
+
   // Keeps the colours in their file, too.
   void SetColors(const graph::ColorSettings& colors);
 
@@ -63,7 +68,10 @@ class Session {
  private:
   platform::FileSystem& files_;
   Place place_;
+  platform::KeptFile::Tell tell_;
+  std::string untold_;
   SettingsFile settings_;
+  platform::KeptFile color_file_;
   data::Document document_;
   graph::GraphView nobody_;
   graph::LiveGraph graph_;

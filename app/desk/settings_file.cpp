@@ -11,7 +11,7 @@ constexpr std::size_t kSensibleSize = 65536;  // 19 numbers; a file far beyond t
 }  // namespace
 
 void SettingsFile::LoadSettings() {
-  auto text = files_.Read(path_);
+  auto text = file_.Read();
   if (NotFound(text)) return WriteDefaultSettings();
   if (!text.ok()) return list_.SetDefaults(system_writes_comma_);
   text.value().resize(std::min(text.value().size(), kSensibleSize));
@@ -23,6 +23,6 @@ void SettingsFile::WriteDefaultSettings() {
   SaveSettings();
 }
 
-void SettingsFile::SaveSettings() { files_.Replace(path_, list_.Text()); }
+platform::Done SettingsFile::SaveSettings() { return file_.Replace(list_.Text()); }
 
 }  // namespace quenlor::app

@@ -158,16 +158,19 @@ void MainWindow::Form_Load() {
     const std::string told = status_.Said();  // of a file that cannot be read, or of a start
     menus_.ShowDevices();
     if (!told.empty()) {
-      Say(told);
+      if (told != status_.Said()) Say(told + "; " + status_.Said());
     } else if (status_.Said().empty()) {
       OfferReadingsLeft();
     }
   });
   documents_.New();
+  session_.OnTrouble([this](const std::string& trouble) { Say(trouble); });
 }
 
 void MainWindow::OpenFile(const std::string& path) {
+  const std::string told = status_.Said();  // of files that could not be read at the start
   commands_.Run([&] { documents_.ReadDataFile(path); });
+  if (!told.empty()) Say(status_.Said() + "; " + told);
 }
 
 void MainWindow::ShowGuide() {
@@ -243,7 +246,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   commands_.Run([&] { ended = documents_.ExitProgram(); });
   event->setAccepted(ended);
   if (!ended) return;
-  KeepWindow(session_.Files(), session_.File(kWindowFile), *this, halves_);
+  if (const auto failed = KeepWindow(session_.Files(), session_.File(kWindowFile), *this, halves_))
+    Say(failed->text);
   for (QWidget* small : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
     if (small->isWindow()) small->close();
   }

@@ -36,7 +36,7 @@ struct MainWindowPorts {
   platform::Desktop& desktop;
   Session::Place place;
   bool system_writes_comma = false;                   // one and a half is "1,5" to this system
-  std::function<void()> look_for_devices;             // before the Com Port menu tells them
+  std::function<platform::Done()> look_for_devices;   // before the Com Port menu tells them
   std::function<std::string(int port)> name_of_port;  // the device behind a number; empty when there is none
 };
 

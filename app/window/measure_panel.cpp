@@ -60,7 +60,8 @@ void MeasurePanel::ConnectHandlers() {
 }
 
 void MeasurePanel::LoadCommandList() {
-  command_list_ = link::LoadCommandList(session_.Files(), session_.File("Command_V.txt"));
+  command_list_ = link::LoadCommandList({session_.Files(), session_.File("Command_V.txt"),
+                                         [this](const std::string& trouble) { session_.Tell(trouble); }});
   for (const std::string& entry : command_list_.Entries()) Combo1->addItem(ToQString(entry));
   Combo1->setCurrentIndex(Combo1->count() - 1);
   Combo1_Change();
@@ -69,11 +70,14 @@ void MeasurePanel::LoadCommandList() {
 void MeasurePanel::Command1_Click() {
   commands_.Run([this] {
     if (measurement_.Running()) return measurement_.Stop();
-    session_.Settings().SaveSettings();
+    const auto not_kept = session_.Settings().SaveSettings();
     const auto failure = measurement_.Start(
         [this](double part) { return progress_.Tell("Writing the raw log", part, false); });
     progress_.Done();
-    if (!failure) return;
+    if (!failure) {
+      if (not_kept) status_.Say(not_kept->text);
+      return;
+    }
     StateChanged();
     status_.StartRefused(*failure);
     dialogs_.Show({.text = "Can not Open !\rPlease Check Setting of Com Port !",

@@ -273,7 +273,7 @@ void Menus::StateChanged() {
 }
 
 void Menus::ShowDevices() {
-  devices_.look_for_devices();
+  if (const auto failed = devices_.look_for_devices()) status_.Say(failed->text);
   for (int port = Port.First(); port <= Port.Last(); ++port) {
     const std::string device = devices_.name_of_port(port);
     const QString tip = device.empty() ? tr("Port %1: there is no device").arg(port)

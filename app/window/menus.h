@@ -16,7 +16,7 @@ namespace quenlor::app {
 
 // Which devices stand behind the port numbers.
 struct DeviceNames {
-  std::function<void()> look_for_devices;             // before they are told
+  std::function<platform::Done()> look_for_devices;   // before they are told
   std::function<std::string(int port)> name_of_port;  // empty when there is none
 };
 

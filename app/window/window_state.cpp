@@ -32,9 +32,9 @@ void RestoreWindow(const platform::FileSystem& files, const std::string& path, Q
   halves.RestorePosiLeft(state->posi_left);
 }
 
-void KeepWindow(platform::FileSystem& files, const std::string& path, const QMainWindow& window,
-                const graph::TableAndGraph& halves) {
-  files.Replace(path, WindowState{window.saveGeometry(), halves.PosiLeft()}.Text());
+platform::Done KeepWindow(platform::FileSystem& files, const std::string& path, const QMainWindow& window,
+                          const graph::TableAndGraph& halves) {
+  return files.Replace(path, WindowState{window.saveGeometry(), halves.PosiLeft()}.Text());
 }
 
 }  // namespace quenlor::app

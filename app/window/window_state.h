@@ -28,7 +28,7 @@ inline constexpr const char* kWindowFile = "Window.txt";
 // Puts the window where the file of that path says, and keeps there where it is.
 void RestoreWindow(const platform::FileSystem& files, const std::string& path, QMainWindow& window,
                    graph::TableAndGraph& halves);
-void KeepWindow(platform::FileSystem& files, const std::string& path, const QMainWindow& window,
-                const graph::TableAndGraph& halves);
+platform::Done KeepWindow(platform::FileSystem& files, const std::string& path, const QMainWindow& window,
+                          const graph::TableAndGraph& halves);
 
 }  // namespace quenlor::app

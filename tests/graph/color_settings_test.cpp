@@ -196,7 +196,7 @@ TEST(ColorFromText, LinesAfterTheEleventhDoNotMatter) {
 
 class ColorFile : public testing::Test {
  protected:
-  ColorSettings Load() { return LoadColor(files, kPath); }
+  ColorSettings Load() { return LoadColor(file); }
 
   void ExpectReplacedByDefaults(const std::string& content) {
     files.Put(kPath, content);
@@ -205,6 +205,7 @@ class ColorFile : public testing::Test {
   }
 
   MemoryFileSystem files;
+  platform::KeptFile file{files, kPath};
 };
 
 TEST_F(ColorFile, MissingOneIsMadeWithTheDefaults) {
@@ -245,14 +246,13 @@ TEST_F(ColorFile, OneWrongLineAtTheEndLeavesNoneOfTheOthersBehind) {
   ExpectReplacedByDefaults(text + "wrong\r\nBlack\r\n");
 }
 
-TEST_F(ColorFile, UnreadableOneIsReplacedByTheDefaults) {
+TEST_F(ColorFile, UnreadableOneStaysAndTheDefaultsServe) {
   files.Put(kPath, WithScheme("Black"));
   files.Unreadable(kPath);
 
   EXPECT_EQ(Load(), ColorSettings());
 
-  files.Readable(kPath);
-  EXPECT_EQ(files.Content(kPath), kDefaultText);
+  EXPECT_EQ(files.Content(kPath), WithScheme("Black"));
 }
 
 TEST_F(ColorFile, DefaultsServeWhereItCannotBeMadeAndAreTriedOnce) {
@@ -282,7 +282,7 @@ TEST_F(ColorFile, DefaultsServeWhereAFolderHasItsName) {
 TEST_F(ColorFile, WhatIsSavedIsLoaded) {
   const ColorSettings settings(Blacks(), Scheme::Black);
 
-  EXPECT_FALSE(SaveColor(files, kPath, settings));
+  EXPECT_FALSE(file.Replace(settings.Text()));
 
   EXPECT_EQ(Load(), settings);
 }
@@ -291,7 +291,7 @@ TEST_F(ColorFile, SavingTellsWhatFailedAndLeavesTheOldOne) {
   files.Put(kPath, WithScheme("Black"));
   files.FailAfter(50);
 
-  const platform::Done done = SaveColor(files, kPath, ColorSettings());
+  const platform::Done done = file.Replace(ColorSettings().Text());
 
   ASSERT_TRUE(done);
   EXPECT_THAT(done->text, testing::HasSubstr("No space left on device"));

@@ -21,7 +21,7 @@ constexpr char kPath[] = "/lab/Command_V.txt";
 
 class CommandListTest : public testing::Test {
  protected:
-  Texts Load() { return LoadCommandList(files, kPath).Entries(); }
+  Texts Load() { return LoadCommandList({files, kPath}).Entries(); }
 
   platform::memory::MemoryFileSystem files;
 };

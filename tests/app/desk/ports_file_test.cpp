@@ -59,7 +59,9 @@ TEST(PortsFile, AFolderThatCannotBeWrittenStillGivesNumbers) {
   Ports ports;
   ports.files.Refuse("/lab", "Read-only file system");
   ports.devices.Plug({"/dev/a"});
-  ports.file.LookForDevices();
+  const auto failed = ports.file.LookForDevices();
+  ASSERT_TRUE(failed);
+  EXPECT_EQ(failed->text, "cannot write /lab/Ports.txt: Read-only file system");
   EXPECT_EQ(ports.file.Device(1), "/dev/a");
 }
 
@@ -68,8 +70,16 @@ TEST(PortsFile, AnUnreadableFileIsNotOverwritten) {
   ports.files.Put("/lab/Ports.txt", "1=/dev/mine\r\n");
   ports.files.Unreadable("/lab/Ports.txt");
   ports.devices.Plug({"/dev/a"});
-  ports.file.LookForDevices();
+  const auto failed = ports.file.LookForDevices();
+  ASSERT_TRUE(failed);
+  EXPECT_EQ(failed->text, "cannot read /lab/Ports.txt: Permission denied");
+  EXPECT_EQ(ports.file.Device(1), "/dev/a") << "in memory";
   EXPECT_EQ(ports.files.Content("/lab/Ports.txt"), "1=/dev/mine\r\n");
+
+  ports.files.Readable("/lab/Ports.txt");
+  ports.file.LookForDevices();
+  EXPECT_EQ(ports.file.Device(1), "/dev/mine");
+  EXPECT_EQ(ports.file.Device(2), "/dev/a");
 }
 
 TEST(PortsFile, WhileAnotherProgramHoldsItNothingIsWritten) {

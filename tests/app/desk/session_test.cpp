@@ -40,6 +40,36 @@ TEST_F(SessionTest, MakesTheFilesThatAreMissing) {
   EXPECT_TRUE(session.List().DecimalComma()) << "as the system writes numbers";
 }
 
+TEST_F(SessionTest, WhatItCannotReadIsToldToWhoeverListensLaterAndStays) {
+  for (const char* path : {"/lab/quenlor.ini", "/lab/Color.txt"}) {
+    files.Put(path, "mine");
+    files.Unreadable(path);
+  }
+  Session session(files, {"/lab"}, false);
+  std::string told;
+  session.OnTrouble([&](const std::string& trouble) { told = trouble; });
+  EXPECT_EQ(told,
+            "cannot read /lab/quenlor.ini: Permission denied (it stays as it is); "
+            "cannot read /lab/Color.txt: Permission denied (it stays as it is)");
+  EXPECT_EQ(files.Content("/lab/quenlor.ini"), "mine");
+  EXPECT_EQ(files.Content("/lab/Color.txt"), "mine");
+
+  const graph::ColorSettings chosen(graph::kDefaultColors, graph::Scheme::Black);
+  session.SetColors(chosen);
+  EXPECT_EQ(files.Content("/lab/Color.txt"), chosen.Text());
+  EXPECT_EQ(files.Content("/lab/Color_19700101-000000.txt"), "mine");
+}
+
+TEST_F(SessionTest, ColoursThatCannotBeKeptAreTold) {
+  Session session(files, {"/lab"}, false);
+  std::string told;
+  session.OnTrouble([&](const std::string& trouble) { told = trouble; });
+  files.FailAfter(0);
+  session.SetColors(graph::ColorSettings(graph::kDefaultColors, graph::Scheme::Black));
+  EXPECT_EQ(told, "cannot replace /lab/Color.txt: No space left on device");
+  EXPECT_EQ(session.Colors().BackScheme(), graph::Scheme::Black);
+}
+
 TEST_F(SessionTest, TheSettingsFileIsCalledAfterTheProgram) {
   const Session session(files, {"/lab", "lab2"}, false);
   EXPECT_EQ(files.Content("/lab/lab2.ini"), session.List().Text());

@@ -38,6 +38,7 @@ struct WindowBench {
   bool system_writes_comma = false;
   std::map<int, std::string> devices{{1, "/dev/ttyV1"}};
   int looks_for_devices = 0;
+  platform::Done ports_trouble;
   std::unique_ptr<MainWindow> window;
 
   MainWindow& Open() {
@@ -49,7 +50,11 @@ struct WindowBench {
         .desktop = desktop,
         .place = {kFolder},
         .system_writes_comma = system_writes_comma,
-        .look_for_devices = [this] { ++looks_for_devices; },
+        .look_for_devices =
+            [this] {
+              ++looks_for_devices;
+              return ports_trouble;
+            },
         .name_of_port = [this](int port) { return devices.count(port) ? devices[port] : std::string(); }});
     window->show();
     return *window;
