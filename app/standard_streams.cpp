@@ -14,6 +14,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#else
+#include <io.h>
 #endif
 
 namespace quenlor::app {
@@ -40,6 +42,8 @@ void GuardClosedStreams() {
   }
 }
 
+static bool IsTerminal(std::FILE* stream) { return ::isatty(::fileno(stream)) != 0; }
+
 bool IsStream(const std::string& name) {
   if (name == kStandardInput) return true;
   struct stat file {};
@@ -52,6 +56,8 @@ bool IsStream(const std::string& name) {
 }
 
 #else
+
+static bool IsTerminal(std::FILE* stream) { return ::_isatty(::_fileno(stream)) != 0; }
 
 void GuardClosedStreams() {}
 
@@ -68,7 +74,28 @@ platform::Result<std::string> ReadStream(const std::string& name) {
 
 std::string SpokenName(const std::string& name) { return name == kStandardInput ? "standard input" : name; }
 
+std::string ForTerminal(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string shown;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0U;
+    const bool is_line_end = byte == '\n' || (byte == '\r' && next == '\n');
+    const bool is_two = byte == 0xC2 && next >= 0x80 && next < 0xA0;  // U+0080 to U+009F
+    if (!is_two && (is_line_end || byte == '\t' || (byte >= ' ' && byte != 0x7F))) {
+      shown += text[i];
+      continue;
+    }
+    const unsigned value = is_two ? next : byte;
+    shown.append("\\x").append({kDigits[value / 16], kDigits[value % 16]});
+    if (is_two) ++i;
+  }
+  return shown;
+}
+
 platform::Done WriteStandardOutput(std::string_view text) {
+  const std::string shown = IsTerminal(stdout) ? ForTerminal(text) : std::string();
+  if (!shown.empty()) text = shown;
   const bool written =
       std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
   if (written) return std::nullopt;

@@ -24,7 +24,11 @@ platform::Result<std::string> ReadStream(const std::string& name);
 // How a file or a stream is called in messages.
 std::string SpokenName(const std::string& name);
 
+// As it stands; to a terminal, which would obey them, without the control characters of the data.
 platform::Done WriteStandardOutput(std::string_view text);
+
+// The text with control characters as escapes ("\x1B"), but for line ends and tabs.
+std::string ForTerminal(std::string_view text);
 
 // Always one line on standard error, whatever a file is called.
 void Complain(std::string failure);

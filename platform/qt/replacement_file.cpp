@@ -11,6 +11,8 @@
 #include <random>
 
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -35,12 +37,44 @@ std::filesystem::path WhereItPoints(std::filesystem::path path) {
   return path;
 }
 
+constexpr std::string_view kMark = ".quenlor-";  // an ending that nobody else gives a file
+constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz";
+constexpr std::size_t kRandomLetters = 6;
+constexpr std::size_t kSuffix = kMark.size() + kRandomLetters;
+
 std::string RandomSuffix() {
-  static constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz";
   std::random_device random;
-  std::string suffix = ".";
-  while (suffix.size() < 7) suffix += kLetters[random() % kLetters.size()];
+  std::string suffix(kMark);
+  while (suffix.size() < kSuffix) suffix += kLetters[random() % kLetters.size()];
   return suffix;
+}
+
+bool IsBeside(std::string_view name, std::string_view target) {
+  return name.size() == target.size() + kSuffix && name.starts_with(target) &&
+         name.substr(target.size()).starts_with(kMark) &&
+         name.substr(target.size() + kMark.size()).find_first_not_of(kLetters) == name.npos;
+}
+
+bool IsNamed(int file, const std::string& path) {
+  struct stat open {};
+  struct stat named {};
+  return ::fstat(file, &open) == 0 && ::lstat(path.c_str(), &named) == 0 && open.st_dev == named.st_dev &&
+         open.st_ino == named.st_ino;
+}
+
+// Whoever writes such a file holds its lock, so that one without a holder is of a program that was killed.
+void RemoveLeftBeside(const std::filesystem::path& target) {
+  const std::string folder = target.has_parent_path() ? target.parent_path().string() : ".";
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (!IsBeside(entry->path().filename().native(), target.filename().native())) continue;
+    const std::string path = entry->path().native();
+    const int file = ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) continue;
+    if (::flock(file, LOCK_EX | LOCK_NB) == 0 && IsNamed(file, path)) ::unlink(path.c_str());
+    ::close(file);
+  }
 }
 
 }  // namespace
@@ -60,14 +94,22 @@ ReplacementFile::~ReplacementFile() {
 }
 
 Reason ReplacementFile::Open() {
+  RemoveLeftBeside(parts_->target);
   Reason reason;
   for (int tries = 0; tries < kMostTries; ++tries) {
     const std::string name = parts_->target.string() + RandomSuffix();
     reason = OpenToWrite(parts_->file, name, O_CREAT | O_EXCL);
-    if (!reason) parts_->beside = name;
-    if (!reason || KindOfFile(name) == FileKind::kMissing) break;
+    if (reason && KindOfFile(name) == FileKind::kMissing) break;
+    if (reason) continue;
+    // Another program that tidies up may have been faster than the lock.
+    ::flock(parts_->file.handle(), LOCK_EX | LOCK_NB);
+    if (IsNamed(parts_->file.handle(), name)) {
+      parts_->beside = name;
+      break;
+    }
+    parts_->file.close();
   }
-  const bool too_long = parts_->target.filename().native().size() + RandomSuffix().size() > NAME_MAX;
+  const bool too_long = parts_->target.filename().native().size() + kSuffix > NAME_MAX;
   if (!reason || (reason->kind != FailureKind::kPermission && !too_long)) return reason;
   return OpenToWrite(parts_->file, parts_->target.string(), O_CREAT | O_TRUNC);
 }
@@ -75,8 +117,8 @@ Reason ReplacementFile::Open() {
 QFileDevice& ReplacementFile::Device() { return parts_->file; }
 
 Reason ReplacementFile::TakeItsPlace() {
-  parts_->file.close();
   if (parts_->beside.empty()) return {};
+  // Closed only afterwards, with its lock: it is nobody's leftover. All of it is on the device already.
   if (std::rename(parts_->beside.c_str(), parts_->target.c_str()) != 0) return LastReason();
   parts_->beside.clear();
   const std::filesystem::path folder = parts_->target.parent_path();

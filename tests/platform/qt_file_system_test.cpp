@@ -312,6 +312,44 @@ TEST_F(QtFileSystemTest, ALockOfAnotherProgramHoldsUntilItIsKilled) {
   ::close(ready[1]);
 }
 
+TEST_F(QtFileSystemTest, WhatAKilledSaveLeftGoesWithTheNextOneOfThatFile) {
+  Write("a.csv", "old");
+  Write("a.csv.quenlor-abcdef", "half");
+  Write("b.csv.quenlor-abcdef", "of another file");
+  Write("a.csv.backup", "mine");
+  Write("a.csv.quenlor-abcdeF", "mine");
+  Write("a.csv.quenlor-abcdefg", "mine");
+  ASSERT_EQ(Told(files_.Replace(Path("a.csv"), "new")), "done");
+  EXPECT_THAT(disk_.Names(), testing::ElementsAre("a.csv", "a.csv.backup", "a.csv.quenlor-abcdeF",
+                                                  "a.csv.quenlor-abcdefg", "b.csv.quenlor-abcdef"));
+  EXPECT_EQ(Content("a.csv"), "new");
+}
+
+TEST_F(QtFileSystemTest, ASaveThatGoesOnKeepsWhatItHasWritten) {
+  Done inner;
+  const Done outer = files_.Replace(Path("a.csv"), [&](ByteSink& sink) {
+    sink.Write("outer");
+    inner = files_.Replace(Path("a.csv"), "inner");
+  });
+  EXPECT_EQ(Told(inner), "done");
+  EXPECT_EQ(Told(outer), "done");
+  EXPECT_EQ(Content("a.csv"), "outer");
+  EXPECT_THAT(disk_.Names(), testing::ElementsAre("a.csv"));
+}
+
+TEST_F(QtFileSystemTest, ALinkKnowsWhetherItLeadsOut) {
+  fs::create_directory(Path("lab"));
+  Write("lab/log", "x");
+  Write("elsewhere", "x");
+  fs::create_symlink("log", Path("lab/within"));
+  fs::create_symlink("../elsewhere", Path("lab/out"));
+  fs::create_symlink(Path("no such file"), Path("lab/to nothing"));
+  EXPECT_FALSE(files_.State(Path("lab/within")).value().leads_out);
+  EXPECT_TRUE(files_.State(Path("lab/out")).value().leads_out);
+  EXPECT_TRUE(files_.State(Path("lab/to nothing")).value().leads_out);
+  EXPECT_EQ(files_.State(Path("lab/within")).value(), files_.State(Path("lab/log")).value());
+}
+
 TEST_F(QtFileSystemTest, WhatADeadHolderLeftLocksNothing) {
   const std::string leftovers[] = {"", std::string("\0\xFF damaged", 10),
                                    "4711\nquenlor\nanother-computer\n\n\n",
