@@ -63,5 +63,5 @@ int main(int argc, char** argv) {
   app::Program program(line, std::get<instrument::ViscometerOptions>(viscometer));
   if (!line.files.empty()) program.Window().OpenFile(line.files.front());
   program.Window().show();
-  return QApplication::exec();
+  return program.Run();
 }

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/program.h"
 
+#include <QApplication>
+
 #include "app/decimal_point.h"
 #include "app/desk/ports_file.h"
 #include "app/port_switch.h"
 #include "app/program_folder.h"
 #include "app/program_name.h"
 #include "app/virtual_port.h"
+#include "platform/qt/end_signals.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_desktop.h"
@@ -57,6 +60,13 @@ struct Program::Parts {
                             }});
   }
 
+  // Boxes and loops that wait end with the program's own.
+  void End() {
+    window->EndNow();
+    ended = true;
+    QCoreApplication::exit();
+  }
+
   QWidget* FrontWindow() const { return window ? window->FrontWindow() : nullptr; }
 
   platform::qt::QtFileSystem files;
@@ -74,12 +84,19 @@ struct Program::Parts {
   platform::qt::QtClipboard clipboard;
   platform::qt::QtDesktop desktop;
   std::unique_ptr<MainWindow> window;
+  bool ended = false;
+  platform::qt::EndSignals signals_to_end{[this] { End(); }};
 };
 
 Program::Program(const CommandLine& line, const instrument::ViscometerOptions& viscometer)
-    : parts_(std::make_unique<Parts>(line, viscometer)) {}
+    : parts_(std::make_unique<Parts>(line, viscometer)) {
+  // The desktop ends the program itself, or goes on when another one refuses.
+  QObject::connect(qApp, &QGuiApplication::commitDataRequest, parts_->window.get(), &MainWindow::EndNow);
+}
 
 Program::~Program() = default;
+
+int Program::Run() { return parts_->ended ? 0 : QCoreApplication::exec(); }
 
 MainWindow& Program::Window() { return *parts_->window; }
 

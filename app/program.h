@@ -17,6 +17,9 @@ class Program {
   Program(const CommandLine& line, const instrument::ViscometerOptions& viscometer);
   ~Program();
 
+  // Until the window is closed, or a signal ends it; the program's exit status.
+  int Run();
+
   MainWindow& Window();
 
  private:

@@ -253,6 +253,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   }
 }
 
+void MainWindow::EndNow() {
+  measurement_.StopWithoutWait();
+  KeepWindow(session_.Files(), session_.File(kWindowFile), *this, halves_);
+}
+
 // Picture1_OLEDragDrop and Picture2_OLEDragDrop: a file may fall on the graph or anywhere else in the window.
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   const bool copies = event->possibleActions().testFlag(Qt::CopyAction);

@@ -52,6 +52,10 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   // Opens a data file in place of the new document with which the program starts.
   void OpenFile(const std::string& path);
 
+  // Does what the close box does, without a question: nobody is there to answer one. What was not saved stays
+  // in the raw logs.
+  void EndNow();
+
   const data::Document& Document() const { return session_.Document(); }
 
   // The window that a box belongs to: this one, or the preview that stands in its place.

@@ -20,6 +20,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include "app/program.h"
 #include "app/program_name.h"
@@ -163,6 +164,29 @@ TEST(WholeRoad, AKilledProgramLeavesEveryReadingInItsRawLog) {
   EXPECT_EQ(readings, log.count('\n') - 1);
   EXPECT_TRUE(log.endsWith("\r\n")) << "no half line";
   ExpectCounting(road.Table(), static_cast<int>(readings));
+}
+
+TEST(WholeRoad, ASignalEndsTheProgramWithoutAQuestionAndARestartFindsEveryReading) {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    Instrument instrument({"--interval", "0.01", "--form", "numbered"});
+    Road road;
+    road.WriteSettings();
+    QProcess program;
+    program.start(QStringLiteral(QUENLOR_ROAD_DRIVER), {road.folder.path(), instrument.Device()});
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return FileBytes(road.Path("Com_1.txt")).count('\n') > 20; }, kPatience));
+    ::kill(static_cast<pid_t>(program.processId()), signal);
+    ASSERT_TRUE(program.waitForFinished(kPatience));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit) << signal;
+    EXPECT_EQ(program.exitCode(), 0) << signal;
+    EXPECT_TRUE(QFile::exists(road.Path("Window.txt"))) << "the window's place is kept";
+    EXPECT_FALSE(QFile::exists(road.Path("Com_1.lock")));
+
+    MainWindow& window = road.Open(instrument.Device());
+    window.OpenFile(road.Path("Com_1.txt").toStdString());
+    EXPECT_EQ(road.Table().Rows() - 2, FileBytes(road.Path("Com_1.txt")).count('\n') - 1);
+    ExpectCounting(road.Table(), static_cast<int>(road.Table().Rows() - 2));
+  }
 }
 
 TEST(WholeRoad, AfterAKillTheNextStartSetsTheOldLogAside) {

@@ -20,5 +20,5 @@ int main(int argc, char** argv) {
   program.Window().show();
   QTimer::singleShot(0,
                      [&] { program.Window().findChild<QPushButton*>(QStringLiteral("Command1"))->click(); });
-  return QApplication::exec();
+  return program.Run();
 }
