@@ -15,13 +15,14 @@
 namespace quenlor::app {
 
 // A session and its commands, whose line, clock, disk and boxes are a test's. The program folder is "/lab".
-struct DeskBench : private DocumentCommandsView {
+template <class Disk>
+struct DeskBenchOn : private DocumentCommandsView {
   platform::memory::TestClock clock{platform::memory::MomentAt(2026, 11, 21, 9, 30)};
   platform::memory::TestTimer Timer1{clock};
   platform::memory::TestTimer Timer2{clock};
   platform::memory::TestEventLoop loop{clock};
   platform::memory::MemorySerialPort MSComm1;
-  platform::memory::MemoryFileSystem files{&clock};
+  Disk files{&clock};
   platform::memory::ScriptedDialogs dialogs;
   Session session{files, {"/lab"}, false};
   link::Measurement measurement{
@@ -48,5 +49,7 @@ struct DeskBench : private DocumentCommandsView {
   void ShowChoices() override { ++choices_shown; }
   void ClearReceivedData() override { ++received_data_cleared; }
 };
+
+using DeskBench = DeskBenchOn<platform::memory::MemoryFileSystem>;
 
 }  // namespace quenlor::app
