@@ -108,7 +108,9 @@ std::optional<platform::OpenFailure> Measurement::OpenPort(const data::Progress&
     ClosePort();
     return platform::OpenFailure{"", failed->text, ""};
   }
-  return {};
+  if (Running()) return {};
+  raw_log_.Close();
+  return platform::OpenFailure{"", "the device has gone", ""};
 }
 
 // What arrived before a timer, a click or the end got its turn came first.
