@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "graph/graph_pane.h"
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QPainter>
+#include <QShortcut>
+#include <QWheelEvent>
 #include <cmath>
 #include <utility>
 
@@ -23,9 +24,6 @@ using platform::PixelsOf;
 using platform::qt::ToQString;
 using platform::qt::ToShortQString;
 
-// With fewer readings a redraw is over before a pointer could change.
-constexpr Index kManyReadings = 200'000;
-
 // The legend's two lines, as a label divides them. An endless name leaves the value in sight.
 QString TwoLines(const std::string& caption) {
   if (caption.empty()) return {};
@@ -35,83 +33,37 @@ QString TwoLines(const std::string& caption) {
 
 }  // namespace
 
-// Picture2: the plot as it was drawn last, kept from paint to paint.
-class GraphPane::PlotPicture : public QWidget {
- public:
-  PlotPicture(GraphPane* pane, const Plot& plot) : QWidget(pane), pane_(pane), kept_(plot) {
-    setObjectName(QStringLiteral("Picture2"));
-    setAccessibleName(tr("Graph"));
-    setAttribute(Qt::WA_OpaquePaintEvent);
-  }
-
-  // Everything is to be drawn, which may take a while.
-  void DrawWhole() {
-    whole_ = true;
-    update();
-  }
-
- protected:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    if (!pane_->held_) Draw();
-    QPainter painter(this);
-    painter.fillRect(rect(), ToQColor(pane_->colors_.BackColor()));
-    painter.drawImage(0, 0, shown_);
-  }
-
- private:
-  void Draw() {
-    const QSize pixels = size() * devicePixelRatioF();
-    if (image_.size() != pixels) {
-      image_ = QImage(pixels, QImage::Format_RGB32);
-      kept_.Forget();
-    }
-    shown_ = {};  // or the picture would be copied in order to be drawn on
-    if (image_.isNull()) return;
-    const bool busy = std::exchange(whole_, false) && pane_->graph_.Values().Size() > kManyReadings;
-    if (busy) QApplication::setOverrideCursor(Qt::WaitCursor);
-    DrawOn(image_, [this](platform::DrawingSurface& surface) { kept_.Update(surface, surface.Whole()); });
-    shown_ = image_;
-    if (kept_.LacksNewest()) {
-      DrawOn(shown_,
-             [this](platform::DrawingSurface& surface) { kept_.DrawNewest(surface, surface.Whole()); });
-    }
-    if (busy) QApplication::restoreOverrideCursor();
-  }
-
-  template <class Drawing>
-  void DrawOn(QImage& image, const Drawing& drawing) const {
-    image.setDevicePixelRatio(1);
-    {
-      QPainter painter(&image);
-      platform::qt::QtDrawingSurface surface(painter, image.size(), devicePixelRatioF());
-      drawing(surface);
-    }
-    image.setDevicePixelRatio(devicePixelRatioF());
-  }
-
-  GraphPane* pane_;
-  KeptPlot kept_;
-  QImage image_;  // what is kept
-  QImage shown_;
-  bool whole_ = true;
-};
-
-GraphPane::GraphPane(const data::Document& document, const LiveGraph& graph,
-                     const data::SettingsList& settings, const ColorSettings& colors, QWidget* parent)
+GraphPane::GraphPane(const data::Document& document, LiveGraph& graph, const data::SettingsList& settings,
+                     const ColorSettings& colors, QWidget* parent)
     : QWidget(parent),
       document_(document),
       graph_(graph),
       settings_(settings),
       colors_(colors),
       plot_(graph.Values()),
-      Picture2(new PlotPicture(this, plot_)) {
+      Picture2(new PlotPicture(plot_, graph, colors, this)) {
   setObjectName(QStringLiteral("Picture1"));
   setAccessibleName(tr("Graph with its axes"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   AddCaptions();
+  connect(Picture2, &PlotPicture::ViewMoved, this, &GraphPane::ShowMoved);
+  const auto walk = [this](Qt::Key key, bool (LiveGraph::*way)()) {
+    connect(new QShortcut(QKeySequence(Qt::ALT | key), this), &QShortcut::activated, this, [this, way] {
+      if ((graph_.*way)()) ShowMoved();
+    });
+  };
+  walk(Qt::Key_Left, &LiveGraph::ShowEarlier);
+  walk(Qt::Key_Right, &LiveGraph::ShowLater);
 }
 
-GraphPane::~GraphPane() = default;
+// At once, and without the waiting pointer of a whole drawing: the hand sees what it does.
+void GraphPane::ShowMoved() {
+  ShowReadings();
+  emit ViewMoved();
+}
+
+// At the numbers of an axis.
+void GraphPane::wheelEvent(QWheelEvent* event) { Picture2->Turn(event, event->position() - Picture2->pos()); }
 
 void GraphPane::AddCaptions() {
   const auto add = [this](auto& captions, std::size_t from, const char* name,
@@ -150,12 +102,13 @@ void GraphPane::Fig() {
 
 void GraphPane::ShowReadings() {
   LayoutLabels();
-  Picture2->update();
+  Picture2->DrawNew();
 }
 
 void GraphPane::Hold(bool hold) {
   held_ = hold;
   held_size_ = size();
+  Picture2->Hold(hold);
   if (!hold) Fig();
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QImage>
 #include <QWidget>
 #include <array>
 #include <functional>
@@ -14,6 +13,7 @@
 #include "graph/label_layout.h"
 #include "graph/live_graph.h"
 #include "graph/plot.h"
+#include "graph/plot_picture.h"
 
 namespace quenlor::graph {
 
@@ -24,9 +24,8 @@ class GraphPane : public QWidget {
   Q_OBJECT
 
  public:
-  GraphPane(const data::Document& document, const LiveGraph& graph, const data::SettingsList& settings,
+  GraphPane(const data::Document& document, LiveGraph& graph, const data::SettingsList& settings,
             const ColorSettings& colors, QWidget* parent);
-  ~GraphPane() override;
 
   void Fig();            // everything is drawn at the next paint
   void ShowReadings();   // what has come is drawn at the next paint
@@ -40,27 +39,28 @@ class GraphPane : public QWidget {
   void Label5_DblClick(int Index);
   void Label6_DblClick(int Index);
   void Label10_DblClick(int Index);
+  void ViewMoved();                   // ranges and boxes are others, by a hand on the plot
   void MenuWanted(const QPoint& at);  // a context menu, there on the screen
 
  protected:
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
-  class PlotPicture;  // Picture2
-
+  void ShowMoved();
   void AddCaptions();
   void FillCaptions(const Captions& texts);
   void TellCutTitles(const LabelLayout& layout);
 
   const data::Document& document_;
-  const LiveGraph& graph_;
+  LiveGraph& graph_;
   const data::SettingsList& settings_;
   const ColorSettings& colors_;
   Plot plot_;
-  PlotPicture* Picture2;
+  PlotPicture* Picture2;  // the plot
   bool held_ = false;
   QSize held_size_;
   std::array<Caption*, 6> Label5{};

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "graph/live_graph.h"
 
+#include <tuple>
+
 #include "data/text_number.h"
 
 namespace quenlor::graph {
@@ -30,6 +32,7 @@ bool& LiveGraph::BoxOf(Axis axis) {
 }
 
 void LiveGraph::SetAutoScaling(Axis axis, bool on) {
+  LeaveView();
   BoxOf(axis) = on;
   RunAutoScale(axis);
   view_.Fig();
@@ -37,7 +40,9 @@ void LiveGraph::SetAutoScaling(Axis axis, bool on) {
 
 void LiveGraph::SetFine(bool fine) {
   scaling_.fine = fine;
-  if (scaling_.Check3) SetAutoScaling(Axis::Visco, true);
+  if (!scaling_.Check3) return;
+  RunAutoScale(Axis::Visco);
+  view_.Fig();
 }
 
 void LiveGraph::SetKind(GraphKind kind) {
@@ -56,10 +61,50 @@ bool LiveGraph::EnterLimit(Limit limit, std::string_view text) {
   data::AxisRanges ranges = document_.Ranges();
   const auto axis = ApplyLimit(limit, text, View(), ranges);
   if (!axis) return false;
+  LeaveView();
   document_.SetRanges(ranges);
   BoxOf(*axis) = false;
   view_.Fig();
   return true;
+}
+
+void LiveGraph::EnterRanges(const data::AxisRanges& ranges, const std::vector<Axis>& axes) {
+  data::AxisRanges entered = Ranges();
+  for (const Axis axis : axes) {
+    BoxOf(axis) = false;
+    if (axis == Axis::Time)
+      std::tie(entered.TimeMin, entered.TimeMax) = std::tie(ranges.TimeMin, ranges.TimeMax);
+    if (axis == Axis::Temp)
+      std::tie(entered.TempMin, entered.TempMax) = std::tie(ranges.TempMin, ranges.TempMax);
+    if (axis != Axis::Visco) continue;
+    std::tie(entered.ViscoMin, entered.ViscoMax) = std::tie(ranges.ViscoMin, ranges.ViscoMax);
+    std::tie(entered.ViscoLogMin, entered.ViscoLogMax) = std::tie(ranges.ViscoLogMin, ranges.ViscoLogMax);
+  }
+  document_.SetRanges(entered);
+  view_.Fig();
+}
+
+void LiveGraph::ShowWhole() {
+  LeaveView();
+  scaling_.Check2 = scaling_.Check3 = scaling_.Check4 = true;
+  RunEveryAutoScale();
+  view_.Fig();
+}
+
+bool LiveGraph::ShowAgain(const std::optional<ShownView>& view) {
+  if (!view) return false;
+  document_.SetRanges(view->ranges);
+  std::tie(scaling_.Check2, scaling_.Check3, scaling_.Check4) =
+      std::tie(view->Check2, view->Check3, view->Check4);
+  RunEveryAutoScale();
+  view_.Fig();
+  return true;
+}
+
+// What another document showed says nothing about this one.
+void LiveGraph::DocumentReplaced() {
+  history_.Clear();
+  RefreshSeries();
 }
 
 // Chooses one axis's range afresh, if its box is ticked; true when it has become another one.

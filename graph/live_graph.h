@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/document.h"
 #include "graph/axis_labels.h"
@@ -11,6 +12,7 @@
 #include "graph/axis_ranges.h"
 #include "graph/plot_axes.h"
 #include "graph/value_arrays.h"
+#include "graph/view_history.h"
 
 namespace quenlor::graph {
 
@@ -57,6 +59,17 @@ class LiveGraph : private data::DocumentListener {
   // A limit typed by hand; false when it is refused. Its axis is no longer scaled automatically.
   bool EnterLimit(Limit limit, std::string_view text);
 
+  // The limits of those axes as a hand on the plot has them, which are such as could be typed.
+  void EnterRanges(const data::AxisRanges& ranges, const std::vector<Axis>& axes);
+  void ShowWhole();  // all three boxes are ticked
+  const data::AxisRanges& Ranges() const { return document_.Ranges(); }
+
+  // The way through the views that were left by hand; of an axis that follows the data the range is the
+  // present one. False at the end of the way. A gesture of several steps leaves its view once, by LeaveView.
+  void LeaveView() { history_.Leave(Shown()); }
+  bool ShowEarlier() { return ShowAgain(history_.Earlier(Shown())); }
+  bool ShowLater() { return ShowAgain(history_.Later(Shown())); }
+
   // Reads the whole table again.
   void RefreshSeries();
 
@@ -68,6 +81,8 @@ class LiveGraph : private data::DocumentListener {
   void CopyAll_Visco();
   void CopyAll_Temp();
   bool& BoxOf(Axis axis);
+  ShownView Shown() const { return {Ranges(), scaling_.Check2, scaling_.Check3, scaling_.Check4}; }
+  bool ShowAgain(const std::optional<ShownView>& view);
   bool RunAutoScale(Axis axis);
   bool RunEveryAutoScale();
   bool Widen(Index newest);
@@ -80,13 +95,14 @@ class LiveGraph : private data::DocumentListener {
   void ColumnsChanged() override;
   void RunsChanged() override { view_.CaptionsChanged(); }
   void HeaderChanged() override { view_.CaptionsChanged(); }
-  void DocumentReplaced() override { RefreshSeries(); }
+  void DocumentReplaced() override;
 
   data::Document& document_;
   const data::SettingsList& settings_;
   GraphView& view_;
   ValueArrays values_;
   AutoScaling scaling_;
+  ViewHistory history_;
   GraphKind kind_ = GraphKind::ViscoTime;
   data::Progress progress_;
   int shown_visco_ = 0;  // the columns that the values were read from

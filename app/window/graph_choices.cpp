@@ -71,7 +71,8 @@ void GraphChoices::Option2_Click() {
 }
 
 void GraphChoices::ShowWholeRange() {
-  for (QCheckBox* box : {Check2, Check3, Check4}) box->setChecked(true);
+  session_.Graph().ShowWhole();
+  ShowChoices();
 }
 
 // "Standard" and "Fine" count only for a viscosity axis that scales by itself.

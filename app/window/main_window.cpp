@@ -125,6 +125,7 @@ void MainWindow::ConnectHandlers() {
     platform::qt::GridView& grid = *tables_.Measurement();
     edits_.ShowTableMenu(grid, grid.viewport()->mapToGlobal(at));
   });
+  connect(&Picture1, &graph::GraphPane::ViewMoved, &choices_, &GraphChoices::ShowChoices);
   connect(&Picture1, &graph::GraphPane::MenuWanted, this, &MainWindow::ShowGraphMenu);
   connect(&Picture1, &graph::GraphPane::Label5_DblClick, this,
           [this](int Index) { edits_.Label5_DblClick(Index); });

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QElapsedTimer>
+#include <QImage>
+#include <QWidget>
+
+#include "graph/color_settings.h"
+#include "graph/live_graph.h"
+#include "graph/plot.h"
+#include "graph/view_hand.h"
+
+class QGestureEvent;
+class QNativeGestureEvent;
+
+namespace quenlor::graph {
+
+// Picture2: the plot as it was drawn last, kept from paint to paint, and the hand on it.
+//
+// The wheel zooms at the pointer (with Shift across only, with Ctrl upwards only), two fingers do, too; the
+// left button draws a rectangle that then fills the plot; the middle button, or Space and the left one, shove
+// it; a double click or Esc shows the whole again. Plus, minus and the arrows do it without a mouse.
+class PlotPicture : public QWidget {
+  Q_OBJECT
+
+ public:
+  PlotPicture(const Plot& plot, LiveGraph& graph, const ColorSettings& colors, QWidget* parent);
+
+  void DrawWhole();                           // everything is to be drawn, which may take a while
+  void DrawNew();                             // what has changed is drawn at the next paint
+  void Hold(bool hold);                       // while held, what is shown stays as it is
+  void Turn(QWheelEvent* event, QPointF at);  // a wheel, there, also at the numbers around the plot
+
+ signals:
+  void ViewMoved();  // other ranges or boxes are the graph's now
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  enum class Drag { None, Press, Box, Shove };
+
+  void Draw();
+  template <class Drawing>
+  void DrawOn(QImage& image, const Drawing& drawing) const;
+  void PaintHand(QPainter& painter) const;
+
+  PlotPlace PlaceOf(QPointF at) const;
+  PlotPlace ShoveTo(QPointF at) const;
+  PlotPlace Steady() const;
+  bool Pinch(QGestureEvent* event);
+  bool Spread(const QNativeGestureEvent& event);
+  void BeginDrag(Drag drag, QPointF at);
+  void EndDrag();
+  void BeginUnlessGoingOn();
+  void ShowCursor();
+
+  LiveGraph& graph_;
+  const ColorSettings& colors_;
+  KeptPlot kept_;
+  QImage image_;  // what is kept
+  QImage shown_;
+  bool whole_ = true;
+  bool stale_ = true;  // something may have changed since it was drawn
+  bool held_ = false;
+
+  ViewHand hand_;
+  QElapsedTimer since_turn_;
+  Drag drag_ = Drag::None;
+  Qt::MouseButton dragging_ = Qt::NoButton;
+  QPointF pressed_;  // where
+  QPointF pointer_;
+  bool space_ = false;
+};
+
+}  // namespace quenlor::graph
