@@ -137,7 +137,9 @@ bool LeadsOut(const std::filesystem::path& link) {
   std::error_code error;
   const std::filesystem::path folder = link.has_parent_path() ? link.parent_path() : ".";
   const auto home = std::filesystem::canonical(folder, error);
-  const auto target = std::filesystem::weakly_canonical(link, error);
+  // What leads to nothing counts by where it leads.
+  const auto target =
+      std::filesystem::weakly_canonical(folder / std::filesystem::read_symlink(link, error), error);
   const auto way = target.lexically_relative(home);
   return error || way.empty() || *way.begin() == "..";
 }

@@ -20,7 +20,7 @@ TEST(EndSignals, EachAsksOnceAndThenEndsTheProgramAsEver) {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     const auto before = HandlerOf(signal);
     int asked = 0;
-    const EndSignals signals([&] { ++asked; });
+    const EndSignals guard([&] { ++asked; });
     EXPECT_NE(HandlerOf(signal), before);
     ::raise(signal);
     ::raise(signal);
@@ -35,7 +35,7 @@ TEST(EndSignals, EachAsksOnceAndThenEndsTheProgramAsEver) {
 TEST(EndSignals, WhatIsIgnoredStaysIgnored) {
   const auto before = std::signal(SIGHUP, SIG_IGN);
   {
-    const EndSignals signals([] {});
+    const EndSignals guard([] {});
     EXPECT_EQ(HandlerOf(SIGHUP), SIG_IGN);
   }
   EXPECT_EQ(HandlerOf(SIGHUP), SIG_IGN);
