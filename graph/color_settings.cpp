@@ -64,13 +64,16 @@ std::optional<ColorSettings> ColorSettings::FromText(std::string_view text) {
 
 ColorSettings LoadColor(platform::KeptFile& file) {
   const auto text = file.Read();
-  if (!text.ok() && !NotFound(text)) return {};
   if (text.ok()) {
     if (const auto settings = ColorSettings::FromText(text.value())) return *settings;
   }
   const ColorSettings defaults;
-  file.Replace(defaults.Text());  // where it cannot be written, they hold until the program ends
+  SaveColor(file, defaults);  // where it cannot be written, they hold until the program ends
   return defaults;
+}
+
+platform::Done SaveColor(platform::KeptFile& file, const ColorSettings& settings) {
+  return file.Replace(settings.Text());
 }
 
 }  // namespace quenlor::graph

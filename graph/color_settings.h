@@ -40,8 +40,11 @@ class ColorSettings {
   Scheme scheme_ = Scheme::White;
 };
 
-// What the file says. One that is missing or damaged in any line is made anew with the defaults, which then
-// serve; they also do where it cannot be made, and for one that cannot be read, which stays.
+// What the file says. One that is missing, unreadable or damaged in any line is made anew with the defaults,
+// which then serve; they also do where it cannot be made. One that cannot be read is set aside first.
 ColorSettings LoadColor(platform::KeptFile& file);
+
+// On failure the file is as it was.
+platform::Done SaveColor(platform::KeptFile& file, const ColorSettings& settings);
 
 }  // namespace quenlor::graph

@@ -35,7 +35,7 @@ void Session::Tell(const std::string& trouble) {
 
 void Session::SetColors(const graph::ColorSettings& colors) {
   colors_ = colors;
-  color_file_.Replace(colors_.Text());
+  graph::SaveColor(color_file_, colors_);
   graph_.LookChanged();
 }
 

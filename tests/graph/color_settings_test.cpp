@@ -246,13 +246,14 @@ TEST_F(ColorFile, OneWrongLineAtTheEndLeavesNoneOfTheOthersBehind) {
   ExpectReplacedByDefaults(text + "wrong\r\nBlack\r\n");
 }
 
-TEST_F(ColorFile, UnreadableOneStaysAndTheDefaultsServe) {
+TEST_F(ColorFile, UnreadableOneIsSetAsideAndMadeAnew) {
   files.Put(kPath, WithScheme("Black"));
   files.Unreadable(kPath);
 
   EXPECT_EQ(Load(), ColorSettings());
 
-  EXPECT_EQ(files.Content(kPath), WithScheme("Black"));
+  EXPECT_EQ(files.Content(kPath), kDefaultText);
+  EXPECT_EQ(files.Content("/lab/Color_19700101-000000.txt"), WithScheme("Black"));
 }
 
 TEST_F(ColorFile, DefaultsServeWhereItCannotBeMadeAndAreTriedOnce) {
