@@ -165,7 +165,7 @@ platform::Done RawLog::SyncNowAndThen() {
   const double now = clock_.Now().seconds;
   if (std::fabs(now - last_sync_) < kSyncSeconds) return {};
   last_sync_ = now;
-  const auto failed = files_.Sync(path_);
+  auto failed = files_.Sync(path_);
   if (failed) written_.reset();
   return failed;
 }

@@ -17,7 +17,8 @@ inline Done SetAside(FileSystem& files, const std::string& path, std::int64_t lo
   const std::string ending = path.substr(dot);
   const std::string stem = path.substr(0, dot) + "_" + stamp;
   std::string copy = stem + ending;
-  for (int n = 2; files.Exists(copy); ++n) copy = stem + "-" + std::to_string(n) + ending;
+  for (int n = 2; files.Exists(copy); ++n)
+    copy.assign(stem).append("-").append(std::to_string(n)).append(ending);
   return files.Rename(path, copy);
 }
 
