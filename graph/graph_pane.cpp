@@ -21,7 +21,6 @@ namespace {
 
 using platform::kTwipsPerPixel;
 using platform::PixelsOf;
-using platform::qt::ToQString;
 using platform::qt::ToShortQString;
 
 // The legend's two lines, as a label divides them. An endless name leaves the value in sight.

@@ -83,7 +83,11 @@ std::string WhoHolds(const std::string& device) {
       if (fs::read_symlink(file->path(), unreadable).string() != path) continue;
       std::string name;
       std::getline(std::ifstream(process->path() / "comm"), name);
-      holders += (holders.empty() ? "" : ", ") + name + " (process " + number + ")";
+      holders.append(holders.empty() ? "" : ", ")
+          .append(name)
+          .append(" (process ")
+          .append(number)
+          .append(")");
       break;
     }
   }

@@ -82,7 +82,7 @@ void LineCoverage::Add(const Segment& line) {
 // The part of a pixel across the line, that is; of a line thinner than a pixel no more than its width.
 std::uint8_t LineCoverage::Of(double distance) const {
   const double part = std::min(distance + kHalfPixel, half_) - std::max(distance - kHalfPixel, -half_);
-  return static_cast<std::uint8_t>(255 * std::clamp(part, 0.0, 1.0) + 0.5);
+  return static_cast<std::uint8_t>(std::lround(255 * std::clamp(part, 0.0, 1.0)));
 }
 
 }  // namespace quenlor::platform::qt
