@@ -116,7 +116,7 @@ std::optional<platform::OpenFailure> Measurement::OpenPort(const data::Progress&
 // What arrived before a timer, a click or the end got its turn came first.
 void Measurement::TakeWaiting() { reception_.TakeWaiting(); }
 
-void Measurement::Stop() {
+void Measurement::Stop(Ending why) {
   if (!Running() || stopping_) return;
   TakeWaiting();
   if (!Running()) return;
@@ -130,7 +130,7 @@ void Measurement::Stop() {
     TakeWaiting();
     stopping_ = false;
   }
-  End(Ending::kByHand);
+  End(why);
 }
 
 void Measurement::StopWithoutWait() {

@@ -31,6 +31,7 @@ struct MeasurementPorts {
 // Why a measurement ended.
 enum class Ending {
   kByHand,      // Stop, another document, or the end of the program
+  kAsAsked,     // by what was asked for at the start, or by a signal
   kNoReply,     // to an answered request
   kAutoStop,    // the set time is over
   kDeviceGone,  // pulled out or switched off
@@ -84,7 +85,7 @@ class Measurement {
   std::optional<platform::OpenFailure> Start(const data::Progress& progress = {});
 
   // Ends the measurement; with the Visco option "STOP" is sent and the instrument has two seconds to take it.
-  void Stop();
+  void Stop(Ending why = Ending::kByHand);
 
   // Ends it at once, for the end of the program; "STOP" is still sent with the Visco option.
   void StopWithoutWait();

@@ -1,55 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "reports/statistics_text.h"
 
-#include <charconv>
-#include <cstdio>
-
+#include "data/script_text.h"
 #include "data/utf8.h"
 
 namespace quenlor::reports {
 namespace {
 
 using Row = StatisticsTable::Row;
-
-void AppendCsvField(std::string_view text, std::string& line) {
-  if (text.find_first_of("\",\r\n") == std::string_view::npos) {
-    line.append(text);
-    return;
-  }
-  line.push_back('"');
-  for (const char c : text) {
-    if (c == '"') line.push_back('"');
-    line.push_back(c);
-  }
-  line.push_back('"');
-}
-
-void AppendJsonString(std::string_view text, std::string& json) {
-  json.push_back('"');
-  for (const char c : text) {
-    if (c == '"' || c == '\\') {
-      json.push_back('\\');
-      json.push_back(c);
-    } else if (static_cast<unsigned char>(c) < 0x20) {
-      char escape[8];
-      std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
-      json.append(escape);
-    } else {
-      json.push_back(c);
-    }
-  }
-  json.push_back('"');
-}
-
-void AppendJsonNumber(std::optional<double> number, std::string& json) {
-  if (!number) {
-    json.append("null");
-    return;
-  }
-  char buffer[40];
-  const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, *number);
-  json.append(buffer, end);
-}
+using data::AppendCsvField;
+using data::AppendJsonNumber;
+using data::AppendJsonString;
 
 // The row's cells from that column on, each a JSON string.
 void AppendJsonCells(const StatisticsTable& table, Row row, int first_col, std::string& json) {

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "app/desk/status.h"
-#include "data/data_file.h"
 #include "platform/busy_pointer.h"
 
 namespace quenlor::app {
@@ -15,7 +14,6 @@ using platform::Buttons;
 using platform::Icon;
 
 constexpr const char* kFilter = "CSV File(*.csv)|*.csv|ALL Files(*.*)|*.*";
-constexpr const char* kNewName = "New.csv";
 
 // How far an opening has come when the file is read, and when its lines are divided.
 constexpr double kReadShare = 0.3;
@@ -25,6 +23,10 @@ constexpr const char* kCommasDivide =
     "some fields hold \",\", which also divides them in files: Decimal Point Comma would keep them apart";
 
 }  // namespace
+
+std::string SavedText(const std::string& path, const data::Document& document) {
+  return "Saved " + path + (document.CommasDivide() ? std::string("; ") + kCommasDivide : "");
+}
 
 DocumentCommands::DocumentCommands(Session& session, link::Measurement& measurement,
                                    platform::Dialogs& dialogs, DocumentCommandsView& view)
@@ -55,24 +57,9 @@ bool DocumentCommands::MayDiscard() {
 void DocumentCommands::New() {
   measurement_.Stop();
   if (!MayDiscard()) return;
-  for (const auto axis : {graph::Axis::Time, graph::Axis::Visco, graph::Axis::Temp})
-    session_.Graph().SetAutoScaling(axis, true);
-  const std::string path = session_.File("New.txt");
-  auto bytes = session_.Files().Read(path);
-  if (NotFound(bytes)) WriteNewTemplate(path);  // an existing one is the operator's own, and stays
-  // A new document never fails: where no template can be kept, the usual titles serve.
-  Load(path, bytes.ok() ? std::move(bytes.value()) : TemplateText());
-  session_.Document().SetFileName(kNewName);
+  session_.New();
+  view_.ShowChoices();
   view_.ClearReceivedData();
-}
-
-void DocumentCommands::WriteNewTemplate(const std::string& path) {
-  session_.Files().Replace(path, TemplateText());
-}
-
-std::string DocumentCommands::TemplateText() const {
-  const data::SettingsList& list = session_.List();
-  return data::NewTemplate(list.IsOn(data::setting::kVisco), list.Index(data::setting::kFieldCount));
 }
 
 void DocumentCommands::Open() {
@@ -101,23 +88,17 @@ void DocumentCommands::ReadDataFile(const std::string& path) {
   const auto goes_on = [&](double part) { return view_.Progress("Opening " + name, part, false); };
   auto bytes = session_.Files().Read(path, data::PartOf(may_leave, 0, kReadShare));
   if (!bytes.ok()) return view_.Say(bytes.failure().text);
-  const bool opened = Load(path, std::move(bytes.value()), data::PartOf(may_leave, kReadShare, kParsedShare),
-                           data::PartOf(goes_on, kParsedShare, 1));
+  const bool opened = session_.Load(path, std::move(bytes.value()), FileDate(session_.Files(), path),
+                                    data::PartOf(may_leave, kReadShare, kParsedShare),
+                                    data::PartOf(goes_on, kParsedShare, 1));
   if (!opened) return view_.Say("Opening " + path + " was left");
+  view_.ShowChoices();
   folder_ = FolderOf(path);
   recent_.Note(path);
   left_.Seen(path);
   const data::Document& document = session_.Document();
   view_.Say("Opened " + name + ": " + CountText(document.RunCount(), "run", "runs") + ", " +
             CountText(document.Grid1().EntryRow() - 1, "reading", "readings"));
-}
-
-bool DocumentCommands::Load(const std::string& path, std::string bytes, const data::Progress& reading,
-                            const data::Progress& copying) {
-  if (!session_.Load(path, std::move(bytes), FileDate(session_.Files(), path), reading, copying))
-    return false;
-  view_.ShowChoices();
-  return true;
 }
 
 void DocumentCommands::Save() {
@@ -131,8 +112,7 @@ void DocumentCommands::Save() {
   folder_ = FolderOf(*path);
   recent_.Note(*path);
   const auto not_kept = session_.Settings().SaveSettings();
-  view_.Say("Saved " + *path + (session_.Document().CommasDivide() ? std::string("; ") + kCommasDivide : "") +
-            (not_kept ? "; " + not_kept->text : ""));
+  view_.Say(SavedText(*path, session_.Document()) + (not_kept ? "; " + not_kept->text : ""));
 }
 
 bool DocumentCommands::ExitProgram() {

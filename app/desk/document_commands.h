@@ -26,6 +26,9 @@ class DocumentCommandsView {
   virtual void ClearReceivedData() = 0;
 };
 
+// That a document stands in its file, and what a reader of the file has to know.
+std::string SavedText(const std::string& path, const data::Document& document);
+
 // New, Open, Save, a dropped file, and the end of the program: each stops what runs, asks before it discards,
 // and leaves everything as it was when it is cancelled or fails.
 class DocumentCommands : private data::DocumentListener {
@@ -57,10 +60,6 @@ class DocumentCommands : private data::DocumentListener {
  private:
   bool MayDiscard();
   void CommasDivideFields() override;
-  void WriteNewTemplate(const std::string& path);
-  std::string TemplateText() const;
-  bool Load(const std::string& path, std::string bytes, const data::Progress& reading = {},
-            const data::Progress& copying = {});
 
   Session& session_;
   link::Measurement& measurement_;

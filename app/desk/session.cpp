@@ -10,6 +10,11 @@
 #include "graph/plot_look.h"
 
 namespace quenlor::app {
+namespace {
+
+constexpr const char* kNewName = "New.csv";
+
+}  // namespace
 
 Session::Session(platform::FileSystem& files, Place place, bool system_writes_comma, graph::GraphView* view)
     : files_(files),
@@ -39,6 +44,21 @@ void Session::SetColors(const graph::ColorSettings& colors) {
   graph_.LookChanged();
 }
 
+void Session::New() {
+  for (const auto axis : {graph::Axis::Time, graph::Axis::Visco, graph::Axis::Temp})
+    graph_.SetAutoScaling(axis, true);
+  const std::string path = File("New.txt");
+  auto bytes = files_.Read(path);
+  if (NotFound(bytes)) files_.Replace(path, TemplateText());  // an existing one is the operator's own
+  // A new document never fails: where no template can be kept, the usual titles serve.
+  Load(path, bytes.ok() ? std::move(bytes.value()) : TemplateText(), FileDate(files_, path));
+  document_.SetFileName(kNewName);
+}
+
+std::string Session::TemplateText() const {
+  return data::NewTemplate(List().IsOn(data::setting::kVisco), List().Index(data::setting::kFieldCount));
+}
+
 bool Session::Load(const std::string& path, std::string bytes, const std::string& file_date,
                    const data::Progress& reading, const data::Progress& copying) {
   auto contents = data::ParseDataFile(std::move(bytes), reading);
@@ -50,8 +70,9 @@ bool Session::Load(const std::string& path, std::string bytes, const std::string
   return true;
 }
 
-platform::Done Session::Save(const std::string& path, const data::Progress& progress) {
-  return files_.Replace(path, [&](platform::ByteSink& sink) {
+platform::Done Session::SaveOn(platform::FileSystem& files, const std::string& path,
+                               const data::Progress& progress) {
+  return files.Replace(path, [&](platform::ByteSink& sink) {
     data::WriteDataFile(
         document_, List(), [&](std::string_view piece) { sink.Write(piece); }, progress);
   });

@@ -52,6 +52,10 @@ class Session {
   // Keeps the colours in their file, too.
   void SetColors(const graph::ColorSettings& colors);
 
+  // An empty document with the titles of the template "New.txt", which is made when it is missing; all three
+  // axes scale again.
+  void New();
+
   // The bytes of the data file of that path become the document, and the settings take over what it tells of
   // its axes. A file without a date of its own gets `file_date`.
   // False, and nothing has changed, when `reading` has left it; `copying` cannot, and may only be looked at.
@@ -59,13 +63,20 @@ class Session {
             const data::Progress& reading = {}, const data::Progress& copying = {});
 
   // The document as a data file of that path; `progress` cannot leave it.
-  platform::Done Save(const std::string& path, const data::Progress& progress = {});
+  platform::Done Save(const std::string& path, const data::Progress& progress = {}) {
+    return SaveOn(files_, path, progress);
+  }
+  // The same on another disk, for a session that only reads its own.
+  platform::Done SaveOn(platform::FileSystem& files, const std::string& path,
+                        const data::Progress& progress = {});
 
   // How the graph looks in a plot of so many pixels across, and the texts around it.
   graph::PlotSettings Look(int plot_width) const;
   graph::Captions Captions() const { return graph::CaptionsOf(document_, graph_); }
 
  private:
+  std::string TemplateText() const;
+
   platform::FileSystem& files_;
   Place place_;
   platform::KeptFile::Tell tell_;

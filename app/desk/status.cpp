@@ -209,6 +209,9 @@ void Status::Ended(link::Ending why) {
     case link::Ending::kByHand:
       ended("Stopped by hand", "stopped by hand");
       break;
+    case link::Ending::kAsAsked:
+      ended("Ended", "as asked");
+      break;
     case link::Ending::kNoReply:
       ended("No reply", "no reply to QM for 5 s");
       break;
