@@ -60,6 +60,7 @@ class Batch {
         return Graph();
       case Task::kStatistics:
         return Statistics();
+      case Task::kMeasure:
       case Task::kWindow:
         break;
     }
@@ -145,7 +146,7 @@ class Batch {
       std::string date;
       reports::StatisticsTable table;
     };
-    const bool for_people = options_.format == StatisticsFormat::kText;
+    const bool for_people = options_.format == OutputFormat::kText;
     const char decimal_point = for_people && ports_.system_writes_comma ? ',' : '.';
     std::vector<Kept> kept;
     const bool all = ForEachFile([&](const OpenedFile& file) {
@@ -163,10 +164,10 @@ class Batch {
   }
 
   std::string TextOf(const std::vector<reports::StatisticsSheet>& sheets) const {
-    if (options_.format == StatisticsFormat::kJson) return reports::JsonText(sheets);
+    if (options_.format == OutputFormat::kJson) return reports::JsonText(sheets);
     std::string text;
     for (const reports::StatisticsSheet& sheet : sheets) {
-      if (options_.format == StatisticsFormat::kCsv)
+      if (options_.format == OutputFormat::kCsv)
         reports::AppendCsv(sheet, text);
       else
         text += reports::ClipboardText(sheet);

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "app/command_line.h"
+#include "app/desk/exit_status.h"
 #include "app/desk/session.h"
 #include "platform/file_system.h"
 
@@ -21,8 +22,6 @@ struct BatchPorts {
   std::function<platform::Done(std::string_view)> write_standard_output;
   std::function<void(const std::string&)> complain;  // one line each
 };
-
-enum class ExitStatus { kDone = 0, kWrongUsage = 2, kCannotRead = 3, kCannotWrite = 4 };
 
 // Makes what the command line asks for of its files, by the same code that the windows use. Nothing is
 // written unless all of the files could be read, and never over one of them. A file without a reading is told

@@ -6,27 +6,28 @@
 #include <string_view>
 #include <vector>
 
+#include "app/desk/measure_options.h"
 #include "graph/plot_axes.h"
 
 namespace quenlor::app {
 
 inline constexpr std::string_view kStandardInput = "-";  // as a file
 
-enum class Task { kWindow, kReport, kGraph, kStatistics };
+enum class Task { kWindow, kReport, kGraph, kStatistics, kMeasure };
 enum class PictureFormat { kPng, kSvg, kPdf };
-enum class StatisticsFormat { kText, kCsv, kJson };
 
-// What is to be made of data files without a window.
+// What is to be made without a window, of data files or by measuring.
 struct BatchOptions {
   Task task = Task::kWindow;
-  std::string output;  // of a report or a picture
+  std::string output;  // a report, a picture, a data file
   PictureFormat picture = PictureFormat::kPng;
   int width = 1200;  // of a picture, in pixels
   int height = 800;
   graph::GraphKind kind = graph::GraphKind::ViscoTime;
-  StatisticsFormat format = StatisticsFormat::kText;
+  OutputFormat format = OutputFormat::kText;
   bool letter = false;  // paper: else A4
   bool landscape = false;
+  MeasureOptions measure;
 };
 
 // The options of the batch commands as the command line names them, one after the other.
@@ -45,7 +46,7 @@ class BatchOptionsReader {
   const BatchOptions& Options() const { return options_; }
 
  private:
-  std::string TakeTask(Task task, const std::string& output);
+  std::string TakeTask(Task task, const std::string& option, const std::string& output);
   std::string TakeSize(const std::string& value);
 
   BatchOptions options_;

@@ -127,6 +127,7 @@ std::string HelpText() {
                FILE...
        quenlor --graph OUT.(png|svg|pdf) [--size WxH] [--kind KIND] FILE
        quenlor --statistics [--format text|csv|json] FILE...
+       quenlor --measure OUT.csv [options of measuring]
 
 Logs the readings of a viscometer on a serial line. FILE, a data file or a raw
 log, is opened at start.
@@ -147,6 +148,9 @@ Options:
 
 Without a window and without a display, with the settings and colours of the
 folder, which stay as they are (FILE may be a pipe; "-" is standard input):
+  --measure OUT.csv   measure, print each reading as it comes, and write the
+                      data file at the end; --folder, --port, --virtual and
+                      --instrument have their meaning
   --report OUT.pdf    write the report of every file, a page each
   --graph OUT         write the graph of a file as a picture
   --statistics        print the statistics of every file
@@ -154,11 +158,35 @@ folder, which stay as they are (FILE may be a pipe; "-" is standard input):
   --landscape         turn the paper
   --size WxH          pixels of the picture (default: 1200x800)
   --kind KIND         visco-time (default), visco-temp-time or visco-temp
-  --format FORMAT     text (default: as the statistics window copies it), csv
-                      or json
+  --format FORMAT     of statistics and readings: text (default), csv or json
 
-Exit status: 0 done, 2 wrong usage, 3 a file cannot be read, 4 an output cannot
-be written.
+Measuring, for this call instead of what the settings say:
+  --settings FILE     these settings instead of the folder's
+  --com-port N        port number
+  --baud N            600, 1200, 2400, 4800, 9600, 14400, 19200 or 28800
+  --parity P          E, O or N
+  --length N          7 or 8 data bits
+  --stop-bit N        1, 1.5 or 2
+  --terminator T      CR/LF or CR
+  --visco SWITCH      on or off: start word at the start, STOP at the end
+  --number SWITCH     on or off: take only the numbers out of lines
+  --decimal-point P   Dot or Comma
+  --command TEXT      the command (default: the last one of the command list)
+  --repeat SECONDS    send the command at this interval; or off
+  --auto-stop MINUTES end a run after them; or off
+
+How measuring ends; SIGINT and SIGTERM end it at any time, as Stop would:
+  --readings N        a run ends with its Nth reading
+  --minutes M         a run ends so long after its start
+  --runs K            so many runs in one data file (default: 1)
+  --pause S           seconds between two runs (default: 0)
+  --on-loss WHAT      when the device goes away: end (default), or wait for it
+                      and go on in a new run
+  --quiet             tell only failures on standard error
+
+Exit status: 0 done, 2 wrong usage, 3 a file cannot be read or the port cannot
+be opened, 4 an output cannot be written, 5 the instrument no longer answered
+or its device was lost; what had been measured is written all the same.
 )";
 }
 

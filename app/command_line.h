@@ -10,7 +10,7 @@
 
 namespace quenlor::app {
 
-// What the program was called with: quenlor [--folder DIR] [--port n=DEVICE]… [--virtual n] [FILE]
+// What the program was called with, see HelpText.
 struct CommandLine {
   bool help = false;
   bool version = false;

@@ -6,6 +6,7 @@
 #include "app/batch_program.h"
 #include "app/command_line.h"
 #include "app/desk/version.h"
+#include "app/measure_program.h"
 #include "app/program.h"
 #include "app/program_folder.h"
 #include "app/standard_streams.h"
@@ -30,7 +31,8 @@ int Say(const std::string& text) {
 // The toolkit aborts where it cannot show windows, after many words of its own; this is said in their place.
 void NoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
   if (type != QtFatalMsg) return;
-  app::Complain("there is no display to show a window on; --report, --graph and --statistics need none");
+  app::Complain(
+      "there is no display to show a window on; --measure, --report, --graph and --statistics need none");
   std::_Exit(static_cast<int>(app::ExitStatus::kWrongUsage));
 }
 
@@ -48,11 +50,14 @@ int main(int argc, char** argv) {
   if (line.version) return Say(app::WindowCaption(app::ThisVersion()) + "\n");
   if (!line.error.empty()) return RefuseUsage(line.error);
   if (const auto failed = app::CannotUseFolder(line.folder)) return RefuseUsage(failed->text);
+  const auto viscometer = instrument::ParseOptions(line.instrument);
+  if (const auto* error = std::get_if<instrument::OptionsError>(&viscometer)) return RefuseUsage(error->text);
+  const auto& virtual_viscometer = *std::get_if<instrument::ViscometerOptions>(&viscometer);
+  if (line.batch.task == app::Task::kMeasure)
+    return static_cast<int>(app::RunMeasureProgram(line, virtual_viscometer, argc, argv));
   if (line.batch.task != app::Task::kWindow) return static_cast<int>(app::RunBatchProgram(line, argc, argv));
   if (!line.files.empty() && app::IsStream(line.files.front()))
     return RefuseUsage("only batch commands read a pipe: " + line.files.front());
-  const auto viscometer = instrument::ParseOptions(line.instrument);
-  if (const auto* error = std::get_if<instrument::OptionsError>(&viscometer)) return RefuseUsage(error->text);
 
   const QtMessageHandler usual = qInstallMessageHandler(NoDisplay);
   QApplication application(argc, argv);
@@ -60,7 +65,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Quenlor"));
   if (const auto failed = app::CannotKeepFilesIn(app::ProgramFolder(line.folder)))
     return RefuseUsage(failed->text);
-  app::Program program(line, std::get<instrument::ViscometerOptions>(viscometer));
+  app::Program program(line, virtual_viscometer);
   if (!line.files.empty()) program.Window().OpenFile(line.files.front());
   program.Window().show();
   return program.Run();

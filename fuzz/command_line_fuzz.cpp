@@ -4,6 +4,7 @@
 #include "app/command_line.h"
 #include "fuzz/promise.h"
 #include "fuzz/targets.h"
+#include "link/port_settings.h"
 
 namespace quenlor::fuzz {
 namespace {
@@ -30,6 +31,14 @@ void CheckBatch(const app::CommandLine& line) {
     Check(side >= 1 && side <= kLargestPicture, "a picture can be made");
   if (batch.task == Task::kWindow) {
     Check(line.files.size() <= 1 && standard_inputs == 0, "the window opens at most one file of the disk");
+  } else if (batch.task == Task::kMeasure) {
+    Check(line.files.empty(), "a measurement reads no file");
+    Check(batch.measure.runs >= 1 && batch.measure.pause >= 0, "there are runs, one after the other");
+    Check(batch.measure.readings.value_or(1) >= 1 && batch.measure.minutes.value_or(1) > 0,
+          "a run has a length");
+    data::SettingsList settings;
+    if (!ApplyMeasureOptions(batch.measure, settings).empty()) return;
+    Check(link::ApplyPortSettings(settings).has_value(), "what was chosen is an item of its menu");
   } else {
     Check(!line.files.empty() && standard_inputs <= 1, "a batch command reads files, each of them once");
     Check(batch.task != Task::kGraph || line.files.size() == 1, "a picture is that of one file");

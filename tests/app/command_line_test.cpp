@@ -61,8 +61,12 @@ TEST(CommandLine, RefusesWrongUsageInWords) {
 
 TEST(CommandLine, HelpNamesEveryOption) {
   for (const char* option :
-       {"--folder", "--port", "--virtual", "--instrument", "--help", "--version", "FILE", "--report",
-        "--graph", "--statistics", "--paper", "--landscape", "--size", "--kind", "--format", "-h,"}) {
+       {"--folder",   "--port",    "--virtual",       "--instrument", "--help",     "--version",
+        "FILE",       "--report",  "--graph",         "--statistics", "--paper",    "--landscape",
+        "--size",     "--kind",    "--format",        "-h,",          "--measure",  "--settings",
+        "--com-port", "--baud",    "--parity",        "--length",     "--stop-bit", "--terminator",
+        "--visco",    "--number",  "--decimal-point", "--command",    "--repeat",   "--auto-stop",
+        "--readings", "--minutes", "--runs",          "--pause",      "--on-loss",  "--quiet"}) {
     EXPECT_THAT(HelpText(), HasSubstr(option));
   }
 }
@@ -90,8 +94,31 @@ TEST(CommandLine, TakesTheBatchCommands) {
   EXPECT_EQ(graph.batch.height, 480);
   EXPECT_EQ(graph.batch.kind, graph::GraphKind::ViscoTemp);
 
-  EXPECT_EQ(Parse({"--statistics", "a.csv"}).batch.format, StatisticsFormat::kText);
-  EXPECT_EQ(Parse({"--statistics", "--format", "json", "a.csv"}).batch.format, StatisticsFormat::kJson);
+  EXPECT_EQ(Parse({"--statistics", "a.csv"}).batch.format, OutputFormat::kText);
+  EXPECT_EQ(Parse({"--statistics", "--format", "json", "a.csv"}).batch.format, OutputFormat::kJson);
+}
+
+TEST(CommandLine, TakesAMeasurement) {
+  const CommandLine line = Parse({"--measure", "out.csv",   "--port",     "2=/dev/ttyV2", "--virtual",
+                                  "1",         "--format",  "json",       "--baud=9600",  "--quiet",
+                                  "--runs",    "3",         "--readings", "10",           "--pause",
+                                  "2.5",       "--minutes", "7",          "--on-loss",    "wait",
+                                  "--command", "QM"});
+  EXPECT_EQ(line.error, "");
+  EXPECT_EQ(line.batch.task, Task::kMeasure);
+  EXPECT_EQ(line.batch.output, "out.csv");
+  EXPECT_EQ(line.batch.format, OutputFormat::kJson);
+  EXPECT_THAT(line.ports, ElementsAre(Pair(2, "/dev/ttyV2")));
+  EXPECT_THAT(line.virtual_ports, ElementsAre(1));
+  const MeasureOptions& measure = line.batch.measure;
+  EXPECT_THAT(measure.choices, ElementsAre(Pair(data::setting::kBPS, "4")));
+  EXPECT_EQ(measure.command, "QM");
+  EXPECT_EQ(measure.readings, 10);
+  EXPECT_EQ(measure.minutes, 7);
+  EXPECT_EQ(measure.runs, 3);
+  EXPECT_EQ(measure.pause, 2.5);
+  EXPECT_TRUE(measure.wait_on_loss);
+  EXPECT_TRUE(measure.quiet);
 }
 
 TEST(CommandLine, RefusesWrongUsageOfTheBatchCommands) {
@@ -115,7 +142,16 @@ TEST(CommandLine, RefusesWrongUsageOfTheBatchCommands) {
       {{"--landscape", "a.csv"}, "--landscape belongs to --report"},
       {{"--kind", "visco-temp", "a.csv"}, "--kind belongs to --report or --graph"},
       {{"--statistics", "-", "-"}, "only once"},
-      {{"--statistics=all", "a.csv"}, "takes no value"}};
+      {{"--statistics=all", "a.csv"}, "takes no value"},
+      {{"--measure"}, "--measure needs a value"},
+      {{"--measure", "out.csv", "a.csv"}, "--measure reads no file: a.csv"},
+      {{"--measure", "out.csv", "--statistics"}, "only one of"},
+      {{"--measure", "out.csv", "--size", "1x1"}, "--size belongs to --graph"},
+      {{"--measure", "out.csv", "--quiet=no"}, "takes no value"},
+      {{"--measure", "out.csv", "--baud"}, "--baud needs a value"},
+      {{"--measure", "out.csv", "--parity", "X"}, "--parity needs one of E, O, N, not X"},
+      {{"--baud", "9600", "a.csv"}, "--baud belongs to --measure"},
+      {{"--statistics", "--quiet", "a.csv"}, "--quiet belongs to --measure"}};
   for (const auto& [arguments, words] : wrong) {
     EXPECT_THAT(Parse(arguments).error, HasSubstr(words)) << testing::PrintToString(arguments);
   }

@@ -68,9 +68,9 @@ TEST(TheProgram, EndsWith2AndALineWhereItCannotShowAWindow) {
            {"", ""}, {"DISPLAY", ":987"}, {"QT_QPA_PLATFORM", "abacus"}}) {
     const Ended ended = Call({}, QString::fromLatin1(variable), QString::fromLatin1(value));
     EXPECT_EQ(ended.code, 2) << variable;
-    EXPECT_EQ(
-        ended.errors,
-        "quenlor: there is no display to show a window on; --report, --graph and --statistics need none\n")
+    EXPECT_EQ(ended.errors,
+              "quenlor: there is no display to show a window on; --measure, --report, --graph and "
+              "--statistics need none\n")
         << variable;
     EXPECT_THAT(ended.output, IsEmpty());
   }
