@@ -9,6 +9,7 @@
 #include "app/desk/read_only_files.h"
 #include "app/desk/session.h"
 #include "app/standard_streams.h"
+#include "data/merge.h"
 #include "graph/graph_picture.h"
 #include "graph/plot.h"
 #include "platform/qt/page_painter.h"
@@ -60,6 +61,8 @@ class Batch {
         return Graph();
       case Task::kStatistics:
         return Statistics();
+      case Task::kMerge:
+        return Merge();
       case Task::kMeasure:
       case Task::kWindow:
         break;
@@ -72,13 +75,25 @@ class Batch {
     return ports_.files.Same(path == kStandardInput ? "/dev/stdin" : path, options_.output);
   }
 
-  // Opens one file after the other and hands it to `use`; false when one could not be read. All of them are
-  // looked at, so that every one that fails is told.
+  // Opens one file after the other and hands it to `use`; false when one could not be read.
   template <class Use>
   bool ForEachFile(const Use& use) {
+    return ReadEachFile([&](const std::string& path, std::string bytes) {
+      OpenedFile file(files_, ports_, options_.kind);
+      file.Load(path, std::move(bytes), !ports_.is_stream(path));
+      TellIfEmpty(path, file->Document().Grid1());
+      use(file);
+      return platform::Done();
+    });
+  }
+
+  // Reads one file after the other; false when one could not be read or taken. All of them are looked at, so
+  // that every one that fails is told.
+  template <class Take>
+  bool ReadEachFile(const Take& take) {
     bool all = true;
     for (const std::string& path : line_.files) {
-      const platform::Done failed = UseFile(path, use);
+      const platform::Done failed = ReadFile(path, take);
       if (!failed) continue;
       ports_.complain(failed->text);
       all = false;
@@ -86,20 +101,19 @@ class Batch {
     return all;
   }
 
-  template <class Use>
-  platform::Done UseFile(const std::string& path, const Use& use) try {
-    const bool is_stream = ports_.is_stream(path);
-    auto bytes = is_stream ? ports_.read_stream(path) : ports_.files.Read(path);
+  template <class Take>
+  platform::Done ReadFile(const std::string& path, const Take& take) try {
+    auto bytes = ports_.is_stream(path) ? ports_.read_stream(path) : ports_.files.Read(path);
     if (!bytes.ok()) return bytes.failure();
-    OpenedFile file(files_, ports_, options_.kind);
-    file.Load(path, std::move(bytes.value()), !is_stream);
-    if (file->Document().Grid1().EntryRow() == 1) ports_.complain(SpokenName(path) + " holds no reading");
-    use(file);
-    return {};
+    return take(path, std::move(bytes.value()));
   } catch (const std::bad_alloc&) {
     return TooLarge(path);
   } catch (const std::length_error&) {
     return TooLarge(path);
+  }
+
+  void TellIfEmpty(const std::string& path, const data::MeasurementTable& table) const {
+    if (!table.HasReadings()) ports_.complain(SpokenName(path) + " holds no reading");
   }
 
   static platform::Failure TooLarge(const std::string& path) {
@@ -173,6 +187,29 @@ class Batch {
         text += reports::ClipboardText(sheet);
     }
     return text;
+  }
+
+  // The graph's ranges are chosen once, for all of them.
+  ExitStatus Merge() {
+    if (const auto failed = ports_.why_no_new_file(options_.output)) return Written(failed);
+    std::optional<data::DataFileContents> all;
+    const bool read = ReadEachFile([&](const std::string& path, std::string bytes) -> platform::Done {
+      data::DataFileContents file = data::ParseDataFile(std::move(bytes));
+      TellIfEmpty(path, file.table);
+      const std::string name = NameWithoutFolder(SpokenName(path));
+      if (!all) {
+        data::NameRunsAfterFile(file, name);
+        all = std::move(file);
+      } else if (!data::AppendFile(std::move(file), name, *all)) {
+        return platform::Failure{SpokenName(path) + " has more runs than there are numbers left"};
+      }
+      return {};
+    });
+    if (!read) return ExitStatus::kCannotRead;
+    const std::string& first = line_.files.front();
+    Session session(files_, ports_.place, ports_.system_writes_comma);
+    session.Load(first, std::move(*all), ports_.is_stream(first) ? std::string() : FileDate(files_, first));
+    return Written(session.SaveOn(ports_.files, options_.output));
   }
 
   ExitStatus WriteFile(const std::string& bytes) {

@@ -20,7 +20,8 @@ struct BatchPorts {
   std::function<bool(const std::string& path)> is_stream;  // which has no date, and is read once
   std::function<platform::Result<std::string>(const std::string& path)> read_stream;
   std::function<platform::Done(std::string_view)> write_standard_output;
-  std::function<void(const std::string&)> complain;  // one line each
+  std::function<platform::Done(const std::string& path)> why_no_new_file;  // of readings
+  std::function<void(const std::string&)> complain;                        // one line each
 };
 
 // Makes what the command line asks for of its files, by the same code that the windows use. Nothing is

@@ -20,15 +20,16 @@ struct Option {
   bool takes_value;
   std::string_view tasks;  // that it belongs to; empty for one that names a task itself
 };
-constexpr std::array<Option, 9> kOptions = {{{"--report", true, ""},
-                                             {"--graph", true, ""},
-                                             {"--statistics", false, ""},
-                                             {"--measure", true, ""},
-                                             {"--size", true, "--graph"},
-                                             {"--format", true, "--statistics or --measure"},
-                                             {"--paper", true, "--report"},
-                                             {"--landscape", false, "--report"},
-                                             {"--kind", true, "--report or --graph"}}};
+constexpr std::array<Option, 10> kOptions = {{{"--report", true, ""},
+                                              {"--graph", true, ""},
+                                              {"--statistics", false, ""},
+                                              {"--measure", true, ""},
+                                              {"--merge", true, ""},
+                                              {"--size", true, "--graph"},
+                                              {"--format", true, "--statistics or --measure"},
+                                              {"--paper", true, "--report"},
+                                              {"--landscape", false, "--report"},
+                                              {"--kind", true, "--report or --graph"}}};
 
 const Option* Find(std::string_view name) {
   const auto* found = std::ranges::find(kOptions, name, &Option::name);
@@ -93,6 +94,7 @@ std::string BatchOptionsReader::Take(const std::string& option, const std::strin
     return TakeTask(Task::kReport, option, value);
   }
   if (option == "--statistics") return TakeTask(Task::kStatistics, option, {});
+  if (option == "--merge") return TakeTask(Task::kMerge, option, value);
   if (option == "--measure") return TakeTask(Task::kMeasure, option, value);
   if (option == "--graph") {
     if (!Choose(option, Suffix(value), kSuffixes, options_.picture).empty())
@@ -110,7 +112,8 @@ std::string BatchOptionsReader::Take(const std::string& option, const std::strin
 }
 
 std::string BatchOptionsReader::TakeTask(Task task, const std::string& option, const std::string& output) {
-  if (options_.task != Task::kWindow) return "only one of --report, --graph, --statistics and --measure";
+  if (options_.task != Task::kWindow)
+    return "only one of --report, --graph, --statistics, --merge and --measure";
   task_option_ = option;
   options_.task = task;
   options_.output = output;

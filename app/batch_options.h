@@ -13,7 +13,7 @@ namespace quenlor::app {
 
 inline constexpr std::string_view kStandardInput = "-";  // as a file
 
-enum class Task { kWindow, kReport, kGraph, kStatistics, kMeasure };
+enum class Task { kWindow, kReport, kGraph, kStatistics, kMeasure, kMerge };
 enum class PictureFormat { kPng, kSvg, kPdf };
 
 // What is to be made without a window, of data files or by measuring.

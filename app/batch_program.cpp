@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "app/decimal_point.h"
+#include "app/new_file.h"
 #include "app/program_folder.h"
 #include "app/program_name.h"
 #include "app/standard_streams.h"
@@ -44,6 +45,7 @@ ExitStatus RunBatchProgram(const CommandLine& line, int& argc, char** argv) {
                          .is_stream = IsStream,
                          .read_stream = ReadStream,
                          .write_standard_output = WriteStandardOutput,
+                         .why_no_new_file = WhyNoNewFile,
                          .complain = Complain});
 }
 

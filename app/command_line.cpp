@@ -127,6 +127,7 @@ std::string HelpText() {
                FILE...
        quenlor --graph OUT.(png|svg|pdf) [--size WxH] [--kind KIND] FILE
        quenlor --statistics [--format text|csv|json] FILE...
+       quenlor --merge OUT.csv FILE...
        quenlor --measure OUT.csv [options of measuring]
 
 Logs the readings of a viscometer on a serial line. FILE, a data file or a raw
@@ -154,6 +155,8 @@ folder, which stay as they are (FILE may be a pipe; "-" is standard input):
   --report OUT.pdf    write the report of every file, a page each
   --graph OUT         write the graph of a file as a picture
   --statistics        print the statistics of every file
+  --merge OUT.csv     write the runs of all files one after another, renumbered,
+                      their columns by title, as one data file
   --paper PAPER       A4 (default) or Letter
   --landscape         turn the paper
   --size WxH          pixels of the picture (default: 1200x800)

@@ -3,42 +3,18 @@
 
 #include <QCoreApplication>
 #include <csignal>
-#include <filesystem>
 
 #include "app/decimal_point.h"
 #include "app/desk/unattended.h"
 #include "app/machine.h"
+#include "app/new_file.h"
 #include "app/program_folder.h"
 #include "app/program_name.h"
 #include "app/standard_streams.h"
 #include "platform/qt/end_signals.h"
 
-#ifndef _WIN32
-#include <unistd.h>
-#endif
-
 namespace quenlor::app {
 namespace {
-
-namespace fs = std::filesystem;
-
-// What a write would fail with, known before a weekend of readings instead of after it. Readings that are
-// there are not written over, since nobody can be asked.
-platform::Done WhyNotWritten(const std::string& path) {
-  const std::string cannot = "write " + path;
-  std::error_code error;
-  const fs::file_status there = fs::status(path, error);
-  if (fs::is_regular_file(there)) return platform::Cannot(cannot, {"it is there already"});
-  if (fs::is_directory(there)) return platform::Cannot(cannot, {"it is a folder"});
-  if (fs::exists(there)) return {};  // a pipe or a device
-  const std::string folder = FolderOf(path);
-  if (!fs::is_directory(folder, error)) return platform::Cannot(cannot, {"there is no folder " + folder});
-#ifndef _WIN32
-  if (::access(folder.c_str(), W_OK) != 0)
-    return platform::Cannot(cannot, {"nothing may be written in the folder " + folder});
-#endif
-  return {};
-}
 
 // A reader that went away, and a file that may grow no more, are told by the write that fails.
 void FailInsteadOfDying() {
@@ -67,7 +43,7 @@ ExitStatus RunMeasureProgram(const CommandLine& line, const instrument::Viscomet
                          .place = {machine.Folder(), ProgramName()},
                          .system_writes_comma = SystemWritesComma(),
                          .name_of_port = [&](int port) { return machine.NameOfPort(port); },
-                         .why_not_written = WhyNotWritten,
+                         .why_not_written = WhyNoNewFile,
                          .write_standard_output = WriteStandardOutput,
                          .complain = Complain});
   const platform::qt::EndSignals signals_to_end([&] { unattended.Stop("asked to end"); });

@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "data/merge.h"
 #include "data/text_number.h"
 
 namespace quenlor::data {
@@ -193,6 +194,38 @@ void Document::Load(DataFileContents contents, std::string_view file_name, std::
   ChooseColumns();
   TakeAxis(contents.axis);
   Tell(&DocumentListener::DocumentReplaced);
+}
+
+bool Document::AppendRuns(DataFileContents contents, std::string_view file_name) {
+  const Row count = contents.table.EntryRow() - 1;
+  const Row first = table_.EntryRow();
+  if (!HasNumbersFor(contents, RunCount_)) return false;
+  if (count == 0) return true;
+  const int cols = table_.Cols();
+  Tell(&DocumentListener::RowsAboutToBeRestored, Row{first}, Row{first + count - 1});
+  DataFileContents whole;
+  whole.table = std::move(table_);
+  whole.runs = std::move(runs_);
+  whole.run_count = RunCount_;
+  whole.date = std::move(date_);
+  whole.List2 = std::move(List2_);
+  AppendFile(std::move(contents), file_name, whole);
+  table_ = std::move(whole.table);
+  runs_ = std::move(whole.runs);
+  RunCount_ = static_cast<std::int16_t>(whole.run_count);
+  date_ = std::move(*whole.date);
+  List2_ = std::move(whole.List2);
+  holds_commas_ = holds_commas_ || whole.holds_commas;
+  MultiRun_ = RunCount_ >= 2;
+  DataChanged_ = true;
+  unsaved_readings_ += count;
+  StartTime_ = 0;
+  Tell(&DocumentListener::RowsRestored, Row{first}, Row{first + count - 1});
+  if (table_.Cols() != cols) Tell(&DocumentListener::ColumnsChanged);
+  Tell(&DocumentListener::RunsChanged);
+  Tell(&DocumentListener::HeaderChanged);
+  TellOfCommas();
+  return true;
 }
 
 void Document::KeptInAFile() {

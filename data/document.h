@@ -29,7 +29,7 @@ class DocumentListener {
   }  // the one call that comes before its change
   virtual void RowsRemoved(Row /*first*/, Row /*last*/) {}
   virtual void RowsAboutToBeRestored(Row /*first*/, Row /*last*/) {}  // comes before, too
-  virtual void RowsRestored(Row /*first*/, Row /*last*/) {}           // after a removal was undone
+  virtual void RowsRestored(Row /*first*/, Row /*last*/) {}  // a removal was undone, or a file appended
   virtual void CellChanged(Row /*row*/, int /*col*/) {}
   virtual void ColumnsChanged() {
   }  // a column or title more or other, or another column shown as viscosity or temp
@@ -104,6 +104,11 @@ class Document {
   // The contents of a file become the document: nothing unsaved, no run begun. `file_date` stands as the date
   // where the file has none of its own.
   void Load(DataFileContents contents, std::string_view file_name, std::string_view file_date);
+
+  // The runs of another file come behind those of the document, as unsaved readings; they are called after it
+  // where they have only their number. What it says of axes and remarks is left; its memo lines are kept.
+  // False, and nothing changed, when the run numbers do not suffice. No measurement runs.
+  bool AppendRuns(DataFileContents contents, std::string_view file_name);
 
   // After a save: nothing unsaved, and the document is called after the file.
   void Saved(std::string_view file_name);

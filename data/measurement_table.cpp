@@ -168,4 +168,31 @@ void MeasurementTable::AdoptRows(std::string block, std::vector<std::uint64_t> s
   }
 }
 
+void MeasurementTable::AdoptReadings(MeasurementTable&& other) {
+  const std::uint64_t number = std::uint64_t{blocks_.size()} << kOffsetBits;
+  for (std::string& block : other.blocks_) blocks_.push_back(std::move(block));
+  const std::size_t before = starts_.size();
+  starts_.insert(starts_.end(), other.starts_.begin(), other.starts_.end());
+  // Block numbers add up; offsets stand in other bits.
+  for (std::size_t row = before; row < starts_.size(); ++row) starts_[row] += number;
+  other.Reset();
+}
+
+void MeasurementTable::SetRunNumber(Row row, std::string_view text) {
+  std::uint64_t& start = starts_[static_cast<std::size_t>(row - 1)];
+  std::string& block = blocks_[start >> kOffsetBits];
+  const char* const begin = block.data();
+  const char* const old = begin + (start & kOffsetMask);
+  const char* const end = CellEnd(old);
+  // No text has line ends, so what stands before a row as one belongs to none.
+  const char* first = old;
+  while (first > begin && end - first < static_cast<std::ptrdiff_t>(text.size()) &&
+         (first[-1] == '\n' || first[-1] == '\r'))
+    --first;
+  if (end - first < static_cast<std::ptrdiff_t>(text.size())) return SetTextMatrix(row, 0, text);
+  const auto place = static_cast<std::size_t>(end - begin) - text.size();
+  std::memcpy(block.data() + place, text.data(), text.size());
+  start = (start & ~kOffsetMask) | place;
+}
+
 }  // namespace quenlor::data

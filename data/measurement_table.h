@@ -75,6 +75,13 @@ class MeasurementTable {
   // The caller has added the columns that the rows need; no row has more cells than there are columns.
   void AdoptRows(std::string block, std::vector<std::uint64_t> starts);
 
+  // Takes over the readings of another table whose columns are the first of this one's.
+  void AdoptReadings(MeasurementTable&& other);
+
+  // SetTextMatrix for column 0 of a reading. A number that is longer finds its place before the row where
+  // that came from a file: a line end that nobody needs any more.
+  void SetRunNumber(Row row, std::string_view text);
+
  private:
   const char* RowStart(Row row) const;
   std::string_view BlockFrom(Row row) const;  // the row, and what follows it in its block

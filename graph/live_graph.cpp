@@ -164,6 +164,13 @@ void LiveGraph::RefreshSeries() {
   view_.Fig();
 }
 
+void LiveGraph::RowsRestored(Row first, Row /*last*/) {
+  if (first != values_.Size() + 1) return RefreshSeries();
+  values_.CopyNew(document_.Grid1(), shown_visco_, shown_temp_);
+  RunEveryAutoScale();
+  view_.Fig();
+}
+
 void LiveGraph::ReadingAppended(Row row) {
   const data::MeasurementTable& table = document_.Grid1();
   const int series_before = values_.SeriesCount();

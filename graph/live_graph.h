@@ -90,7 +90,7 @@ class LiveGraph : private data::DocumentListener {
 
   void ReadingAppended(Row row) override;
   void RowsRemoved(Row, Row) override { RefreshSeries(); }
-  void RowsRestored(Row, Row) override { RefreshSeries(); }
+  void RowsRestored(Row first, Row last) override;
   void CellChanged(Row, int) override { RefreshSeries(); }
   void ColumnsChanged() override;
   void RunsChanged() override { view_.CaptionsChanged(); }

@@ -24,13 +24,18 @@ constexpr data::MeasurementTable::Row kTold = 1 << 16;  // rows between two word
 
 void ValueArrays::CopyAll(const Table& table, int visco_column, int temp_column,
                           const data::Progress& progress) {
-  ++generation_;
   ClearTime(table);
   Clear(visco_, table);
   Clear(temp_, table);
+  CopyNew(table, visco_column, temp_column, progress);
+}
+
+void ValueArrays::CopyNew(const Table& table, int visco_column, int temp_column,
+                          const data::Progress& progress) {
+  ++generation_;
   std::vector<std::string_view> room(
       static_cast<std::size_t>(std::max({kTimeColumn, visco_column, temp_column})) + 1);
-  for (Table::Row row = 1; row < table.EntryRow(); ++row) {
+  for (Table::Row row = Size() + 1; row < table.EntryRow(); ++row) {
     const std::span<const std::string_view> cells = table.Cells(row, room);
     const auto cell = [cells](int column) {
       const auto at = static_cast<std::size_t>(column);

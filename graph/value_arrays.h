@@ -35,6 +35,8 @@ class ValueArrays {
 
   // The three of them in one walk, which `progress` cannot leave.
   void CopyAll(const Table& table, int visco_column, int temp_column, const data::Progress& progress = {});
+  // Those of the rows that were appended since, in one walk, too.
+  void CopyNew(const Table& table, int visco_column, int temp_column, const data::Progress& progress = {});
   void CopyAll_Time(const Table& table);  // and the runs
   void CopyAll_Visco(const Table& table, int column);
   void CopyAll_Temp(const Table& table, int column);

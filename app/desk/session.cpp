@@ -63,11 +63,16 @@ bool Session::Load(const std::string& path, std::string bytes, const std::string
                    const data::Progress& reading, const data::Progress& copying) {
   auto contents = data::ParseDataFile(std::move(bytes), reading);
   if (!contents) return false;
-  data::ApplyAxisSettings(contents->axis, settings_.List());
-  graph_.OnProgress(copying);
-  document_.Load(std::move(*contents), NameWithoutFolder(path), file_date);
-  graph_.OnProgress({});
+  Load(path, std::move(*contents), file_date, copying);
   return true;
+}
+
+void Session::Load(const std::string& path, data::DataFileContents contents, const std::string& file_date,
+                   const data::Progress& copying) {
+  data::ApplyAxisSettings(contents.axis, settings_.List());
+  graph_.OnProgress(copying);
+  document_.Load(std::move(contents), NameWithoutFolder(path), file_date);
+  graph_.OnProgress({});
 }
 
 platform::Done Session::SaveOn(platform::FileSystem& files, const std::string& path,

@@ -62,6 +62,10 @@ class Session {
   bool Load(const std::string& path, std::string bytes, const std::string& file_date,
             const data::Progress& reading = {}, const data::Progress& copying = {});
 
+  // The same of contents that are read already.
+  void Load(const std::string& path, data::DataFileContents contents, const std::string& file_date,
+            const data::Progress& copying = {});
+
   // The document as a data file of that path; `progress` cannot leave it.
   platform::Done Save(const std::string& path, const data::Progress& progress = {}) {
     return SaveOn(files_, path, progress);

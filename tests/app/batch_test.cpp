@@ -45,23 +45,28 @@ struct Bench {
   int Run(const std::vector<std::string>& arguments) {
     const CommandLine line = ParseCommandLine(arguments);
     EXPECT_EQ(line.error, "");
-    return static_cast<int>(
-        RunBatch(line, {.files = files,
-                        .place = {"/lab"},
-                        .system_writes_comma = writes_comma,
-                        .is_stream = [](const std::string& path) { return path == "-"; },
-                        .read_stream =
-                            [this](const std::string&) {
-                              if (!fits_into_memory) throw std::bad_alloc();
-                              return platform::Result<std::string>(input);
-                            },
-                        .write_standard_output =
-                            [this](std::string_view text) {
-                              if (output_fails) return platform::Done(platform::Failure{"pipe is gone"});
-                              output += text;
-                              return platform::Done();
-                            },
-                        .complain = [this](const std::string& why) { complaints.push_back(why); }}));
+    return static_cast<int>(RunBatch(
+        line, {.files = files,
+               .place = {"/lab"},
+               .system_writes_comma = writes_comma,
+               .is_stream = [](const std::string& path) { return path == "-"; },
+               .read_stream =
+                   [this](const std::string&) {
+                     if (!fits_into_memory) throw std::bad_alloc();
+                     return platform::Result<std::string>(input);
+                   },
+               .write_standard_output =
+                   [this](std::string_view text) {
+                     if (output_fails) return platform::Done(platform::Failure{"pipe is gone"});
+                     output += text;
+                     return platform::Done();
+                   },
+               .why_no_new_file =
+                   [this](const std::string& path) {
+                     return files.Exists(path) ? platform::Done(platform::Failure{path + " is there"})
+                                               : platform::Done();
+                   },
+               .complain = [this](const std::string& why) { complaints.push_back(why); }}));
   }
 };
 
@@ -104,6 +109,47 @@ TEST(Batch, ADashReadsStandardInput) {
   bench.input = kFile;
   EXPECT_EQ(bench.Run({"--statistics", "-"}), 0);
   EXPECT_THAT(bench.output, HasSubstr("75"));
+}
+
+TEST(Batch, MergeWritesTheRunsOfAllFilesOneAfterAnother) {
+  Bench bench;
+  bench.files.Put("/data/water.csv", "No.,Time,Temp,Viscosity\r\n1,00:05:00,20.0,1.5\r\nMemo,later\r\n");
+  EXPECT_EQ(bench.Run({"--merge", "/data/all.csv", "/data/oil.csv", "/data/water.csv"}), 0);
+  EXPECT_THAT(bench.complaints, ElementsAre());
+  const std::string all = bench.files.Content("/data/all.csv");
+  EXPECT_THAT(all, StartsWith("No.,Time,Viscosity,Unit1,Temp,Unit2\r\n"
+                              "1,00:00:00,50,mPa.s,25.0,C\r\n1,00:01:00,55,mPa.s,25.5,C\r\n"
+                              "2,00:00:00,70,mPa.s,26.0,C\r\n2,00:02:00,75,mPa.s,26.5,C\r\n"
+                              "3,00:05:00,1.5,,20.0,\r\n"));
+  EXPECT_THAT(all, HasSubstr("\r\nInfo,No.1,oil No.1,"));
+  EXPECT_THAT(all, HasSubstr("\r\nInfo,No.3,water,"));
+  EXPECT_THAT(all, HasSubstr("\r\nAxis,2,4,0,300,0,100,10,30,0,2,1,0,2,0\r\n")) << "both in one graph";
+  EXPECT_THAT(all, HasSubstr("\r\nMemo,first,batch\r\n"));
+  EXPECT_EQ(bench.files.Calls().replaces, 1) << "nothing else is written";
+}
+
+TEST(Batch, MergeOfAFileThatCannotBeReadWritesNothing) {
+  Bench bench;
+  EXPECT_EQ(bench.Run({"--merge", "/data/all.csv", "/data/oil.csv", "/data/none.csv"}), 3);
+  EXPECT_FALSE(bench.files.Exists("/data/all.csv"));
+}
+
+TEST(Batch, MergeNeverReplacesReadings) {
+  Bench bench;
+  bench.files.Put("/data/all.csv", "older");
+  EXPECT_EQ(bench.Run({"--merge", "/data/all.csv", "/data/oil.csv"}), 4);
+  EXPECT_EQ(bench.Run({"--merge", "/data/oil.csv", "/data/oil.csv"}), 2);
+  EXPECT_EQ(bench.files.Content("/data/all.csv"), "older");
+  EXPECT_EQ(bench.files.Content("/data/oil.csv"), kFile);
+  EXPECT_THAT(bench.complaints,
+              ElementsAre("/data/all.csv is there", "/data/oil.csv is also the file to be read"));
+}
+
+TEST(Batch, MergeTellsWhenRunNumbersDoNotSuffice) {
+  Bench bench;
+  bench.files.Put("/data/last.csv", "No.,Time,Viscosity\r\n32766,00:00:00,1\r\n");
+  EXPECT_EQ(bench.Run({"--merge", "/data/all.csv", "/data/last.csv", "/data/oil.csv"}), 3);
+  EXPECT_THAT(bench.complaints, ElementsAre("/data/oil.csv has more runs than there are numbers left"));
 }
 
 TEST(Batch, StandardInputHasNoDateOfAFileThatIsCalledLikeIt) {

@@ -60,13 +60,14 @@ TEST(CommandLine, RefusesWrongUsageInWords) {
 }
 
 TEST(CommandLine, HelpNamesEveryOption) {
-  for (const char* option :
-       {"--folder",   "--port",    "--virtual",       "--instrument", "--help",     "--version",
-        "FILE",       "--report",  "--graph",         "--statistics", "--paper",    "--landscape",
-        "--size",     "--kind",    "--format",        "-h,",          "--measure",  "--settings",
-        "--com-port", "--baud",    "--parity",        "--length",     "--stop-bit", "--terminator",
-        "--visco",    "--number",  "--decimal-point", "--command",    "--repeat",   "--auto-stop",
-        "--readings", "--minutes", "--runs",          "--pause",      "--on-loss",  "--quiet"}) {
+  for (const char* option : {"--folder",    "--port",      "--virtual",       "--instrument", "--help",
+                             "--version",   "FILE",        "--report",        "--graph",      "--statistics",
+                             "--paper",     "--landscape", "--size",          "--kind",       "--format",
+                             "-h,",         "--measure",   "--merge",         "--settings",   "--com-port",
+                             "--baud",      "--parity",    "--length",        "--stop-bit",   "--terminator",
+                             "--visco",     "--number",    "--decimal-point", "--command",    "--repeat",
+                             "--auto-stop", "--readings",  "--minutes",       "--runs",       "--pause",
+                             "--on-loss",   "--quiet"}) {
     EXPECT_THAT(HelpText(), HasSubstr(option));
   }
 }
@@ -143,6 +144,8 @@ TEST(CommandLine, RefusesWrongUsageOfTheBatchCommands) {
       {{"--kind", "visco-temp", "a.csv"}, "--kind belongs to --report or --graph"},
       {{"--statistics", "-", "-"}, "only once"},
       {{"--statistics=all", "a.csv"}, "takes no value"},
+      {{"--merge", "all.csv"}, "--merge needs a file"},
+      {{"--merge", "all.csv"}, "--merge needs a file"},
       {{"--measure"}, "--measure needs a value"},
       {{"--measure", "out.csv", "a.csv"}, "--measure reads no file: a.csv"},
       {{"--measure", "out.csv", "--statistics"}, "only one of"},
