@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "app/desk/document_commands.h"
 #include "app/desk/read_only_files.h"
 #include "app/desk/session.h"
 #include "app/standard_streams.h"
@@ -32,7 +33,8 @@ class OpenedFile {
   }
 
   void Load(const std::string& path, std::string bytes, bool has_date) {
-    session_.Load(path, std::move(bytes), has_date ? FileDate(files_, path) : std::string());
+    session_.Load(path, data::ParseDataFile(std::move(bytes)),
+                  has_date ? FileDate(files_, path) : std::string());
   }
 
   const Session* operator->() const { return &session_; }
@@ -201,7 +203,7 @@ class Batch {
         data::NameRunsAfterFile(file, name);
         all = std::move(file);
       } else if (!data::AppendFile(std::move(file), name, *all)) {
-        return platform::Failure{SpokenName(path) + " has more runs than there are numbers left"};
+        return platform::Failure{NoNumbersLeftText(SpokenName(path))};
       }
       return {};
     });

@@ -28,6 +28,10 @@ std::string SavedText(const std::string& path, const data::Document& document) {
   return "Saved " + path + (document.CommasDivide() ? std::string("; ") + kCommasDivide : "");
 }
 
+std::string NoNumbersLeftText(const std::string& path) {
+  return path + " has more runs than there are numbers left";
+}
+
 DocumentCommands::DocumentCommands(Session& session, link::Measurement& measurement,
                                    platform::Dialogs& dialogs, DocumentCommandsView& view)
     : session_(session),
@@ -83,22 +87,58 @@ void DocumentCommands::Drop(const std::string& path) {
 
 void DocumentCommands::ReadDataFile(const std::string& path) {
   const platform::BusyPointer busy([this](bool on) { view_.Busy(on); });
+  auto contents = ReadContents("Opening ", path);
+  if (!contents) return;
   const std::string name = NameWithoutFolder(path);
-  const auto may_leave = [&](double part) { return view_.Progress("Opening " + name, part, true); };
   const auto goes_on = [&](double part) { return view_.Progress("Opening " + name, part, false); };
-  auto bytes = session_.Files().Read(path, data::PartOf(may_leave, 0, kReadShare));
-  if (!bytes.ok()) return view_.Say(bytes.failure().text);
-  const bool opened = session_.Load(path, std::move(bytes.value()), FileDate(session_.Files(), path),
-                                    data::PartOf(may_leave, kReadShare, kParsedShare),
-                                    data::PartOf(goes_on, kParsedShare, 1));
-  if (!opened) return view_.Say("Opening " + path + " was left");
+  session_.Load(path, std::move(*contents), FileDate(session_.Files(), path),
+                data::PartOf(goes_on, kParsedShare, 1));
   view_.ShowChoices();
+  HasRead(path);
+  const data::Document& document = session_.Document();
+  TellOf("Opened " + name, document.RunCount(), document.Grid1().EntryRow() - 1);
+}
+
+void DocumentCommands::Append() {
+  measurement_.Stop();
+  const auto path = dialogs_.OpenFile(folder_, kFilter);
+  if (!path) return;
+  const platform::BusyPointer busy([this](bool on) { view_.Busy(on); });
+  auto contents = ReadContents("Appending ", *path);
+  if (!contents) return;
+  const std::string name = NameWithoutFolder(*path);
+  data::Document& document = session_.Document();
+  const int runs = document.RunCount();
+  const data::Document::Row readings = document.UnsavedReadings();
+  if (!document.AppendRuns(std::move(*contents), name)) return view_.Say(NoNumbersLeftText(*path));
+  HasRead(*path);
+  TellOf("Appended " + name, document.RunCount() - runs, document.UnsavedReadings() - readings);
+}
+
+// Nothing when the file cannot be read or the operator has left it, which is told then.
+std::optional<data::DataFileContents> DocumentCommands::ReadContents(const std::string& doing,
+                                                                     const std::string& path) {
+  const std::string what = doing + NameWithoutFolder(path);
+  const auto may_leave = [&](double part) { return view_.Progress(what, part, true); };
+  auto bytes = session_.Files().Read(path, data::PartOf(may_leave, 0, kReadShare));
+  std::optional<data::DataFileContents> contents;
+  if (!bytes.ok()) {
+    view_.Say(bytes.failure().text);
+    return contents;
+  }
+  contents = data::ParseDataFile(std::move(bytes.value()), data::PartOf(may_leave, kReadShare, kParsedShare));
+  if (!contents) view_.Say(doing + path + " was left");
+  return contents;
+}
+
+void DocumentCommands::HasRead(const std::string& path) {
   folder_ = FolderOf(path);
   recent_.Note(path);
   left_.Seen(path);
-  const data::Document& document = session_.Document();
-  view_.Say("Opened " + name + ": " + CountText(document.RunCount(), "run", "runs") + ", " +
-            CountText(document.Grid1().EntryRow() - 1, "reading", "readings"));
+}
+
+void DocumentCommands::TellOf(const std::string& done, int runs, data::Document::Row readings) {
+  view_.Say(done + ": " + CountText(runs, "run", "runs") + ", " + CountText(readings, "reading", "readings"));
 }
 
 void DocumentCommands::Save() {

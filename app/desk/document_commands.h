@@ -29,8 +29,11 @@ class DocumentCommandsView {
 // That a document stands in its file, and what a reader of the file has to know.
 std::string SavedText(const std::string& path, const data::Document& document);
 
-// New, Open, Save, a dropped file, and the end of the program: each stops what runs, asks before it discards,
-// and leaves everything as it was when it is cancelled or fails.
+// Why a file cannot be appended.
+std::string NoNumbersLeftText(const std::string& path);
+
+// New, Open, Append, Save, a dropped file, and the end of the program: each stops what runs, asks before it
+// discards, and leaves everything as it was when it is cancelled or fails.
 class DocumentCommands : private data::DocumentListener {
  public:
   DocumentCommands(Session& session, link::Measurement& measurement, platform::Dialogs& dialogs,
@@ -41,6 +44,7 @@ class DocumentCommands : private data::DocumentListener {
 
   void New();
   void Open();
+  void Append();  // the runs of a file to the document, as unsaved readings
   void Save();
   void Drop(const std::string& path);          // only ".csv" and ".CSV" are taken
   void ReadDataFile(const std::string& path);  // without a question, at the program's start
@@ -59,6 +63,9 @@ class DocumentCommands : private data::DocumentListener {
 
  private:
   bool MayDiscard();
+  std::optional<data::DataFileContents> ReadContents(const std::string& doing, const std::string& path);
+  void HasRead(const std::string& path);
+  void TellOf(const std::string& done, int runs, data::Document::Row readings);
   void CommasDivideFields() override;
 
   Session& session_;

@@ -51,20 +51,13 @@ void Session::New() {
   auto bytes = files_.Read(path);
   if (NotFound(bytes)) files_.Replace(path, TemplateText());  // an existing one is the operator's own
   // A new document never fails: where no template can be kept, the usual titles serve.
-  Load(path, bytes.ok() ? std::move(bytes.value()) : TemplateText(), FileDate(files_, path));
+  Load(path, data::ParseDataFile(bytes.ok() ? std::move(bytes.value()) : TemplateText()),
+       FileDate(files_, path));
   document_.SetFileName(kNewName);
 }
 
 std::string Session::TemplateText() const {
   return data::NewTemplate(List().IsOn(data::setting::kVisco), List().Index(data::setting::kFieldCount));
-}
-
-bool Session::Load(const std::string& path, std::string bytes, const std::string& file_date,
-                   const data::Progress& reading, const data::Progress& copying) {
-  auto contents = data::ParseDataFile(std::move(bytes), reading);
-  if (!contents) return false;
-  Load(path, std::move(*contents), file_date, copying);
-  return true;
 }
 
 void Session::Load(const std::string& path, data::DataFileContents contents, const std::string& file_date,

@@ -56,13 +56,8 @@ class Session {
   // axes scale again.
   void New();
 
-  // The bytes of the data file of that path become the document, and the settings take over what it tells of
-  // its axes. A file without a date of its own gets `file_date`.
-  // False, and nothing has changed, when `reading` has left it; `copying` cannot, and may only be looked at.
-  bool Load(const std::string& path, std::string bytes, const std::string& file_date,
-            const data::Progress& reading = {}, const data::Progress& copying = {});
-
-  // The same of contents that are read already.
+  // The contents of the data file of that path become the document, and the settings take over what they tell
+  // of the axes. A file without a date of its own gets `file_date`. `copying` cannot leave it.
   void Load(const std::string& path, data::DataFileContents contents, const std::string& file_date,
             const data::Progress& copying = {});
 

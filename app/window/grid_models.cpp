@@ -104,6 +104,7 @@ void GridModel::RowsAboutToBeRestored(Row first, Row last) {
 void GridModel::RowsRestored(Row first, Row last) {
   shown_rows_ += static_cast<int>(last - first) + 1;
   endInsertRows();
+  if (first == 1) emit headerDataChanged(Qt::Horizontal, 0, shown_cols_ - 1);  // titles stand as texts do
 }
 
 void GridModel::CellChanged(Row row, int /*col*/) {

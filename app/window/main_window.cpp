@@ -109,6 +109,7 @@ void MainWindow::ConnectHandlers() {
           [this] { QMessageBox::about(this, tr("About Quenlor"), AboutText()); });
   connect(menus_.mNew, &QAction::triggered, this, &MainWindow::mNew_Click);
   connect(menus_.mOpen, &QAction::triggered, this, &MainWindow::mOpen_Click);
+  connect(menus_.mAppend, &QAction::triggered, this, &MainWindow::mAppend_Click);
   connect(menus_.mSave, &QAction::triggered, this, &MainWindow::mSave_Click);
   connect(menus_.mPrint, &QAction::triggered, this, &MainWindow::mPrint_Click);
   connect(menus_.mStatistics, &QAction::triggered, this, &MainWindow::mStatistics_Click);
@@ -209,6 +210,10 @@ void MainWindow::mNew_Click() {
 
 void MainWindow::mOpen_Click() {
   commands_.Run([this] { documents_.Open(); });
+}
+
+void MainWindow::mAppend_Click() {
+  commands_.Run([this] { documents_.Append(); });
 }
 
 void MainWindow::mSave_Click() {

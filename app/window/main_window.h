@@ -74,6 +74,7 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   void AddShortcuts();
   void mNew_Click();
   void mOpen_Click();
+  void mAppend_Click();
   void mSave_Click();
   void mPrint_Click();
   void mStatistics_Click();

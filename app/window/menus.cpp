@@ -69,6 +69,8 @@ void Menus::BuildFileMenu() {
   mFile->addSeparator();
   mEnd = AddItem(mFile, "mEnd", "End(&X)", tr("End the program"));
   connect(mFile, &QMenu::aboutToShow, this, &Menus::FileMenuOpens);
+  mFile->addSeparator();
+  mAppend = AddItem(mFile, "mAppend", "&Append...", tr("Add the runs of a data file or a raw log"));
   help_ = mFile->addSeparator();
   mHelp = AddItem(mFile, "mHelp", "Help", tr("The guide"));
   mAbout = AddItem(mFile, "mAbout", "About Quenlor", tr("Versions and licences"));
@@ -84,15 +86,12 @@ void Menus::BuildFileMenu() {
 void Menus::ShowRecent(const std::vector<std::string>& paths) {
   qDeleteAll(recent_);
   recent_.clear();
-  if (!paths.empty()) {
-    recent_.append(mFile->insertSeparator(help_));
-  }
   for (const std::string& path : paths) {
     const QString shown = ToQString(path);
     const QString name = shown.section(QLatin1Char('/'), -1).replace(QLatin1Char('&'), QStringLiteral("&&"));
-    auto* item = new QAction(QStringLiteral("&%1 %2").arg(recent_.size()).arg(name), mFile);
+    auto* item = new QAction(QStringLiteral("&%1 %2").arg(recent_.size() + 1).arg(name), mFile);
     mFile->insertAction(help_, item);
-    item->setObjectName(QStringLiteral("Recent[%1]").arg(recent_.size()));
+    item->setObjectName(QStringLiteral("Recent[%1]").arg(recent_.size() + 1));
     item->setToolTip(platform::qt::PlainTip(shown));
     item->setStatusTip(shown);
     connect(item, &QAction::triggered, this, [this, path] { emit Recent_Click(path); });

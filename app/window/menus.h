@@ -41,6 +41,7 @@ class Menus : public QObject, private link::MeasurementListener {
   QAction* mPrint = nullptr;
   QAction* mStatistics = nullptr;
   QAction* mEnd = nullptr;
+  QAction* mAppend = nullptr;
   QAction* mHelp = nullptr;
   QAction* mAbout = nullptr;
   QAction* mColor = nullptr;

@@ -123,7 +123,7 @@ TEST(Batch, MergeWritesTheRunsOfAllFilesOneAfterAnother) {
                               "3,00:05:00,1.5,,20.0,\r\n"));
   EXPECT_THAT(all, HasSubstr("\r\nInfo,No.1,oil No.1,"));
   EXPECT_THAT(all, HasSubstr("\r\nInfo,No.3,water,"));
-  EXPECT_THAT(all, HasSubstr("\r\nAxis,2,4,0,300,0,100,10,30,0,2,1,0,2,0\r\n")) << "both in one graph";
+  EXPECT_THAT(all, HasSubstr("\r\nAxis,2,4,0,360,-10,90,18,28,0,2,1,0,2,0\r\n")) << "both in one graph";
   EXPECT_THAT(all, HasSubstr("\r\nMemo,first,batch\r\n"));
   EXPECT_EQ(bench.files.Calls().replaces, 1) << "nothing else is written";
 }

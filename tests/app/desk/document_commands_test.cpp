@@ -34,6 +34,50 @@ TEST_F(DocumentCommandsTest, NewReadsTheTemplateAndScalesAllAxes) {
   EXPECT_EQ(received_data_cleared, 1);
 }
 
+TEST_F(DocumentCommandsTest, AppendAddsTheRunsOfAFileAsUnsavedReadings) {
+  files.Put("/data/monday.csv", "No.,Time,Viscosity\r\n1,0,5\r\n");
+  files.Put("/data/tuesday.csv", "No.,Time,Viscosity\r\n1,0,6\r\n2,0,7\r\n");
+  commands.ReadDataFile("/data/monday.csv");
+  dialogs.Path("/data/tuesday.csv");
+  commands.Append();
+  EXPECT_EQ(said.back(), "Appended tuesday.csv: 2 runs, 2 readings");
+  EXPECT_EQ(Document().RunCount(), 3);
+  EXPECT_EQ(Document().FileName(), "monday.csv") << "it is the same document";
+  EXPECT_EQ(Document().UnsavedReadings(), 2);
+  EXPECT_THAT(commands.Recent(), ElementsAre("/data/tuesday.csv", "/data/monday.csv"));
+}
+
+TEST_F(DocumentCommandsTest, AppendStopsAMeasurementAndKeepsItsReadings) {
+  files.Put("/data/a.csv", "No.,Time,Viscosity\r\n1,0,5\r\n");
+  commands.New();
+  session.List().Set(data::setting::kVisco, 0);
+  measurement.Start();
+  MSComm1.Feed("1,2,3,4\r");
+  dialogs.Path("/data/a.csv");
+  commands.Append();
+  EXPECT_FALSE(measurement.Running());
+  EXPECT_EQ(Document().RunCount(), 2);
+  EXPECT_EQ(Document().Grid1().TextMatrix(1, 2), "1");
+  EXPECT_EQ(Document().Grid1().TextMatrix(2, 2), "5");
+}
+
+TEST_F(DocumentCommandsTest, AppendThatIsCancelledOrFailsChangesNothing) {
+  files.Put("/data/full.csv", "No.,Time,Viscosity\r\n32767,0,5\r\n");
+  files.Put("/data/more.csv", "No.,Time,Viscosity\r\n1,0,5\r\n");
+  commands.ReadDataFile("/data/full.csv");
+  dialogs.Cancel();
+  commands.Append();
+  dialogs.Path("/data/missing.csv");
+  commands.Append();
+  EXPECT_THAT(said.back(), HasSubstr("/data/missing.csv"));
+  dialogs.Path("/data/more.csv");
+  commands.Append();
+  EXPECT_EQ(said.back(), "/data/more.csv has more runs than there are numbers left");
+  EXPECT_FALSE(Document().DataChanged());
+  EXPECT_EQ(Document().Grid1().EntryRow(), 2);
+  EXPECT_THAT(commands.Recent(), ElementsAre("/data/full.csv"));
+}
+
 TEST_F(DocumentCommandsTest, NewNeedsNoTemplate) {
   files.Refuse("/lab", "Permission denied");
   commands.New();

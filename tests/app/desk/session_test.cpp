@@ -78,7 +78,7 @@ TEST_F(SessionTest, TheSettingsFileIsCalledAfterTheProgram) {
 
 TEST_F(SessionTest, ALoadedFileSetsTheDocumentTheGraphAndTheMenus) {
   Session session(files, {"/lab"}, false);
-  session.Load("/data/monday.csv", kTwoRuns, "2026/11/21 09:30:00");
+  session.Load("/data/monday.csv", data::ParseDataFile(kTwoRuns), "2026/11/21 09:30:00");
 
   EXPECT_EQ(session.Document().FileName(), "monday.csv");
   EXPECT_EQ(session.Document().Date(), "2026/11/21 09:30:00");
@@ -94,11 +94,11 @@ TEST_F(SessionTest, ALoadedFileSetsTheDocumentTheGraphAndTheMenus) {
 
 TEST_F(SessionTest, WhatIsSavedIsReadBack) {
   Session session(files, {"/lab"}, false);
-  session.Load("/data/monday.csv", kTwoRuns, "today");
+  session.Load("/data/monday.csv", data::ParseDataFile(kTwoRuns), "today");
   ASSERT_FALSE(session.Save("/data/copy.csv"));
 
   Session other(files, {"/lab"}, false);
-  other.Load("/data/copy.csv", files.Content("/data/copy.csv"), "");
+  other.Load("/data/copy.csv", data::ParseDataFile(files.Content("/data/copy.csv")), "");
   EXPECT_EQ(other.Document().Grid1().TextMatrix(2, 4), "40");
   EXPECT_EQ(other.Document().Date(), "today");
 }

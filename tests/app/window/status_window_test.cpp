@@ -101,6 +101,27 @@ TEST_F(StatusWindowTest, LineErrorsAreCountedAndTheirWindowComesUpAgain) {
   Click("Command1");
 }
 
+TEST_F(StatusWindowTest, AppendingShowsTheRunsOfTwoFilesSideBySide) {
+  files.Put("/data/monday.csv", "No.,Time,Visco\r\n1,0,5\r\n1,1,6\r\n");
+  files.Put("/data/tuesday.csv", "No.,Time,Torque,Visco\r\n1,0,2,7\r\n");
+  Open();
+  dialogs.Path("/data/monday.csv");
+  Choose("mOpen");
+  dialogs.Path("/data/tuesday.csv");
+  Choose("mAppend");
+  EXPECT_EQ(Message(), "Appended tuesday.csv: 1 run, 1 reading");
+  EXPECT_EQ(Field("StatusDocument"), "monday.csv · 1 unsaved reading");
+  EXPECT_EQ(Readings(), "1|0|5|\n1|1|6|\n2|0|7|2\n");
+  const QAbstractItemModel& grid = *Find<GridView>("Grid1")->model();
+  EXPECT_EQ(grid.rowCount(), 4) << "the entry row stays the last";
+  EXPECT_EQ(grid.columnCount(), 3);
+  EXPECT_EQ(grid.index(2, 2).data().toString(), "2");
+  EXPECT_EQ(window->Document().Grid4().TextMatrix(2, 1), "tuesday");
+  dialogs.Answer(platform::Answer::kNo);
+  window->close();
+  EXPECT_EQ(dialogs.Boxes().back().text, "Will you save this data?");
+}
+
 TEST_F(StatusWindowTest, OpeningTellsWhatWasOpenedAndKeepsItAtHand) {
   files.Put("/data/monday.csv", "No.,Time,Visco\r\n1,0,5\r\n1,1,6\r\n2,0,7\r\n");
   Open();
