@@ -49,12 +49,14 @@ void Session::New() {
     graph_.SetAutoScaling(axis, true);
   const std::string path = File("New.txt");
   auto bytes = files_.Read(path);
-  if (NotFound(bytes)) files_.Replace(path, TemplateText());  // an existing one is the operator's own
+  if (NotFound(bytes)) WriteNewTemplate(path);  // an existing one is the operator's own
   // A new document never fails: where no template can be kept, the usual titles serve.
   Load(path, data::ParseDataFile(bytes.ok() ? std::move(bytes.value()) : TemplateText()),
        FileDate(files_, path));
   document_.SetFileName(kNewName);
 }
+
+void Session::WriteNewTemplate(const std::string& path) { files_.Replace(path, TemplateText()); }
 
 std::string Session::TemplateText() const {
   return data::NewTemplate(List().IsOn(data::setting::kVisco), List().Index(data::setting::kFieldCount));

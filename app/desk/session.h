@@ -74,6 +74,7 @@ class Session {
   graph::Captions Captions() const { return graph::CaptionsOf(document_, graph_); }
 
  private:
+  void WriteNewTemplate(const std::string& path);
   std::string TemplateText() const;
 
   platform::FileSystem& files_;
