@@ -66,6 +66,32 @@ Pair FromFile(std::int64_t readings) {
               }};
 }
 
+// Files side by side in one document, to each in a document of its own.
+Pair Appended(std::int64_t readings, int files) {
+  const auto bytes = std::make_shared<const std::string>(DataFileText(readings));
+  return {.ours =
+              [bytes, files] {
+                OpenDocument all;
+                double seconds = 0;
+                for (int file = 0; file < files; ++file) {
+                  std::string copy = *bytes;
+                  seconds +=
+                      Seconds([&] { file == 0 ? all.Open(std::move(copy)) : all.Append(std::move(copy)); });
+                }
+                return seconds;
+              },
+          .baseline =
+              [bytes, files] {
+                double seconds = 0;
+                for (int file = 0; file < files; ++file) {
+                  OpenDocument opened;
+                  std::string copy = *bytes;
+                  seconds += Seconds([&] { opened.Open(std::move(copy)); });
+                }
+                return seconds;
+              }};
+}
+
 }  // namespace
 
 void AddOpenRows() {
@@ -75,6 +101,9 @@ void AddOpenRows() {
          [] { return FromMemory(10'000'000); });
   AddRow({.work = "open: 10 M readings from a file, to bare parser", .goal = "-"},
          [] { return FromFile(10'000'000); });
+  AddRow(
+      {.work = "append: ten files of 1 M readings to one document, to opening each", .goal = "at most 1.5"},
+      [] { return Appended(1'000'000, 10); });
 }
 
 }  // namespace quenlor::bench

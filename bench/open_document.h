@@ -11,7 +11,10 @@ namespace quenlor::bench {
 
 // A document with its graph, ready to be shown, as the program holds them.
 struct OpenDocument {
-  void Open(std::string bytes) { session.Load("readings.csv", std::move(bytes), ""); }
+  void Open(std::string bytes) { session.Load("readings.csv", data::ParseDataFile(std::move(bytes)), ""); }
+  void Append(std::string bytes) {
+    session.Document().AppendRuns(data::ParseDataFile(std::move(bytes)), "next.csv");
+  }
 
   platform::memory::MemoryFileSystem files;
   app::Session session{files, {"/bench"}, false};
