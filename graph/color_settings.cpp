@@ -63,7 +63,7 @@ std::optional<ColorSettings> ColorSettings::FromText(std::string_view text) {
 }
 
 ColorSettings LoadColor(platform::KeptFile& file) {
-  const auto text = file.Read();
+  const auto text = file.Read(platform::KeptFile::Unread::kIsSetAside);
   if (text.ok()) {
     if (const auto settings = ColorSettings::FromText(text.value())) return *settings;
   }

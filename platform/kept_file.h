@@ -13,8 +13,8 @@ namespace quenlor::platform {
 // A file that keeps what the operator chooses, read when the program starts and replaced at each choice. What
 // fails is told with its reason, and the choice holds in memory.
 //
-// One that is there and cannot be read is never overwritten: whoever replaces it sets it aside first, under a
-// name with the time of its last change.
+// One that is there and cannot be read is never overwritten: whoever replaces it, or cannot do without it,
+// sets it aside first, under a name with the time of its last change.
 class KeptFile {
  public:
   using Tell = std::function<void(const std::string&)>;
@@ -22,10 +22,14 @@ class KeptFile {
   KeptFile(FileSystem& files, std::string path, Tell tell = {})
       : files_(files), path_(std::move(path)), tell_(std::move(tell)) {}
 
-  Result<std::string> Read() {
+  enum class Unread { kStays, kIsSetAside };
+
+  Result<std::string> Read(Unread unread = Unread::kStays) {
     auto text = files_.Read(path_);
     unread_ = !text.ok() && !NotFound(text);
-    if (unread_) Say(text.failure().text + " (it stays as it is)");
+    if (!unread_) return text;
+    const bool set_aside = unread == Unread::kIsSetAside && !SetUnreadAside();
+    Say(text.failure().text + (set_aside ? " (it was set aside)" : " (it stays as it is)"));
     return text;
   }
 

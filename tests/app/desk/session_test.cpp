@@ -50,7 +50,7 @@ TEST_F(SessionTest, WhatItCannotReadIsToldToWhoeverListensLaterAndStays) {
   session.OnTrouble([&](const std::string& trouble) { told = trouble; });
   EXPECT_EQ(told,
             "cannot read /lab/quenlor.ini: Permission denied (it stays as it is); "
-            "cannot read /lab/Color.txt: Permission denied (it stays as it is)");
+            "cannot read /lab/Color.txt: Permission denied (it was set aside)");
   EXPECT_EQ(files.Content("/lab/quenlor.ini"), "mine");
   EXPECT_EQ(files.Content("/lab/Color.txt"), graph::ColorSettings().Text()) << "colours are made anew";
   EXPECT_EQ(files.Content("/lab/Color_19700101-000000.txt"), "mine") << "beside what could not be read";
