@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "link/measurement.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -15,6 +16,9 @@ namespace setting = data::setting;
 constexpr auto kRequestTick = 50ms;
 constexpr auto kReplyTimeout = 5000ms;
 constexpr double kStopSeconds = 2.0;  // what the instrument needs to take "STOP"
+// No window stalls for so long: the clock was set, or the machine has slept.
+constexpr double kLongestStallSeconds = 3600.0;
+constexpr double kUsualStallSeconds = 1.0;
 constexpr std::string_view kStartWord = "QUENLOR";
 constexpr std::string_view kStopWord = "STOP";
 constexpr std::string_view kAnsweredRequest = "QM";
@@ -84,7 +88,9 @@ std::optional<platform::OpenFailure> Measurement::Start(const data::Progress& pr
     MSComm1_.ClearOutBuffer();
     MSComm1_.Output(CommandText.append(Terminator(settings_)));
   }
-  NextRequestTime = clock_.Now().seconds + settings_.Number(setting::kRepeatSeconds);
+  last_tick_ = clock_.Now().seconds;
+  set_ahead_ = 0;
+  NextRequestTime = last_tick_ + settings_.Number(setting::kRepeatSeconds);
   UpdateRepeatTimer();
   Timer2_.Enabled(false);
   for (MeasurementListener* listener : listeners_) listener->Started();
@@ -165,7 +171,7 @@ void Measurement::UpdateRepeatTimer() {
 }
 
 void Measurement::RepeatChanged() {
-  if (settings_.Index(setting::kRepeat) == 1) NextRequestTime = clock_.Now().seconds;
+  if (settings_.Index(setting::kRepeat) == 1) NextRequestTime = last_tick_ = clock_.Now().seconds;
   UpdateRepeatTimer();
 }
 
@@ -190,6 +196,7 @@ void Measurement::ArmTimer2() {
 void Measurement::Timer1_Timer() {
   TakeWaiting();
   const double now = clock_.Now().seconds;
+  FollowClock(now);
   if (!Running() || now < NextRequestTime) return;
   if (AutoStopDue(now)) {
     CommandText = kStopWord;
@@ -205,11 +212,22 @@ void Measurement::Timer1_Timer() {
   NextRequestTime += settings_.Number(setting::kRepeatSeconds);
 }
 
+// A clock that is set takes along what is waited for: nothing waits for a time that went away, and no request
+// makes up for a time that never was. After a mere stall requests do follow each other.
+void Measurement::FollowClock(double now) {
+  const double gone = now - std::exchange(last_tick_, now);
+  if (gone >= 0 && gone <= kUsualStallSeconds) return;
+  const bool was_set = gone < 0 || gone >= kLongestStallSeconds;
+  NextRequestTime += was_set ? gone : std::clamp(-set_ahead_, 0.0, gone);
+  if (document_.StartTime() != 0) set_ahead_ += gone;
+}
+
 // One second before the full minutes, so that the last reading still falls within them.
 bool Measurement::AutoStopDue(double now) const {
   const double minutes = settings_.Number(setting::kAutoStopMinutes);
   return document_.StartTime() != 0 && minutes > 0 && settings_.Index(setting::kRepeat) == 1 &&
-         settings_.Index(setting::kAutoStop) == 1 && now >= document_.StartTime() + minutes * 60 - 1;
+         settings_.Index(setting::kAutoStop) == 1 &&
+         now - std::min(set_ahead_, 0.0) >= document_.StartTime() + minutes * 60 - 1;
 }
 
 void Measurement::Timer2_Timer() {

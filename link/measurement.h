@@ -115,6 +115,7 @@ class Measurement {
   void UpdateRepeatTimer();
   void WaitSeconds(double seconds) { loop_.WaitSeconds(seconds); }
   void ArmTimer2();
+  void FollowClock(double now);
   bool AutoStopDue(double now) const;
   void OnComm(int CommEvent);
 
@@ -131,6 +132,8 @@ class Measurement {
   std::string CommandText;
   std::string command_data_;
   double NextRequestTime = 0;  // seconds of the clock's time base
+  double last_tick_ = 0;       // when the clock was last looked at for it
+  double set_ahead_ = 0;       // by how much the clock was, or back below 0, since the first line
   bool stopping_ = false;
   bool measuring_ = false;      // from Start to the end that listeners are told of
   bool auto_stopping_ = false;  // "STOP" was sent since the set time is over

@@ -70,7 +70,7 @@ StatusFields Status::Fields() const {
   StatusFields fields;
   const bool running = measurement_.Running();
   fields.message = said_;
-  if (running && (said_.empty() || now - said_at_ > kSaidSeconds)) fields.message = WaitsFor(now);
+  if (running && (said_.empty() || std::fabs(now - said_at_) > kSaidSeconds)) fields.message = WaitsFor(now);
   fields.state = measurement_.Stopping() ? "Stopping"
                  : running               ? "Measuring"
                  : end_.empty()          ? "Stopped"

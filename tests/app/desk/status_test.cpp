@@ -72,6 +72,23 @@ TEST_F(StatusTest, MeasuringItTellsRunReadingsAndAges) {
   EXPECT_EQ(Fields().run, "Run 2 · 1 reading · 00:00:00");
 }
 
+TEST_F(StatusTest, AClockThatIsSetKeepsNoMessageAndMakesNoAgeOfIt) {
+  for (const double by : {-3600.0, 3600.0}) {
+    Repeat("5");
+    Start();
+    Line("1.5");
+    status.Say("Said");
+    data::Moment set = clock.Now();
+    set.seconds += by;
+    clock.SetNow(set);
+    clock.Advance(0.05);
+    EXPECT_NE(Fields().message, "Said") << by;
+    EXPECT_THAT(Fields().ages, HasSubstr("next in 5 s")) << by;
+    EXPECT_THAT(Fields().ages, testing::Not(HasSubstr("-"))) << by;
+    measurement.Stop();
+  }
+}
+
 TEST_F(StatusTest, TheDocumentFieldTellsWhatASaveWouldKeep) {
   EXPECT_EQ(Fields().document, "New.csv");
   Measure({"1", "2"});
