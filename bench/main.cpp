@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
   quenlor::bench::AddSaveRows();
   quenlor::bench::AddReceiveRows();
   quenlor::bench::AddRedrawRows();
+  quenlor::bench::AddReadoutRows();
   quenlor::bench::AddNewestReadingRows();
   return quenlor::bench::MeasureRows(argc, argv);
 }

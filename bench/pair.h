@@ -49,6 +49,7 @@ void AddOpenRows();
 void AddSaveRows();
 void AddReceiveRows();
 void AddRedrawRows();
+void AddReadoutRows();
 void AddNewestReadingRows();
 
 // Measures the rows and prints each as a line, its parts divided by "|". What is left of the arguments are

@@ -40,12 +40,13 @@ GraphPane::GraphPane(const data::Document& document, LiveGraph& graph, const dat
       settings_(settings),
       colors_(colors),
       plot_(graph.Values()),
-      Picture2(new PlotPicture(plot_, graph, colors, this)) {
+      Picture2(new PlotPicture(plot_, document, graph, colors, this)) {
   setObjectName(QStringLiteral("Picture1"));
   setAccessibleName(tr("Graph with its axes"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   AddCaptions();
   connect(Picture2, &PlotPicture::ViewMoved, this, &GraphPane::ShowMoved);
+  connect(Picture2, &PlotPicture::ReadingChosen, this, &GraphPane::ReadingChosen);
   const auto walk = [this](Qt::Key key, bool (LiveGraph::*way)()) {
     connect(new QShortcut(QKeySequence(Qt::ALT | key), this), &QShortcut::activated, this, [this, way] {
       if ((graph_.*way)()) ShowMoved();

@@ -32,6 +32,9 @@ class GraphPane : public QWidget {
   void LayoutLabels();   // texts, colours and places of the captions, as soon as they can be seen
   void Hold(bool hold);  // while held, what is shown stays as it is
 
+  // These rows of the table stand out in the plot; none when the first one is 0.
+  void MarkRows(data::Document::Row first, data::Document::Row last) { Picture2->MarkRows(first, last); }
+
   // How the graph looks, as options and colours have it.
   PlotSettings Settings() const;
 
@@ -39,8 +42,9 @@ class GraphPane : public QWidget {
   void Label5_DblClick(int Index);
   void Label6_DblClick(int Index);
   void Label10_DblClick(int Index);
-  void ViewMoved();                   // ranges and boxes are others, by a hand on the plot
-  void MenuWanted(const QPoint& at);  // a context menu, there on the screen
+  void ReadingChosen(data::Document::Row row);  // by a click on the plot
+  void ViewMoved();                             // ranges and boxes are others, by a hand on the plot
+  void MenuWanted(const QPoint& at);            // a context menu, there on the screen
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -13,6 +13,7 @@
 
 #include "graph/screen_color.h"
 #include "platform/qt/qt_drawing_surface.h"
+#include "platform/qt/to_qstring.h"
 
 namespace quenlor::graph {
 namespace {
@@ -31,17 +32,25 @@ Along AlongOf(Qt::KeyboardModifiers keys) {
 
 }  // namespace
 
-PlotPicture::PlotPicture(const Plot& plot, LiveGraph& graph, const ColorSettings& colors, QWidget* parent)
-    : QWidget(parent), graph_(graph), colors_(colors), kept_(plot), hand_(graph) {
+PlotPicture::PlotPicture(const Plot& plot, const data::Document& document, LiveGraph& graph,
+                         const ColorSettings& colors, QWidget* parent)
+    : QWidget(parent),
+      graph_(graph),
+      colors_(colors),
+      kept_(plot),
+      overlay_(plot, document, graph, colors),
+      hand_(graph) {
   setObjectName(QStringLiteral("Picture2"));
   setAccessibleName(tr("Graph"));
   const QString keys =
       tr("Wheel, plus and minus zoom (with Shift along the lower axis only, with Ctrl upwards only).\n"
          "A drag zooms into a box; the middle button, Space and a drag, or the arrows shove.\n"
+         "A click selects the reading at the pointer, two clicks with Ctrl compare two.\n"
          "A double click or Esc shows the whole; Alt+Left and Alt+Right walk through earlier views.");
   setAccessibleDescription(keys);
   setToolTip(keys);
   setAttribute(Qt::WA_OpaquePaintEvent);
+  setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   grabGesture(Qt::PinchGesture);
 }
@@ -69,11 +78,13 @@ void PlotPicture::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), ToQColor(colors_.BackColor()));
   painter.drawImage(0, 0, shown_);
+  overlay_.Paint(painter, palette(), devicePixelRatioF());
   PaintHand(painter);
 }
 
 void PlotPicture::Draw() {
   stale_ = false;
+  overlay_.Follow(size());
   const QSize pixels = size() * devicePixelRatioF();
   if (image_.size() != pixels) {
     image_ = QImage(pixels, QImage::Format_RGB32);
@@ -155,7 +166,36 @@ void PlotPicture::Turn(QWheelEvent* event, QPointF at) {
 
 void PlotPicture::wheelEvent(QWheelEvent* event) { Turn(event, event->position()); }
 
+void PlotPicture::MarkRows(data::Document::Row first, data::Document::Row last) {
+  overlay_.Mark(first - 1, last - 1);
+  update();
+}
+
+QString PlotPicture::Told() const {
+  QStringList lines;
+  for (const auto& told : {overlay_.Told(), overlay_.Compared()})
+    for (const std::string& line : told) lines += platform::qt::ToQString(line);
+  return lines.join(QLatin1Char('\n'));
+}
+
+void PlotPicture::PointAt(std::optional<QPointF> pointer) {
+  if (held_) return;
+  overlay_.Point(pointer);
+  update();
+}
+
+void PlotPicture::leaveEvent(QEvent* /*event*/) { PointAt({}); }
+
+void PlotPicture::ClickOn(QPointF at, bool compare) {
+  PointAt(at);
+  const std::optional<Index> near = overlay_.Near();
+  if (compare) return overlay_.Compare();
+  if (near) emit ReadingChosen(*near + 1);
+}
+
 bool PlotPicture::event(QEvent* event) {
+  // A tip would cover what the plate says.
+  if (event->type() == QEvent::ToolTip && overlay_.Near()) return true;
   if (event->type() == QEvent::Gesture) return Pinch(static_cast<QGestureEvent*>(event));
   if (event->type() == QEvent::NativeGesture && Spread(*static_cast<QNativeGestureEvent*>(event)))
     return true;
@@ -196,6 +236,7 @@ void PlotPicture::mousePressEvent(QMouseEvent* event) {
 
 void PlotPicture::BeginDrag(Drag drag, QPointF at) {
   drag_ = drag;
+  PointAt({});
   pressed_ = pointer_ = at;
   hand_.Begin();
   since_turn_.invalidate();
@@ -203,7 +244,9 @@ void PlotPicture::BeginDrag(Drag drag, QPointF at) {
 }
 
 void PlotPicture::EndDrag() {
-  if (std::exchange(drag_, Drag::None) == Drag::Box) update();
+  if (std::exchange(drag_, Drag::None) == Drag::None) return;
+  PointAt(pointer_);
+  update();
   ShowCursor();
 }
 
@@ -222,12 +265,14 @@ void PlotPicture::mouseMoveEvent(QMouseEvent* event) {
   const bool far = (pointer_ - pressed_).manhattanLength() >= QApplication::startDragDistance();
   if (drag_ == Drag::Press && far) drag_ = Drag::Box;
   if (drag_ == Drag::Box) update();
+  if (drag_ == Drag::None) PointAt(pointer_);
 }
 
 void PlotPicture::mouseReleaseEvent(QMouseEvent* event) {
   if (drag_ == Drag::None || event->button() != dragging_) return event->ignore();
   const Drag ended = drag_;
   EndDrag();
+  if (ended == Drag::Press) ClickOn(event->position(), event->modifiers().testFlag(Qt::ControlModifier));
   if (ended != Drag::Box) return;
   hand_.ZoomTo(PlaceOf(pressed_), PlaceOf(event->position()), Steady());
   emit ViewMoved();
@@ -278,6 +323,7 @@ void PlotPicture::keyPressEvent(QKeyEvent* event) {
       return ShowCursor();
     case Qt::Key_Escape:
       if (drag_ != Drag::None) return EndDrag();
+      overlay_.Forget();
       graph_.ShowWhole();
       emit ViewMoved();
       return;

@@ -8,6 +8,7 @@
 #include "graph/color_settings.h"
 #include "graph/live_graph.h"
 #include "graph/plot.h"
+#include "graph/plot_overlay.h"
 #include "graph/view_hand.h"
 
 class QGestureEvent;
@@ -24,20 +25,25 @@ class PlotPicture : public QWidget {
   Q_OBJECT
 
  public:
-  PlotPicture(const Plot& plot, LiveGraph& graph, const ColorSettings& colors, QWidget* parent);
+  PlotPicture(const Plot& plot, const data::Document& document, LiveGraph& graph, const ColorSettings& colors,
+              QWidget* parent);
 
   void DrawWhole();                           // everything is to be drawn, which may take a while
   void DrawNew();                             // what has changed is drawn at the next paint
   void Hold(bool hold);                       // while held, what is shown stays as it is
   void Turn(QWheelEvent* event, QPointF at);  // a wheel, there, also at the numbers around the plot
+  void MarkRows(data::Document::Row first, data::Document::Row last);  // rows of the table; none before 1
+  QString Told() const;  // what stands on the plates over the plot
 
  signals:
+  void ReadingChosen(data::Document::Row row);
   void ViewMoved();  // other ranges or boxes are the graph's now
 
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
@@ -58,6 +64,8 @@ class PlotPicture : public QWidget {
   PlotPlace PlaceOf(QPointF at) const;
   PlotPlace ShoveTo(QPointF at) const;
   PlotPlace Steady() const;
+  void PointAt(std::optional<QPointF> pointer);
+  void ClickOn(QPointF at, bool compare);
   bool Pinch(QGestureEvent* event);
   bool Spread(const QNativeGestureEvent& event);
   void BeginDrag(Drag drag, QPointF at);
@@ -74,6 +82,7 @@ class PlotPicture : public QWidget {
   bool stale_ = true;  // something may have changed since it was drawn
   bool held_ = false;
 
+  PlotOverlay overlay_;
   ViewHand hand_;
   QElapsedTimer since_turn_;
   Drag drag_ = Drag::None;

@@ -3,8 +3,8 @@
 
 #include <QPainter>
 
-#include "app/desk/unit_beside.h"
 #include "data/run_table.h"
+#include "data/unit_beside.h"
 #include "graph/readable_color.h"
 #include "graph/screen_color.h"
 #include "platform/qt/to_qstring.h"

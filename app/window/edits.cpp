@@ -4,8 +4,8 @@
 #include <QMenu>
 #include <array>
 
-#include "app/desk/unit_beside.h"
 #include "data/change_dialog.h"
+#include "data/unit_beside.h"
 
 namespace quenlor::app {
 namespace {

@@ -126,6 +126,8 @@ void MainWindow::ConnectHandlers() {
     platform::qt::GridView& grid = *tables_.Measurement();
     edits_.ShowTableMenu(grid, grid.viewport()->mapToGlobal(at));
   });
+  connect(&Picture1, &graph::GraphPane::ReadingChosen, &tables_, &TablesPane::ShowRow);
+  connect(&tables_, &TablesPane::RowsSelected, &Picture1, &graph::GraphPane::MarkRows);
   connect(&Picture1, &graph::GraphPane::ViewMoved, &choices_, &GraphChoices::ShowChoices);
   connect(&Picture1, &graph::GraphPane::MenuWanted, this, &MainWindow::ShowGraphMenu);
   connect(&Picture1, &graph::GraphPane::Label5_DblClick, this,

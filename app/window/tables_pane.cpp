@@ -29,6 +29,15 @@ TablesPane::TablesPane(Session& session, QWidget* received_data, QWidget* parent
   for (GridView* grid : {Grid1, Grid2, Grid4})
     connect(grid->model(), &QAbstractItemModel::modelReset, grid, &GridView::scrollToTop);
 
+  for (GridView* grid : {Grid1, Grid2}) {
+    const auto tell = [this, grid] {
+      const platform::qt::GridSelection rows = grid->Selection();
+      emit RowsSelected(rows.Row, rows.RowSel);
+    };
+    connect(grid->selectionModel(), &QItemSelectionModel::selectionChanged, this, tell);
+    connect(grid->model(), &QAbstractItemModel::modelReset, this, tell);  // which selects nothing, in silence
+  }
+
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(received_data);
@@ -57,6 +66,14 @@ int TablesPane::Sync() {
 void TablesPane::ShowHint(bool stopped) {
   Grid1->SetHint(stopped ? tr("Choose the port in RS-232C, then press Start,\nor drop a data file here")
                          : QString());
+}
+
+void TablesPane::ShowRow(data::Document::Row row) {
+  for (GridView* grid : {Grid1, Grid2}) {
+    const int at = static_cast<int>(row) - 1;
+    grid->selectRow(at);
+    grid->scrollTo(grid->model()->index(at, 0), GridView::PositionAtCenter);
+  }
 }
 
 void TablesPane::ChangeColor() {

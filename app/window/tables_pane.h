@@ -20,8 +20,12 @@ class TablesPane : public QWidget {
 
   // Shows what has arrived. Returns how long the work took, in milliseconds.
   int Sync();
-  void ShowHint(bool stopped);  // where to begin, while nothing is measured
-  void ChangeColor();           // the colours of the runs have become others
+  void ShowHint(bool stopped);            // where to begin, while nothing is measured
+  void ShowRow(data::Document::Row row);  // selects that reading, and brings it into view
+  void ChangeColor();                     // the colours of the runs have become others
+
+ signals:
+  void RowsSelected(data::Document::Row first, data::Document::Row last);  // 0 when none is
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPainter>
+#include <QPalette>
+#include <QSizeF>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "graph/color_settings.h"
+#include "graph/live_graph.h"
+#include "graph/plot.h"
+#include "graph/readout.h"
+#include "graph/selected_marks.h"
+
+namespace quenlor::graph {
+
+// What lies over the kept plot and is painted anew with every paint: the cross-hair and the plate of the
+// reading at the pointer, marked readings and the two that are compared. Nothing of it is part of the graph.
+class PlotOverlay {
+ public:
+  PlotOverlay(const Plot& plot, const data::Document& document, const LiveGraph& graph,
+              const ColorSettings& colors);
+
+  void Point(std::optional<QPointF> pointer);  // the pointer is there, or nowhere
+  std::optional<Index> Near() const;           // the reading that is told
+  // The reading at the pointer becomes A, or B after A; after both the next one is A again.
+  void Compare();
+  void Forget();                                                    // A and B
+  void Mark(Index first, Index last) { marks_.Mark(first, last); }  // none when last is before first
+
+  // The plot has been drawn, with that size.
+  void Follow(QSizeF size);
+
+  void Paint(QPainter& painter, const QPalette& palette, double ratio);
+  // What stands on the plates, line by line.
+  std::vector<std::string> Told() const;
+  std::vector<std::string> Compared() const;
+
+ private:
+  // False while the readings are others than those that were drawn last.
+  bool Drawn() const { return generation_ == graph_.Values().Generation(); }
+  PlotPixels Pixels() const { return {plot_.Axes(), size_.width(), size_.height()}; }
+  QPointF PlaceOf(Index index, Quantity quantity) const;
+  QColor ColorOf(Index index, Quantity quantity) const;
+  void PaintCompared(QPainter& painter, const QPalette& palette) const;
+  void PaintNear(QPainter& painter, const QPalette& palette) const;
+  void FindNear();
+
+  const Plot& plot_;
+  const data::Document& document_;
+  const LiveGraph& graph_;
+  const ColorSettings& colors_;
+  SelectedMarks marks_;
+  QSizeF size_;
+  std::uint64_t generation_ = 0;
+  std::optional<QPointF> pointer_;
+  std::optional<NearReading> near_;
+  std::optional<Index> a_;
+  std::optional<Index> b_;
+};
+
+}  // namespace quenlor::graph
