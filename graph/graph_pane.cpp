@@ -5,12 +5,15 @@
 #include <QPainter>
 #include <QShortcut>
 #include <QWheelEvent>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "graph/caption_painter.h"
 #include "graph/legend_plan.h"
 #include "graph/plot_look.h"
+#include "graph/readable_color.h"
+#include "graph/reading_told.h"
 #include "graph/screen_color.h"
 #include "platform/qt/plain_tip.h"
 #include "platform/qt/qt_drawing_surface.h"
@@ -90,8 +93,10 @@ void GraphPane::AddCaptions() {
   Label6[4]->setToolTip(QStringLiteral("File Name"));
   Label6[6]->setToolTip(QStringLiteral("Remarks"));
   for (const std::size_t i : {4, 6}) Label6[i]->MayBeChanged(Label6[i]->toolTip());
-  for (std::size_t run = 1; run < Label10.size(); ++run)
+  for (std::size_t run = 1; run < Label10.size(); ++run) {
     Label10[run]->MayBeChanged(QStringLiteral("Sample Name"));
+    Label10[run]->installEventFilter(this);
+  }
 }
 
 void GraphPane::Fig() {
@@ -177,13 +182,38 @@ void GraphPane::FillCaptions(const Captions& texts) {
   color_all(Label8, 1);
   color_all(Label9, 1);
   color(Label10[0], ink);
+  const int alone = Picture2->Alone();
   for (std::size_t run = 1; run < Label10.size(); ++run) {
-    Label10[run]->setToolTip(platform::qt::PlainTip(Label10[run]->text()));
-    color(Label10[run], ToQColor(RunColor(colors_.Colors(), static_cast<long long>(run))));
+    const Color own = RunColor(colors_.Colors(), static_cast<long long>(run));
+    const bool hidden = alone != 0 && alone != static_cast<int>(run);
+    color(Label10[run], ToQColor(hidden ? Paled(own, colors_.BackColor()) : own));
   }
 }
 
-void GraphPane::contextMenuEvent(QContextMenuEvent* event) { emit MenuWanted(event->globalPos()); }
+void GraphPane::contextMenuEvent(QContextMenuEvent* event) {
+  emit MenuWanted(event->globalPos(), RunOfLegend(childAt(event->pos())));
+}
+
+void GraphPane::ShowAlone(int run) {
+  Picture2->ShowAlone(run);
+  LayoutLabels();
+}
+
+int GraphPane::RunOfLegend(const QObject* caption) const {
+  const auto found = std::find(Label10.begin() + 1, Label10.end(), caption);
+  return caption == nullptr || found == Label10.end() ? 0 : static_cast<int>(found - Label10.begin());
+}
+
+// The pointer on a run of the legend.
+bool GraphPane::eventFilter(QObject* watched, QEvent* event) {
+  const int run = RunOfLegend(watched);
+  if (run > 0 && event->type() == QEvent::Enter) Picture2->BringToFront(run);
+  if (run > 0 && event->type() == QEvent::Leave) Picture2->BringToFront(0);
+  if (run > 0 && event->type() == QEvent::ToolTip)
+    Label10[static_cast<std::size_t>(run)]->setToolTip(
+        platform::qt::PlainTip(platform::qt::ToQString(RunTold(document_, graph_.Values(), run))));
+  return QWidget::eventFilter(watched, event);
+}
 
 void GraphPane::showEvent(QShowEvent* /*event*/) { LayoutLabels(); }
 

@@ -35,6 +35,10 @@ class GraphPane : public QWidget {
   // These rows of the table stand out in the plot; none when the first one is 0.
   void MarkRows(data::Document::Row first, data::Document::Row last) { Picture2->MarkRows(first, last); }
 
+  // A run whose others are hidden in the window, and nowhere else; 0: all are shown.
+  void ShowAlone(int run);
+  int Alone() const { return Picture2->Alone(); }
+
   // How the graph looks, as options and colours have it.
   PlotSettings Settings() const;
 
@@ -44,7 +48,8 @@ class GraphPane : public QWidget {
   void Label10_DblClick(int Index);
   void ReadingChosen(data::Document::Row row);  // by a click on the plot
   void ViewMoved();                             // ranges and boxes are others, by a hand on the plot
-  void MenuWanted(const QPoint& at);            // a context menu, there on the screen
+  // A context menu, there on the screen, at the legend of that run; 0: elsewhere.
+  void MenuWanted(const QPoint& at, int run);
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -52,12 +57,14 @@ class GraphPane : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void ShowMoved();
   void AddCaptions();
   void FillCaptions(const Captions& texts);
   void TellCutTitles(const LabelLayout& layout);
+  int RunOfLegend(const QObject* caption) const;
 
   const data::Document& document_;
   LiveGraph& graph_;

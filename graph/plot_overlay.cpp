@@ -49,7 +49,7 @@ void PlotOverlay::Point(std::optional<QPointF> pointer) {
 
 void PlotOverlay::FindNear() {
   near_ = pointer_ && !size_.isEmpty()
-              ? NearestReading(graph_.Values(), Pixels(), {pointer_->x(), pointer_->y()})
+              ? NearestReading(graph_.Values(), Pixels(), {pointer_->x(), pointer_->y()}, alone_)
               : std::nullopt;
 }
 
@@ -71,8 +71,9 @@ void PlotOverlay::Forget() {
 }
 
 // Which reading a mark meant is no longer known when readings have gone or come between.
-void PlotOverlay::Follow(QSizeF size) {
+void PlotOverlay::Follow(QSizeF size, int alone) {
   size_ = size;
+  alone_ = alone;
   if (std::exchange(generation_, graph_.Values().Generation()) != graph_.Values().Generation()) Forget();
   FindNear();
 }

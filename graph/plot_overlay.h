@@ -12,6 +12,7 @@
 #include "graph/color_settings.h"
 #include "graph/live_graph.h"
 #include "graph/plot.h"
+#include "graph/reading_told.h"
 #include "graph/readout.h"
 #include "graph/selected_marks.h"
 
@@ -31,8 +32,8 @@ class PlotOverlay {
   void Forget();                                                    // A and B
   void Mark(Index first, Index last) { marks_.Mark(first, last); }  // none when last is before first
 
-  // The plot has been drawn, with that size.
-  void Follow(QSizeF size);
+  // The plot has been drawn, with that size, with the runs of that number alone; 0: with all.
+  void Follow(QSizeF size, int alone);
 
   void Paint(QPainter& painter, const QPalette& palette, double ratio);
   // What stands on the plates, line by line.
@@ -55,6 +56,7 @@ class PlotOverlay {
   const ColorSettings& colors_;
   SelectedMarks marks_;
   QSizeF size_;
+  int alone_ = 0;
   std::uint64_t generation_ = 0;
   std::optional<QPointF> pointer_;
   std::optional<NearReading> near_;

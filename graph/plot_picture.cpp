@@ -11,8 +11,8 @@
 #include <QStyleOptionFocusRect>
 #include <utility>
 
+#include "graph/draw_on_image.h"
 #include "graph/screen_color.h"
-#include "platform/qt/qt_drawing_surface.h"
 #include "platform/qt/to_qstring.h"
 
 namespace quenlor::graph {
@@ -38,6 +38,7 @@ PlotPicture::PlotPicture(const Plot& plot, const data::Document& document, LiveG
       graph_(graph),
       colors_(colors),
       kept_(plot),
+      runs_(plot, graph.Values()),
       overlay_(plot, document, graph, colors),
       hand_(graph) {
   setObjectName(QStringLiteral("Picture2"));
@@ -77,14 +78,14 @@ void PlotPicture::paintEvent(QPaintEvent* /*event*/) {
   if (!held_ && (stale_ || other_screen)) Draw();
   QPainter painter(this);
   painter.fillRect(rect(), ToQColor(colors_.BackColor()));
-  painter.drawImage(0, 0, shown_);
+  painter.drawImage(0, 0, runs_image_.isNull() ? shown_ : runs_image_);
   overlay_.Paint(painter, palette(), devicePixelRatioF());
   PaintHand(painter);
 }
 
 void PlotPicture::Draw() {
   stale_ = false;
-  overlay_.Follow(size());
+  overlay_.Follow(size(), Alone());
   const QSize pixels = size() * devicePixelRatioF();
   if (image_.size() != pixels) {
     image_ = QImage(pixels, QImage::Format_RGB32);
@@ -94,23 +95,32 @@ void PlotPicture::Draw() {
   if (image_.isNull()) return;
   const bool busy = std::exchange(whole_, false) && graph_.Values().Size() > kManyReadings;
   if (busy) QApplication::setOverrideCursor(Qt::WaitCursor);
-  DrawOn(image_, [this](platform::DrawingSurface& surface) { kept_.Update(surface, surface.Whole()); });
+  const double ratio = devicePixelRatioF();
+  DrawOnImage(image_, ratio,
+              [this](platform::DrawingSurface& surface) { kept_.Update(surface, surface.Whole()); });
   shown_ = image_;
   if (kept_.LacksNewest()) {
-    DrawOn(shown_, [this](platform::DrawingSurface& surface) { kept_.DrawNewest(surface, surface.Whole()); });
+    DrawOnImage(shown_, ratio,
+                [this](platform::DrawingSurface& surface) { kept_.DrawNewest(surface, surface.Whole()); });
   }
+  DrawRuns();
   if (busy) QApplication::restoreOverrideCursor();
 }
 
-template <class Drawing>
-void PlotPicture::DrawOn(QImage& image, const Drawing& drawing) const {
-  image.setDevicePixelRatio(1);
-  {
-    QPainter painter(&image);
-    platform::qt::QtDrawingSurface surface(painter, image.size(), devicePixelRatioF());
-    drawing(surface);
-  }
-  image.setDevicePixelRatio(devicePixelRatioF());
+void PlotPicture::DrawRuns() {
+  runs_image_ = shown_;
+  if (!runs_.Draw(runs_image_, ToQColor(colors_.BackColor()))) runs_image_ = {};
+}
+
+void PlotPicture::BringToFront(int run) {
+  if (held_ || !runs_.BringToFront(run)) return;
+  if (!stale_) DrawRuns();
+  update();
+}
+
+void PlotPicture::ShowAlone(int run) {
+  runs_.ShowAlone(run);
+  DrawNew();
 }
 
 // What the hand does now: its rectangle, and where keys go.
@@ -280,6 +290,11 @@ void PlotPicture::mouseReleaseEvent(QMouseEvent* event) {
 
 void PlotPicture::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || held_) return event->ignore();
+  ShowWhole();
+}
+
+void PlotPicture::ShowWhole() {
+  ShowAlone(0);
   graph_.ShowWhole();
   emit ViewMoved();
 }
@@ -324,9 +339,7 @@ void PlotPicture::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Escape:
       if (drag_ != Drag::None) return EndDrag();
       overlay_.Forget();
-      graph_.ShowWhole();
-      emit ViewMoved();
-      return;
+      return ShowWhole();
     default:
       QWidget::keyPressEvent(event);
   }

@@ -9,6 +9,7 @@
 #include "graph/live_graph.h"
 #include "graph/plot.h"
 #include "graph/plot_overlay.h"
+#include "graph/runs_shown.h"
 #include "graph/view_hand.h"
 
 class QGestureEvent;
@@ -33,6 +34,9 @@ class PlotPicture : public QWidget {
   void Hold(bool hold);                       // while held, what is shown stays as it is
   void Turn(QWheelEvent* event, QPointF at);  // a wheel, there, also at the numbers around the plot
   void MarkRows(data::Document::Row first, data::Document::Row last);  // rows of the table; none before 1
+  void BringToFront(int run);  // and pale the others, until told of another one; 0: all are alike
+  void ShowAlone(int run);     // and hide the others; 0: all are shown
+  int Alone() { return runs_.Alone(); }
   QString Told() const;  // what stands on the plates over the plot
 
  signals:
@@ -57,8 +61,7 @@ class PlotPicture : public QWidget {
   enum class Drag { None, Press, Box, Shove };
 
   void Draw();
-  template <class Drawing>
-  void DrawOn(QImage& image, const Drawing& drawing) const;
+  void DrawRuns();
   void PaintHand(QPainter& painter) const;
 
   PlotPlace PlaceOf(QPointF at) const;
@@ -72,12 +75,15 @@ class PlotPicture : public QWidget {
   void EndDrag();
   void BeginUnlessGoingOn();
   void ShowCursor();
+  void ShowWhole();
 
   LiveGraph& graph_;
   const ColorSettings& colors_;
   KeptPlot kept_;
   QImage image_;  // what is kept
   QImage shown_;
+  RunsShown runs_;
+  QImage runs_image_;  // shown instead while the runs are not alike
   bool whole_ = true;
   bool stale_ = true;  // something may have changed since it was drawn
   bool held_ = false;

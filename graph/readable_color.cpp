@@ -37,4 +37,6 @@ Color PlateBehind(Color letters) { return Mixed(letters, ReadableOn(letters), 0.
 
 Color EdgeOf(Color color, Color ground) { return Mixed(color, ReadableOn(ground), 0.75); }
 
+Color Paled(Color color, Color ground) { return Mixed(color, ground, 0.75); }
+
 }  // namespace quenlor::graph

@@ -22,4 +22,7 @@ Color PlateBehind(Color letters);
 // edges.
 Color EdgeOf(Color color, Color ground);
 
+// The colour, but hardly to be seen on that ground.
+Color Paled(Color color, Color ground);
+
 }  // namespace quenlor::graph

@@ -5,11 +5,6 @@
 #include <cmath>
 #include <limits>
 #include <queue>
-#include <string_view>
-
-#include "data/text_number.h"
-#include "data/unit_beside.h"
-#include "data/utf8.h"
 
 namespace quenlor::graph {
 
@@ -31,11 +26,12 @@ PlotPixels::Point PlotPixels::Of(const ValueArrays& values, Index index, Quantit
 // Goes on with the block that may hold the nearest point, until none can hold one that is nearer.
 class NearestSearch {
  public:
-  NearestSearch(const ValueArrays& values, const PlotPixels& pixels, PlotPixels::Point pointer)
+  NearestSearch(const ValueArrays& values, const PlotPixels& pixels, PlotPixels::Point pointer, int only)
       : values_(values),
         pixels_(pixels),
         axes_(pixels.Axes()),
         pointer_(pointer),
+        only_(only),
         xs_(axes_.Kind() == GraphKind::ViscoTemp ? values.Temp() : values.Time()) {}
 
   std::optional<NearReading> Run() {
@@ -79,6 +75,7 @@ class NearestSearch {
     ++looks_;
     if (begin >= end) return;
     if (level == ValueColumn::kLevels) return blocks_.push({0, begin, end, level});
+    if (HasNone(begin, end)) return;
     const ValueColumn::Extremes xs = xs_.ExtremesOf(begin, end);
     if (axes_.X(xs.max) < 0 || axes_.X(xs.min) > axes_.XExtent()) return;
     const double across = Beside(pointer_.x, pixels_.XOf(xs.min), pixels_.XOf(xs.max));
@@ -105,11 +102,18 @@ class NearestSearch {
     const double across = at.x - pointer_.x;
     const double down = at.y - pointer_.y;
     const double distance = across * across + down * down;
-    if (distance >= nearest_ || !InView(index, quantity)) return;
+    if (distance >= nearest_ || !InView(index, quantity) || HasNone(index, index + 1)) return;
     nearest_ = distance;
     const double seen = std::max(0.0, std::sqrt(distance) - kSeen);
     worth_ = seen * seen;
     found_ = {index, quantity, at};
+  }
+
+  // Whether they are all of one run that is not asked for.
+  bool HasNone(Index begin, Index end) const {
+    if (only_ == 0) return false;
+    const std::size_t run = values_.RunOf(begin);
+    return values_.Runs()[run].number != only_ && end <= values_.RunEnd(run);
   }
 
   bool InView(Index index, Quantity quantity) const {
@@ -128,6 +132,7 @@ class NearestSearch {
   const PlotPixels& pixels_;
   const PlotAxes& axes_;
   const PlotPixels::Point pointer_;
+  const int only_;  // readings of runs of that number; 0: of all
   const ValueColumn& xs_;
   std::priority_queue<Block> blocks_;
   double nearest_ = std::numeric_limits<double>::infinity();  // squared, as all distances are
@@ -137,83 +142,8 @@ class NearestSearch {
 };
 
 std::optional<NearReading> NearestReading(const ValueArrays& values, const PlotPixels& pixels,
-                                          PlotPixels::Point pointer) {
-  return NearestSearch(values, pixels, pointer).Run();
-}
-
-namespace {
-
-constexpr std::size_t kLongestName = 60;  // bytes of a text on the plate
-
-std::string Short(std::string_view text) {
-  const std::string_view start = data::Utf8Prefix(text, kLongestName);
-  return std::string(start) + (start.size() < text.size() ? "…" : "");
-}
-
-// Four digits are more than an eye reads off a curve.
-std::string Rounded(double value) {
-  if (value == 0 || !std::isfinite(value)) return "0";
-  const int digits = 3 - static_cast<int>(std::floor(std::log10(std::fabs(value))));
-  const double scale = std::pow(10.0, std::abs(digits));
-  if (!std::isfinite(scale)) return data::GeneralText(value);
-  const double rounded =
-      digits < 0 ? std::nearbyint(value / scale) * scale : std::nearbyint(value * scale) / scale;
-  return data::GeneralText(rounded);
-}
-
-std::string Signed(double value) { return (value > 0 ? "+" : "") + data::GeneralText(data::Bounded(value)); }
-
-// As exact as the two numbers were: the difference of 1000.3 and 1000.1 is 0.2.
-double Difference(double a, double b) {
-  const double largest = std::max(std::fabs(a), std::fabs(b));
-  const double unit = std::pow(10.0, std::ceil(std::log10(largest)) - 13);
-  const double difference = std::nearbyint((b - a) / unit) * unit;
-  return largest > 0 && std::isfinite(difference) ? difference : data::Bounded(b - a);
-}
-
-}  // namespace
-
-std::vector<std::string> ReadingTold(const data::Document& document, const ValueArrays& values, Index index) {
-  const data::MeasurementTable& table = document.Grid1();
-  const data::MeasurementTable::Row row = index + 1;
-  const int run = values.Runs()[values.RunOf(index)].number;
-  std::vector<std::string> lines;
-  const std::string number = "No." + Short(table.TextMatrix(row, 0));
-  const std::string name = run > 0 ? Short(document.Grid4().TextMatrix(run, 1)) : "";
-  lines.push_back(name.empty() || name == number ? number : number + "  " + name);
-  lines.push_back("Time  " + Short(table.TextMatrix(row, 1)));
-  const auto add = [&](int column) {
-    const std::string value = Short(table.TextMatrix(row, column));
-    if (value.empty()) return;
-    const std::string unit = Short(data::UnitBeside(document, row, column));
-    lines.push_back(Short(table.TextMatrix(0, column)) + "  " + value + (unit.empty() ? "" : " " + unit));
-  };
-  add(document.ViscoColumn());
-  if (document.TempColumn() != document.ViscoColumn()) add(document.TempColumn());
-  const std::string date = run > 0 ? Short(document.Grid4().TextMatrix(run, 3)) : "";
-  if (!date.empty()) lines.push_back(date);
-  return lines;
-}
-
-std::vector<std::string> BetweenTold(const ValueArrays& values, Index a, Index b, const AxisView& view,
-                                     GraphKind kind) {
-  constexpr std::string_view kUnits[] = {"s", "min", "h"};
-  const std::string_view time_unit = kUnits[static_cast<std::size_t>(view.time_unit)];
-  const double time = Difference(values.Time()[a], values.Time()[b]);
-  const double visco = Difference(values.Visco()[a], values.Visco()[b]);
-  const double temp = Difference(values.Temp()[a], values.Temp()[b]);
-  const bool over_temp = kind == GraphKind::ViscoTemp;
-  const double way = over_temp ? temp : time / SecondsOf(view.time_unit);
-  std::vector<std::string> lines;
-  lines.push_back("A to B");
-  lines.push_back("Time  " + Signed(data::C_Val(Rounded(time / SecondsOf(view.time_unit)))) + " " +
-                  std::string(time_unit));
-  lines.push_back("Viscosity  " + Signed(visco));
-  lines.push_back("Temp  " + Signed(temp));
-  if (way != 0)
-    lines.push_back("Slope  " + Signed(data::C_Val(Rounded(visco / way))) + " / " +
-                    (over_temp ? "degree" : std::string(time_unit)));
-  return lines;
+                                          PlotPixels::Point pointer, int only) {
+  return NearestSearch(values, pixels, pointer, only).Run();
 }
 
 }  // namespace quenlor::graph

@@ -2,10 +2,7 @@
 #pragma once
 
 #include <optional>
-#include <string>
-#include <vector>
 
-#include "data/document.h"
 #include "graph/plot_axes.h"
 #include "graph/value_arrays.h"
 
@@ -44,21 +41,12 @@ struct NearReading {
   PlotPixels::Point at;
 };
 
-// The reading in view whose point is nearest to that pixel, or farther by less than half a pixel; nothing
-// where none is in view. Blocks of readings are told by their summaries, so the work hardly grows with
-// their number; it never looks at more than kMostLooks blocks and readings, and then answers the nearest so
-// far.
+// The reading in view, of runs numbered `only` (0: of all), whose point is nearest to that pixel, or farther
+// by less than half a pixel; nothing where none is in view. Blocks of readings are told by their summaries,
+// so the work hardly grows with their number; it never looks at more than kMostLooks blocks and readings, and
+// then answers the nearest so far.
 inline constexpr int kMostLooks = 1 << 16;
 std::optional<NearReading> NearestReading(const ValueArrays& values, const PlotPixels& pixels,
-                                          PlotPixels::Point pointer);
-
-// What is told of a reading, line by line: run and sample name, time, viscosity and temperature as the table
-// shows them with their units, and the run's date.
-std::vector<std::string> ReadingTold(const data::Document& document, const ValueArrays& values, Index index);
-
-// What lies between two readings: time, viscosity, temperature, and how fast the viscosity changes in the
-// unit of the lower axis. `a` and `b` are told in the order of marking.
-std::vector<std::string> BetweenTold(const ValueArrays& values, Index a, Index b, const AxisView& view,
-                                     GraphKind kind);
+                                          PlotPixels::Point pointer, int only = 0);
 
 }  // namespace quenlor::graph

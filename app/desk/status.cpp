@@ -40,13 +40,6 @@ std::string_view ShortName(std::string_view device) { return device.substr(devic
 
 }  // namespace
 
-std::string CountText(std::int64_t count, const std::string& one, const std::string& many) {
-  std::string digits = std::to_string(count);
-  for (int at = static_cast<int>(digits.size()) - 3; at > 0; at -= 3)
-    digits.insert(static_cast<std::size_t>(at), 1, ',');
-  return digits + ' ' + (count == 1 ? one : many);
-}
-
 Status::Status(Session& session, link::Measurement& measurement, const platform::Clock& clock,
                std::function<std::string(int)> name_of_port)
     : session_(session), measurement_(measurement), clock_(clock), name_of_port_(std::move(name_of_port)) {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/desk/session.h"
+#include "data/count_text.h"
 #include "link/measurement.h"
 #include "platform/clock.h"
 
@@ -96,7 +97,6 @@ class Status : private link::MeasurementListener, private data::DocumentListener
   std::string last_error_time_;
 };
 
-// "1 reading", "10,000,000 readings".
-std::string CountText(std::int64_t count, const std::string& one, const std::string& many);
+using data::CountText;
 
 }  // namespace quenlor::app

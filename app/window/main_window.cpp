@@ -184,9 +184,17 @@ void MainWindow::ShowGuide() {
   guide_->activateWindow();
 }
 
-void MainWindow::ShowGraphMenu(const QPoint& at) {
+void MainWindow::ShowGraphMenu(const QPoint& at, int run) {
   QMenu menu(this);
   menu.setObjectName(QStringLiteral("GraphMenu"));
+  if (run > 0) {
+    menu.addAction(tr("Sample &Name..."), this, [this, run] { edits_.Label10_DblClick(run); });
+    QAction* hide = menu.addAction(tr("&Hide Others"), this,
+                                   [this, run](bool hidden) { Picture1.ShowAlone(hidden ? run : 0); });
+    hide->setCheckable(true);
+    hide->setChecked(Picture1.Alone() == run);
+    menu.addSeparator();
+  }
   menu.addAction(tr("&Copy Picture"), this,
                  [this] { pictures_.CopyPicture(Picture1.size(), Picture1.devicePixelRatioF()); });
   menu.addAction(tr("&Save Picture..."), this,

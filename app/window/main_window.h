@@ -83,7 +83,7 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   void ShowLineWidth();
   void OfferReadingsLeft();
   void ShowGuide();
-  void ShowGraphMenu(const QPoint& at);
+  void ShowGraphMenu(const QPoint& at, int run);
 
   int ShowNews(bool whole);
 

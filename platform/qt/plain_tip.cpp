@@ -6,7 +6,9 @@
 namespace quenlor::platform::qt {
 
 QString PlainTip(const QString& text) {
-  return Qt::mightBeRichText(text) ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()) : text;
+  if (!Qt::mightBeRichText(text)) return text;
+  return QStringLiteral("<qt>%1</qt>")
+      .arg(text.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>")));
 }
 
 }  // namespace quenlor::platform::qt

@@ -6,31 +6,19 @@
 #include <random>
 #include <string>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "data/data_file.h"
-#include "graph/live_graph.h"
+#include "tests/graph/plotted.h"
 
 namespace quenlor::graph {
 namespace {
 
-using testing::ElementsAre;
-
 constexpr double kWidth = 900;
 constexpr double kHeight = 600;
 
-struct Plotted : GraphView {
-  data::SettingsList settings;
-  data::Document document{settings};
-  LiveGraph graph{document, settings, *this};
-  PlotAxes axes;
+struct PlottedInPixels : Plotted {
+  using Plotted::Plotted;
 
-  explicit Plotted(const std::string& readings, GraphKind kind = GraphKind::ViscoTime) {
-    document.Load(data::ParseDataFile("No.,Time,Viscosity,Unit1,Temp,Unit2\n" + readings), "x.csv", "");
-    graph.SetKind(kind);
-    axes.SetScales(document.Ranges(), kind, graph.View().visco_axis);
-  }
   PlotPixels Pixels() const { return {axes, kWidth, kHeight}; }
   std::optional<NearReading> Near(PlotPixels::Point at) const {
     return NearestReading(graph.Values(), Pixels(), at);
@@ -72,7 +60,7 @@ TEST(Readout, TheNearestReadingIsTheOneThatAWalkThroughAllFinds) {
   std::mt19937 random(7);
   for (const GraphKind kind : {GraphKind::ViscoTime, GraphKind::ViscoTempTime, GraphKind::ViscoTemp}) {
     for (const int readings : {3, 40, 700, 20000}) {
-      const Plotted plotted(Walk(readings, static_cast<unsigned>(readings)), kind);
+      const PlottedInPixels plotted(Walk(readings, static_cast<unsigned>(readings)), kind);
       for (int i = 0; i < 40; ++i) {
         const PlotPixels::Point at{static_cast<double>(random() % 900), static_cast<double>(random() % 600)};
         const auto near = plotted.Near(at);
@@ -85,7 +73,7 @@ TEST(Readout, TheNearestReadingIsTheOneThatAWalkThroughAllFinds) {
 }
 
 TEST(Readout, WhatIsOutOfViewIsNotNear) {
-  Plotted plotted("1,0,10,mPa.s,20,C\n1,60,20,mPa.s,20,C\n1,170,30,mPa.s,20,C\n");
+  PlottedInPixels plotted("1,0,10,mPa.s,20,C\n1,60,20,mPa.s,20,C\n1,170,30,mPa.s,20,C\n");
   const auto before = plotted.Near({kWidth, kHeight / 2});
   ASSERT_TRUE(before);
   EXPECT_EQ(before->index, 2);
@@ -98,43 +86,35 @@ TEST(Readout, WhatIsOutOfViewIsNotNear) {
   EXPECT_FALSE(plotted.Near({kWidth, kHeight / 2}));
 }
 
-TEST(Readout, AnEmptyGraphHasNoNearReading) { EXPECT_FALSE(Plotted("").Near({5, 5})); }
+TEST(Readout, OnlyReadingsOfARunAreNearWhereTheOthersAreHidden) {
+  const PlottedInPixels plotted(Walk(9000, 5));
+  std::mt19937 random(1);
+  for (int i = 0; i < 40; ++i) {
+    const PlotPixels::Point at{static_cast<double>(random() % 900), static_cast<double>(random() % 600)};
+    const auto near = NearestReading(plotted.graph.Values(), plotted.Pixels(), at, 2);
+    ASSERT_TRUE(near);
+    EXPECT_EQ(plotted.graph.Values().RunOf(near->index), 1u);
+  }
+  EXPECT_FALSE(NearestReading(plotted.graph.Values(), plotted.Pixels(), {1, 1}, 7)) << "there is none";
+}
+
+TEST(Readout, AnEmptyGraphHasNoNearReading) { EXPECT_FALSE(PlottedInPixels("").Near({5, 5})); }
 
 TEST(Readout, OfReadingsAtOnePlaceTheNewestLiesOnTop) {
-  const Plotted plotted("1,60,50,mPa.s,20,C\n1,60,50,mPa.s,21,C\n1,60,50,mPa.s,22,C\n1,100,20,mPa.s,22,C\n");
+  const PlottedInPixels plotted(
+      "1,60,50,mPa.s,20,C\n1,60,50,mPa.s,21,C\n1,60,50,mPa.s,22,C\n1,100,20,mPa.s,22,C\n");
   const PlotPixels::Point at = plotted.Pixels().Of(plotted.graph.Values(), 0, Quantity::Visco);
   EXPECT_EQ(plotted.Near(at)->index, 2);
 }
 
 TEST(Readout, TheNearerCurveIsTold) {
-  const Plotted plotted("1,60,50,mPa.s,20,C\n1,120,55,mPa.s,35,C\n", GraphKind::ViscoTempTime);
+  const PlottedInPixels plotted("1,60,50,mPa.s,20,C\n1,120,55,mPa.s,35,C\n", GraphKind::ViscoTempTime);
   for (const Quantity quantity : {Quantity::Visco, Quantity::Temp}) {
     const PlotPixels::Point at = plotted.Pixels().Of(plotted.graph.Values(), 1, quantity);
     const auto near = plotted.Near(at);
     EXPECT_EQ(near->index, 1);
     EXPECT_EQ(near->quantity, quantity);
   }
-}
-
-TEST(Readout, TellsTheReadingAsItsTableDoes) {
-  Plotted plotted("1,00:00:05,12.50,mPa.s,25.3,C\n2,7,9,,,\n");
-  plotted.document.SetSampleName(1, "Lot 7");
-  const auto told = [&](Index index) { return ReadingTold(plotted.document, plotted.graph.Values(), index); };
-  EXPECT_THAT(told(0),
-              ElementsAre("No.1  Lot 7", "Time  00:00:05", "Viscosity  12.50 mPa.s", "Temp  25.3 C"));
-  EXPECT_THAT(told(1), ElementsAre("No.2", "Time  7", "Viscosity  9"));
-}
-
-TEST(Readout, BetweenTwoReadingsStandDifferencesAndTheSlope) {
-  const Plotted plotted("1,60,1000.1,mPa.s,20.1,C\n1,180,1000.3,mPa.s,20.2,C\n");
-  const auto between = [&](TimeUnit unit, GraphKind kind) {
-    return BetweenTold(plotted.graph.Values(), 0, 1, {unit, ViscoAxis::Linear}, kind);
-  };
-  EXPECT_THAT(between(TimeUnit::Minute, GraphKind::ViscoTime),
-              ElementsAre("A to B", "Time  +2 min", "Viscosity  +0.2", "Temp  +0.1", "Slope  +0.1 / min"));
-  EXPECT_EQ(between(TimeUnit::Second, GraphKind::ViscoTime)[4], "Slope  +0.001667 / s");
-  EXPECT_EQ(between(TimeUnit::Second, GraphKind::ViscoTemp)[4], "Slope  +2 / degree");
-  EXPECT_EQ(BetweenTold(plotted.graph.Values(), 1, 1, {}, GraphKind::ViscoTime).size(), 4u) << "no slope";
 }
 
 }  // namespace

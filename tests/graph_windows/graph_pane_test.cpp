@@ -2,6 +2,7 @@
 #include "graph/graph_pane.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QImage>
 #include <QPainter>
 #include <QTextDocument>
@@ -113,10 +114,13 @@ TEST(GraphPane, ACutNameIsWholeInItsToolTipWhateverItLooksLike) {
   GraphPane pane(bench.document, bench.live, bench.settings, bench.colors, nullptr);
   pane.resize(800, 600);
   pane.show();
-  const QString tip = pane.findChild<Caption*>(QStringLiteral("Label10[1]"))->toolTip();
+  auto* entry = pane.findChild<Caption*>(QStringLiteral("Label10[1]"));
+  QHelpEvent help(QEvent::ToolTip, {5, 5}, entry->mapToGlobal(QPoint(5, 5)));
+  QApplication::sendEvent(entry, &help);
   QTextDocument shown;
-  shown.setHtml(tip);
-  EXPECT_EQ(shown.toPlainText().simplified().toStdString(), name + " 30.25");
+  shown.setHtml(entry->toolTip());
+  EXPECT_EQ(shown.toPlainText().toStdString(),
+            name + "\nFirst: 0, 30.25 mPa.s, 25\nLast: 0, 30.25 mPa.s, 25\n1 reading");
 }
 
 TEST(GraphPane, AWhiteRunOnWhiteIsSeenInTheLegend) {

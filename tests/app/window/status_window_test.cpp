@@ -317,7 +317,7 @@ TEST_F(StatusWindowTest, TheGraphGoesToTheClipboardAndIntoAFile) {
       menu->close();
       item->trigger();
     });
-    emit picture->MenuWanted(QPoint(10, 10));
+    emit picture->MenuWanted(QPoint(10, 10), 0);
   };
   pick(0);
   EXPECT_FALSE(QApplication::clipboard()->image().isNull());
