@@ -159,7 +159,7 @@ TEST_F(PowerLoss, ASaveLeavesTheOldFileOrTheNewOneAndThenTheNewOne) {
   Session session(files_, {folder_.path().toStdString()}, false);
   std::string text = "No.,Time,Viscosity,Temp\r\n";
   for (int i = 0; i < 100'000; ++i) text += "1,00.0," + std::to_string(i) + ",25.0\r\n";
-  session.Load("a.csv", text, "");
+  session.Load("a.csv", data::ParseDataFile(text), "");
   const std::string path = Path("a.csv");
   ASSERT_FALSE(files_.Replace(path, "old"));
   Disk disk;
@@ -191,7 +191,7 @@ TEST_F(PowerLoss, ARunKeepsAllButTheReadingsOfTheLastTenSecondsAndAtItsEndAll) {
   session.List().Set(data::setting::kRepeat, 0);
   link::Measurement measurement({port, clock, Timer1, Timer2, loop, files_}, session.Document(),
                                 session.List(), folder_.path().toStdString());
-  session.Load("a.csv", "No.,Time,Viscosity\r\n1,00.0,6001\r\n1,01.0,6002\r\n", "");
+  session.Load("a.csv", data::ParseDataFile("No.,Time,Viscosity\r\n1,00.0,6001\r\n1,01.0,6002\r\n"), "");
   BeginRecording();
   ASSERT_FALSE(measurement.Start());
   const std::size_t started = calls.size();
