@@ -2,23 +2,13 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
 
-#include "app/window/main_window.h"
 #include "bench/readings.h"
-#include "platform/memory/memory_serial_port.h"
-#include "platform/memory/scripted_dialogs.h"
-#include "platform/memory/test_clipboard.h"
-#include "platform/memory/test_desktop.h"
-#include "platform/memory/test_printer.h"
-#include "platform/qt/qt_clock.h"
-#include "platform/qt/qt_event_loop.h"
-#include "platform/qt/qt_file_system.h"
-#include "platform/qt/qt_timer.h"
+#include "bench/window_of_bench.h"
 
 // The program's own window while an instrument sends as fast as a line allows, beside the same window while
 // it sends nothing: what share of a core each takes, and how soon a timer of the window's thread is served.
@@ -65,29 +55,9 @@ Load Watch(int milliseconds) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   const int seconds = argc > 1 ? std::atoi(argv[1]) : 60;
-  const QTemporaryDir folder;
-  platform::memory::MemorySerialPort MSComm1;
-  platform::qt::QtClock clock;
-  platform::qt::QtTimer Timer1;
-  platform::qt::QtTimer Timer2;
-  platform::qt::QtEventLoop loop;
-  platform::qt::QtFileSystem files;
-  platform::memory::ScriptedDialogs dialogs;
-  platform::memory::TestPrinter printer;
-  platform::memory::TestClipboard clipboard;
-  platform::memory::TestDesktop desktop;
-  const std::string data_file = folder.filePath(QStringLiteral("readings.csv")).toStdString();
-  files.Replace(data_file, bench::DataFileText(1'000'000, 19));
-
-  app::MainWindow window({.measurement = {MSComm1, clock, Timer1, Timer2, loop, files},
-                          .dialogs = dialogs,
-                          .printer = printer,
-                          .clipboard = clipboard,
-                          .desktop = desktop,
-                          .place = {folder.path().toStdString()},
-                          .look_for_devices = [] { return platform::Done(); },
-                          .name_of_port = [](int) { return std::string(); }});
-  window.OpenFile(data_file);
+  bench::WindowOfBench bench;
+  app::MainWindow& window = bench.window;
+  window.OpenFile(bench.Put(bench::DataFileText(1'000'000, 19)));
   window.resize(1200, 800);
   window.show();
   const Load idle = Watch(seconds * 1000 / 4);
@@ -105,7 +75,7 @@ int main(int argc, char** argv) {
       bench::AppendInstrumentLine(readings.Next(), lines);
       lines += "\r\n";
     }
-    MSComm1.Feed(lines);
+    bench.MSComm1.Feed(lines);
   });
   sending.start();
   instrument.start(kBurstMilliseconds);
