@@ -36,9 +36,14 @@ std::string LineText(const std::string& settings) {
   return std::string(settings.begin(), letter) + ' ' + std::string(letter, settings.end());
 }
 
-std::string_view ShortName(std::string_view device) { return device.substr(device.rfind('/') + 1); }
-
 }  // namespace
+
+std::string_view ShortDeviceName(std::string_view device) {
+  const std::size_t slash = device.rfind('/');
+  if (slash == device.npos || slash == 0) return device;
+  const bool only_a_number = std::ranges::all_of(device.substr(slash + 1), data::IsDigit);
+  return device.substr((only_a_number ? device.rfind('/', slash - 1) : slash) + 1);
+}
 
 Status::Status(Session& session, link::Measurement& measurement, const platform::Clock& clock,
                std::function<std::string(int)> name_of_port)
@@ -117,7 +122,7 @@ std::string Status::WaitsFor(double now) const {
 
 std::string Status::DeviceText(int port) const {
   const std::string device = name_of_port_(port);
-  return device.empty() ? "(no device)" : std::string(ShortName(device));
+  return device.empty() ? "(no device)" : std::string(ShortDeviceName(device));
 }
 
 std::string Status::PortField() const {
@@ -167,7 +172,7 @@ std::string Status::DevicesThere() const {
   for (int port = 1; port <= link::PortCount(session_.List()) && told < kMostTold; ++port) {
     const std::string device = name_of_port_(port);
     if (device.empty()) continue;
-    text += (told++ == 0 ? "" : ", ") + std::to_string(port) + " is " + std::string(ShortName(device));
+    text += (told++ == 0 ? "" : ", ") + std::to_string(port) + " is " + std::string(ShortDeviceName(device));
   }
   return text.empty() ? "no serial device is there" : text;
 }

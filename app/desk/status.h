@@ -28,6 +28,9 @@ struct StatusFields {
   bool running = false;
 };
 
+// A device as it is told apart from others: "ttyUSB0", "pts/2".
+std::string_view ShortDeviceName(std::string_view device);
+
 // Knows at any time what goes on, in words: the measurement, the document, and what was said last.
 //
 // Nothing is worked out before it is asked for, so a reading costs nothing here. The reason of an end stays

@@ -16,9 +16,6 @@ using platform::qt::ToQString;
 
 using platform::qt::DescribedMenu;
 
-// A device's own name, without the folder that all of them stand in.
-std::string_view ShortName(std::string_view device) { return device.substr(device.rfind('/') + 1); }
-
 using Captions = std::vector<std::string_view>;
 
 template <std::size_t N>
@@ -280,7 +277,7 @@ void Menus::ShowDevices() {
     Port.Item(port)->setToolTip(tip);
     Port.Item(port)->setStatusTip(tip);
     static_cast<DescribedMenu*>(Port.Menu())
-        ->SetBeside(Port.Item(port), ToQString(ShortName(device)), device.empty());
+        ->SetBeside(Port.Item(port), ToQString(ShortDeviceName(device)), device.empty());
   }
   TellOfUnreachableDevice();
 }

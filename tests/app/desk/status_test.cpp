@@ -264,5 +264,15 @@ TEST(CountText, GroupsThousands) {
   EXPECT_EQ(CountText(10000000, "reading", "readings"), "10,000,000 readings");
 }
 
+TEST(ShortDeviceName, TellsDevicesApart) {
+  EXPECT_EQ(ShortDeviceName("/dev/ttyUSB0"), "ttyUSB0");
+  EXPECT_EQ(ShortDeviceName("/dev/serial/by-id/usb-lab"), "usb-lab");
+  EXPECT_EQ(ShortDeviceName("/dev/pts/12"), "pts/12");
+  EXPECT_EQ(ShortDeviceName("COM3"), "COM3");
+  EXPECT_EQ(ShortDeviceName("virtual viscometer"), "virtual viscometer");
+  EXPECT_EQ(ShortDeviceName("/3"), "/3");
+  EXPECT_EQ(ShortDeviceName(""), "");
+}
+
 }  // namespace
 }  // namespace quenlor::app
