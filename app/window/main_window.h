@@ -57,6 +57,7 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   void EndNow();
 
   const data::Document& Document() const { return session_.Document(); }
+  const graph::LiveGraph& Graph() const { return session_.Graph(); }
 
   // The window that a box belongs to: this one, or the preview that stands in its place.
   QWidget* FrontWindow() const { return reports_.FrontWindow(); }

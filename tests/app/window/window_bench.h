@@ -7,6 +7,8 @@
 #include <memory>
 #include <string>
 
+#include <gtest/gtest.h>
+
 #include "app/window/main_window.h"
 #include "platform/memory/memory_file_system.h"
 #include "platform/memory/memory_serial_port.h"
