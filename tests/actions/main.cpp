@@ -17,6 +17,7 @@
 #include <optional>
 #include <string_view>
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -40,7 +41,9 @@ constexpr unsigned kLongestPlay = 120;  // seconds
 
 // In a process of its own: what fails may end it.
 int Play(std::uint64_t seed, int count, const Indices& chosen, bool tell) {
-  ::alarm(kLongestPlay);
+  const rlimit of_the_processor{kLongestPlay, kLongestPlay};
+  ::setrlimit(RLIMIT_CPU, &of_the_processor);
+  ::alarm(10 * kLongestPlay);
   int argc = 1;
   char name[] = "quenlor-action-fuzz";
   char* argv[] = {name, nullptr};
