@@ -10,6 +10,7 @@
 #include "graph/axis_labels.h"
 #include "graph/axis_limits.h"
 #include "graph/axis_ranges.h"
+#include "graph/missing_readings.h"
 #include "graph/plot_axes.h"
 #include "graph/value_arrays.h"
 #include "graph/view_history.h"
@@ -37,6 +38,11 @@ class LiveGraph : private data::DocumentListener {
   LiveGraph& operator=(const LiveGraph&) = delete;
 
   const ValueArrays& Values() const { return values_; }
+  // As of now; looked for when asked, in time that goes with what has come since.
+  const MissingReadings& Missing() const {
+    missing_.Follow(values_);
+    return missing_;
+  }
   const AutoScaling& Scaling() const { return scaling_; }
   GraphKind Kind() const { return kind_; }
   AxisView View() const;
@@ -101,6 +107,7 @@ class LiveGraph : private data::DocumentListener {
   const data::SettingsList& settings_;
   GraphView& view_;
   ValueArrays values_;
+  mutable MissingReadings missing_;
   AutoScaling scaling_;
   ViewHistory history_;
   GraphKind kind_ = GraphKind::ViscoTime;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "graph/readable_color.h"
 #include "graph/screen_color.h"
 #include "platform/qt/to_qstring.h"
 
@@ -15,6 +16,8 @@ namespace {
 using platform::qt::ToQString;
 
 constexpr double kAway = 14;  // pixels; of a plate from its reading
+constexpr double kTick = 2;   // pixels wide
+constexpr Color kWarning{0x0060E0};
 
 QString Lines(const std::vector<std::string>& lines) {
   QStringList texts;
@@ -76,6 +79,7 @@ void PlotOverlay::Follow(QSizeF size, int alone) {
   alone_ = alone;
   if (std::exchange(generation_, graph_.Values().Generation()) != graph_.Values().Generation()) Forget();
   FindNear();
+  ticks_.Follow(graph_.Missing(), graph_.Values(), Pixels(), alone_);
 }
 
 QPointF PlotOverlay::PlaceOf(Index index, Quantity quantity) const {
@@ -92,7 +96,12 @@ QColor PlotOverlay::ColorOf(Index index, Quantity quantity) const {
 
 std::vector<std::string> PlotOverlay::Told() const {
   if (!near_ || !Drawn()) return {};
-  return ReadingTold(document_, graph_.Values(), near_->index);
+  const ValueArrays& values = graph_.Values();
+  std::vector<std::string> lines = ReadingTold(document_, values, near_->index);
+  const std::size_t run = values.RunOf(near_->index);
+  const std::string holes = HolesTold(graph_.Missing().Within(values.Runs()[run].first, values.RunEnd(run)));
+  if (!holes.empty()) lines.push_back(holes);
+  return lines;
 }
 
 std::vector<std::string> PlotOverlay::Compared() const {
@@ -104,8 +113,18 @@ void PlotOverlay::Paint(QPainter& painter, const QPalette& palette, double ratio
   if (!Drawn()) return;
   painter.setRenderHint(QPainter::Antialiasing);
   marks_.Paint(painter, plot_.Axes(), size_, ratio, ToQColor(colors_.GridColor()));
+  PaintTicks(painter);
   PaintCompared(painter, palette);
   PaintNear(painter, palette);
+}
+
+// In the margin below the lower axis.
+void PlotOverlay::PaintTicks(QPainter& painter) const {
+  const QColor ink =
+      ToQColor(CanBeRead(kWarning, colors_.BackColor()) ? kWarning : EdgeOf(kWarning, colors_.BackColor()));
+  const double top = Pixels().Bottom() + 1;
+  for (const double x : ticks_.Places())
+    painter.fillRect(QRectF(x - kTick / 2, top, kTick, size_.height() - top), ink);
 }
 
 void PlotOverlay::PaintCompared(QPainter& painter, const QPalette& palette) const {

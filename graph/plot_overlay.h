@@ -11,6 +11,7 @@
 
 #include "graph/color_settings.h"
 #include "graph/live_graph.h"
+#include "graph/missing_ticks.h"
 #include "graph/plot.h"
 #include "graph/reading_told.h"
 #include "graph/readout.h"
@@ -19,7 +20,8 @@
 namespace quenlor::graph {
 
 // What lies over the kept plot and is painted anew with every paint: the cross-hair and the plate of the
-// reading at the pointer, marked readings and the two that are compared. Nothing of it is part of the graph.
+// reading at the pointer, marked readings, the two that are compared, and ticks under the time axis where
+// readings are missing or the clock was set. Nothing of it is part of the graph.
 class PlotOverlay {
  public:
   PlotOverlay(const Plot& plot, const data::Document& document, const LiveGraph& graph,
@@ -48,6 +50,7 @@ class PlotOverlay {
   QColor ColorOf(Index index, Quantity quantity) const;
   void PaintCompared(QPainter& painter, const QPalette& palette) const;
   void PaintNear(QPainter& painter, const QPalette& palette) const;
+  void PaintTicks(QPainter& painter) const;
   void FindNear();
 
   const Plot& plot_;
@@ -55,6 +58,7 @@ class PlotOverlay {
   const LiveGraph& graph_;
   const ColorSettings& colors_;
   SelectedMarks marks_;
+  MissingTicks ticks_;
   QSizeF size_;
   int alone_ = 0;
   std::uint64_t generation_ = 0;

@@ -19,6 +19,8 @@ class PlotPixels {
   };
   Point Of(const ValueArrays& values, Index index, Quantity quantity) const;
   double XOf(double x_value) const { return Across(axes_.X(x_value)); }
+  double Width() const { return axes_.PlotUnits().width * across_; }
+  double Bottom() const { return Down(PlotAxes::kHeight); }  // of the axes
   const PlotAxes& Axes() const { return axes_; }
 
  private:

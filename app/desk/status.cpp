@@ -162,6 +162,7 @@ std::string Status::DocumentField() const {
   } else if (document.EditedSinceSave()) {
     Add(text, "edited since saved");
   }
+  Add(text, graph::HolesTold(session_.Graph().Missing().Holes()));
   return text;
 }
 

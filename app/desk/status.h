@@ -23,7 +23,7 @@ struct StatusFields {
   std::string port;      // "Port 1 ttyUSB0 · 2400 E71 CR/LF": in use, or what Start would use
   std::string run;       // "Run 5 · 108 readings · 00:08:59"
   std::string ages;      // "last 0.8 s · next in 4 s"
-  std::string document;  // "resin.csv · 108 unsaved readings"
+  std::string document;  // "resin.csv · 108 unsaved readings · 1 gap, about 2 readings missing"
   Tone tone = Tone::kIdle;
   bool running = false;
 };

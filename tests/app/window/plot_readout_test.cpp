@@ -2,6 +2,7 @@
 // What the plot tells of its readings to a pointer, and how plot and tables point at each other.
 
 #include <QHelpEvent>
+#include <QLabel>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
@@ -126,6 +127,29 @@ TEST_F(PlotReadoutTest, MarksGoWhenReadingsAreOthers) {
   ASSERT_TRUE(WaitFor([&] { return !Shown("Label10[2]"); }));
   Picture();
   EXPECT_EQ(Told().find("A to B"), std::string::npos);
+}
+
+TEST_F(PlotReadoutTest, MissingReadingsAreMarkedAndCounted) {
+  Open();
+  std::string text = "No.,Time,Viscosity,Unit1,Temp\r\n";
+  for (int i = 0; i < 30; ++i) {
+    if (i == 12 || i == 13) continue;
+    text += "1," + std::to_string(5 * i) + ",50,mPa.s,20\r\n";
+  }
+  const QColor tick(0xE0, 0x60, 0x00);
+  files.Put("/d/whole.csv", "No.,Time,Viscosity\r\n1,0,50\r\n1,1,50\r\n");
+  files.Put("/d/x.csv", text);
+  window->OpenFile("/d/whole.csv");
+  ASSERT_TRUE(Becomes("Label10[1]", "No.1\n50"));
+  EXPECT_FALSE(Has(Picture(), tick));
+  window->OpenFile("/d/x.csv");
+  ASSERT_TRUE(WaitFor([&] { return Has(Picture(), tick); }));
+  EXPECT_EQ(Find<QLabel>("StatusDocument")->text(),
+            QStringLiteral("x.csv · 1 gap, about 2 readings missing"));
+  PointAt(At(0.1, 0.5));
+  EXPECT_NE(Told().find("1 gap, about 2 readings missing"), std::string::npos) << Told();
+  Tick("Option1[2]");
+  EXPECT_TRUE(WaitFor([&] { return !Has(Picture(), tick); })) << "there is no time axis";
 }
 
 TEST_F(PlotReadoutTest, TheTipOfTheKeysDoesNotCoverThePlate) {
