@@ -47,7 +47,7 @@ int main(int argc, char** argv) {
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   const app::CommandLine line = app::ParseCommandLine(arguments);
   if (line.help) return Say(app::HelpText());
-  if (line.version) return Say(app::WindowCaption(app::ThisVersion()) + "\n");
+  if (line.version) return Say(app::VersionText(app::ThisVersion(), qVersion()));
   if (!line.error.empty()) return RefuseUsage(line.error);
   if (const auto failed = app::CannotUseFolder(line.folder)) return RefuseUsage(failed->text);
   const auto viscometer = instrument::ParseOptions(line.instrument);

@@ -2,6 +2,7 @@
 #include "app/program.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include "app/decimal_point.h"
 #include "app/machine.h"
@@ -14,12 +15,27 @@
 #include "platform/qt/qt_printer.h"
 
 namespace quenlor::app {
+namespace {
+
+// By its name in the desktop's files the program finds itself there: its entry, its icon, its notices. Where
+// it is not installed it brings the icon along.
+void TellTheDesktop() {
+  const QString id = QStringLiteral("org.quenlor.Quenlor");
+  QGuiApplication::setDesktopFileName(id);
+  QIcon icon;
+  for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
+    icon.addFile(QStringLiteral(":/icons/%1.png").arg(size), {size, size});
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(id, icon));
+}
+
+}  // namespace
 
 struct Program::Parts {
   Parts(const CommandLine& line, const instrument::ViscometerOptions& viscometer)
       : machine(line, viscometer, ProgramFolder(line.folder), Machine::PortNumbers::kKept),
         dialogs([this] { return FrontWindow(); }),
         printer([this] { return FrontWindow(); }, [this] { return window->DocumentFolder(); }) {
+    TellTheDesktop();
     window = std::make_unique<MainWindow>(
         MainWindowPorts{.measurement = machine.Measurement(),
                         .dialogs = dialogs,

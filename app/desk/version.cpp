@@ -9,4 +9,9 @@ std::string WindowCaption(const Version& version) {
   return "Quenlor Ver." + version.major + "." + version.minor + version.revision + version.comment;
 }
 
+std::string VersionText(const Version& version, const std::string& qt_version) {
+  return WindowCaption(version) + "\n" + version.major + "." + version.minor + "." + version.revision +
+         version.comment + ", commit " + BuildCommit() + ", Qt " + qt_version + "\n";
+}
+
 }  // namespace quenlor::app

@@ -12,6 +12,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusUnixFileDescriptor>
+#include <QGuiApplication>
 #include <QVariantMap>
 #endif
 
@@ -58,9 +59,9 @@ void QtDesktop::Notify(const std::string& title, const std::string& text) {
       QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("/org/freedesktop/Notifications"),
       QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
   constexpr int kStays = 0;  // until it is dismissed
-  notify << QCoreApplication::applicationName() << uint{0} << QStringLiteral("quenlor")
-         << QString::fromStdString(title) << QString::fromStdString(text) << QStringList() << QVariantMap()
-         << kStays;
+  notify << QCoreApplication::applicationName() << uint{0} << QGuiApplication::desktopFileName()
+         << QString::fromStdString(title) << QString::fromStdString(text) << QStringList()
+         << QVariantMap{{QStringLiteral("desktop-entry"), QGuiApplication::desktopFileName()}} << kStays;
   QDBusConnection::sessionBus().asyncCall(notify);
 }
 

@@ -16,6 +16,7 @@ namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::MatchesRegex;
 using testing::StartsWith;
 
 struct Ended {
@@ -46,10 +47,12 @@ TEST(TheProgram, HelpsWithoutADisplay) {
   EXPECT_THAT(ended.errors, IsEmpty());
 }
 
-TEST(TheProgram, TellsItsVersionWithoutADisplay) {
+TEST(TheProgram, TellsItsVersionCommitAndQtWithoutADisplay) {
   const Ended ended = Call({"--version"});
   EXPECT_EQ(ended.code, 0);
-  EXPECT_THAT(ended.output, StartsWith("Quenlor Ver."));
+  EXPECT_THAT(
+      ended.output,
+      MatchesRegex("Quenlor Ver\\.[^\n]+\n[0-9]+\\.[0-9]+\\.[0-9]+, commit [-0-9a-z]+, Qt 6\\.[0-9.]+\n"));
 }
 
 TEST(TheProgram, EndsWith2OnWrongUsageAndSaysWhy) {
