@@ -29,7 +29,10 @@ Machine::Machine(const CommandLine& line, const instrument::ViscometerOptions& v
 }
 
 std::string Machine::NameOfPort(int port) {
-  return MSComm1_.HasOwn(port) ? "virtual viscometer" : ports_.Device(port);
+  if (MSComm1_.HasOwn(port)) return "virtual viscometer";
+  // One that the system does not list may be open all the same.
+  const bool is_open = system_port_.PortOpen() && system_port_.CommPort() == port;
+  return is_open ? ports_.Device(port) : ports_.Known(port);
 }
 
 }  // namespace quenlor::app

@@ -33,7 +33,7 @@ class Machine {
   platform::EventLoop& Loop() { return loop_; }
   const std::string& Folder() const { return folder_; }
   platform::Done LookForDevices() { return ports_.LookForDevices(); }
-  std::string NameOfPort(int port);  // empty when nothing is behind it
+  std::string NameOfPort(int port);  // empty when nothing is known behind it
 
  private:
   platform::qt::QtFileSystem files_;

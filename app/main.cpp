@@ -44,7 +44,7 @@ int main(int argc, char** argv) {
 
   app::GuardClosedStreams();
   // Help, version and wrong usage need no display, so they are dealt with before Qt is.
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  const std::vector<std::string> arguments = app::Arguments(argc, argv);
   const app::CommandLine line = app::ParseCommandLine(arguments);
   if (line.help) return Say(app::HelpText());
   if (line.version) return Say(app::VersionText(app::ThisVersion(), qVersion()));
@@ -68,5 +68,6 @@ int main(int argc, char** argv) {
   app::Program program(line, virtual_viscometer);
   if (!line.files.empty()) program.Window().OpenFile(line.files.front());
   program.Window().show();
+  app::LeaveConsole();
   return program.Run();
 }

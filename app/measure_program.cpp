@@ -2,7 +2,6 @@
 #include "app/measure_program.h"
 
 #include <QCoreApplication>
-#include <csignal>
 
 #include "app/decimal_point.h"
 #include "app/desk/unattended.h"
@@ -14,17 +13,6 @@
 #include "platform/qt/end_signals.h"
 
 namespace quenlor::app {
-namespace {
-
-// A reader that went away, and a file that may grow no more, are told by the write that fails.
-void FailInsteadOfDying() {
-#ifndef _WIN32
-  std::signal(SIGPIPE, SIG_IGN);
-  std::signal(SIGXFSZ, SIG_IGN);
-#endif
-}
-
-}  // namespace
 
 ExitStatus RunMeasureProgram(const CommandLine& line, const instrument::ViscometerOptions& viscometer,
                              int& argc, char** argv) {

@@ -9,6 +9,7 @@
 
 #include "app/program_name.h"
 #include "data/utf8.h"
+#include "platform/qt/native_file.h"
 
 namespace quenlor::app {
 namespace {
@@ -36,10 +37,10 @@ fs::path Whole(const std::string& folder) {
 
 platform::Done CannotUseFolder(const std::string& chosen) {
   if (chosen.empty()) return {};
-  std::error_code error;
-  if (fs::is_directory(chosen, error)) return {};
-  if (!error) error = std::make_error_code(std::errc::not_a_directory);
-  return platform::Cannot("use the folder " + chosen, {error.message()});
+  if (platform::qt::KindOfFile(chosen) == platform::qt::FileKind::kFolder) return {};
+  const platform::qt::Reason missing = platform::qt::FindFile(chosen);
+  return platform::Cannot("use the folder " + chosen,
+                          missing ? *missing : platform::Failure{"Not a directory"});
 }
 
 // Qt's lock files have names of text, and a name that is none came here with another character in its place.

@@ -3,20 +3,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdio>
 #include <memory>
 
 #include "app/batch_options.h"
+#include "app/terminal.h"
 #include "platform/qt/native_file.h"
-
-#ifndef _WIN32
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#else
-#include <io.h>
-#endif
 
 namespace quenlor::app {
 namespace {
@@ -31,39 +23,6 @@ platform::Result<std::string> ReadToEnd(std::FILE* file, const std::string& name
 }
 
 }  // namespace
-
-#ifndef _WIN32
-
-// Standard input is replaced by what cannot be read, the others by what cannot be written.
-void GuardClosedStreams() {
-  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    const bool closed = ::fcntl(stream, F_GETFD) < 0 && errno == EBADF;
-    if (closed && ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream) return;
-  }
-}
-
-static bool IsTerminal(std::FILE* stream) { return ::isatty(::fileno(stream)) != 0; }
-
-bool IsStream(const std::string& name) {
-  if (name == kStandardInput) return true;
-  struct stat file {};
-  struct stat input {};
-  if (::stat(name.c_str(), &file) != 0) return false;
-  if (S_ISFIFO(file.st_mode) || S_ISSOCK(file.st_mode)) return true;
-  const bool is_input =
-      ::fstat(STDIN_FILENO, &input) == 0 && file.st_dev == input.st_dev && file.st_ino == input.st_ino;
-  return S_ISCHR(file.st_mode) && is_input;
-}
-
-#else
-
-static bool IsTerminal(std::FILE* stream) { return ::_isatty(::_fileno(stream)) != 0; }
-
-void GuardClosedStreams() {}
-
-bool IsStream(const std::string& name) { return name == kStandardInput; }
-
-#endif
 
 platform::Result<std::string> ReadStream(const std::string& name) {
   if (name == kStandardInput) return ReadToEnd(stdin, name);
@@ -94,18 +53,20 @@ std::string ForTerminal(std::string_view text) {
 }
 
 platform::Done WriteStandardOutput(std::string_view text) {
-  const std::string shown = IsTerminal(stdout) ? ForTerminal(text) : std::string();
-  if (!shown.empty()) text = shown;
-  const bool written =
-      std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
-  if (written) return std::nullopt;
+  const bool written = IsTerminal(stdout) ? WriteToTerminal(stdout, ForTerminal(text))
+                                          : std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (written && std::fflush(stdout) == 0) return std::nullopt;
   return platform::Cannot("write to standard output", platform::qt::LastReason());
 }
 
 void Complain(std::string failure) {
   std::ranges::replace_if(
       failure, [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
-  std::fprintf(stderr, "quenlor: %s\n", failure.c_str());
+  const std::string line = "quenlor: " + failure + "\n";
+  if (IsTerminal(stderr))
+    WriteToTerminal(stderr, line);
+  else
+    std::fputs(line.c_str(), stderr);
 }
 
 }  // namespace quenlor::app

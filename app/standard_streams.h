@@ -3,16 +3,27 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/result.h"
 
-// The program's standard streams, and what else a shell hands over to be read once from its beginning to its
-// end.
+// What a shell gives a program: the words it was called with, its standard streams, and what else it hands
+// over to be read once from its beginning to its end.
 namespace quenlor::app {
+
+// The words after the program's own name, in UTF-8 where they are text.
+std::vector<std::string> Arguments(int argc, char** argv);
 
 // To be called before anything is opened: no file may come to stand where a stream was closed, or what is
 // said to the stream would be written into it. Whoever uses a closed stream fails as if it were still closed.
 void GuardClosedStreams();
+
+// For a program that goes on in its window: on Windows, where the prompt has long come back, neither Ctrl+C
+// there nor closing the console is meant for it.
+void LeaveConsole();
+
+// A reader that went away, and a file that may grow no more, are told by the write that fails.
+void FailInsteadOfDying();
 
 // Whether the name is that of a stream: "-", a pipe (the shell's "<(…)" is one), or standard input by its
 // path.

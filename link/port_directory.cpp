@@ -57,6 +57,7 @@ void PortDirectory::Parse(std::string text) {
 }
 
 bool PortDirectory::Assign(const std::vector<std::string>& present) {
+  present_ = present;
   bool changed = false;
   for (const auto& device : present) {
     // A name that would not come back from the text as it was cannot be kept there.
@@ -72,6 +73,12 @@ std::string PortDirectory::Device(int port) const {
   if (const auto found = overrides_.find(port); found != overrides_.end()) return found->second;
   if (const auto found = lines_.find(port); found != lines_.end()) return found->second;
   return naming_ == Naming::kCom ? ComName(port) : std::string();
+}
+
+std::string PortDirectory::Known(int port) const {
+  const bool has_line = overrides_.contains(port) || lines_.contains(port);
+  const bool is_there = std::find(present_.begin(), present_.end(), ComName(port)) != present_.end();
+  return has_line || is_there ? Device(port) : std::string();
 }
 
 bool PortDirectory::HasNumber(const std::string& device) const {

@@ -36,7 +36,9 @@ class PortDirectory {
   // overridden is not free: its device could not be reached in this run. True when the text changed.
   bool Assign(const std::vector<std::string>& present);
 
-  std::string Device(int port) const;  // empty when there is none
+  std::string Device(int port) const;  // what to open; empty when there is none
+  // The same, but for a port without a line only when its device was there at the last Assign.
+  std::string Known(int port) const;
   const std::string& Text() const { return text_; }
 
  private:
@@ -47,6 +49,7 @@ class PortDirectory {
   const Naming naming_;
   const Devices overrides_;
   Devices lines_;
+  std::vector<std::string> present_;  // at the last Assign
   std::string text_;
 };
 

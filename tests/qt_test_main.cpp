@@ -4,7 +4,9 @@
 // with any.
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -23,7 +25,13 @@ constexpr char kScreen[] = R"({
 bool UseScreen(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::WriteOnly) || file.write(kScreen) < 0) return false;
+#ifdef Q_OS_WIN
+  // A colon divides the words here, so the path goes without its drive, and the program to that drive.
+  if (!QDir::setCurrent(QFileInfo(path).path())) return false;
+  return qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + path.mid(2).toLocal8Bit());
+#else
   return qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + path.toLocal8Bit());
+#endif
 }
 
 }  // namespace

@@ -29,6 +29,12 @@ class PortsFile {
     return directory_.Device(port);
   }
 
+  // For those who list devices: empty where none was seen.
+  std::string Known(int port) {
+    if (!looked_) LookForDevices();
+    return directory_.Known(port);
+  }
+
  private:
   platform::FileSystem& files_;
   platform::SerialDevices& devices_;

@@ -6,6 +6,8 @@
 
 #include "platform/serial_port.h"
 
+class QSerialPort;
+
 namespace quenlor::platform::qt {
 
 // The path behind a device name, with links followed: programs agree on who holds a device only by its own
@@ -17,6 +19,9 @@ std::optional<OpenFailure> WhyUnusable(const std::string& device);
 
 // Which other programs have the device open, "minicom (process 1234)"; empty where the system tells of none.
 std::string WhoHolds(const std::string& device);
+
+// Why a device did not open that this user may use, in words.
+std::string WhyNotOpened(const QSerialPort& device);
 
 // Whose the device is and who asks for it.
 struct DeviceRights {

@@ -3,22 +3,7 @@
 
 #include "platform/serial_port.h"
 
-#ifdef __linux__
-#include <linux/serial.h>
-#include <sys/ioctl.h>
-#endif
-
 namespace quenlor::platform::qt {
-
-#ifdef __linux__
-std::optional<LineErrors> SystemLineErrors(DeviceHandle handle) {
-  serial_icounter_struct counters{};
-  if (::ioctl(handle, TIOCGICOUNT, &counters) != 0) return std::nullopt;
-  return LineErrors{counters.brk, counters.frame, counters.overrun, counters.buf_overrun, counters.parity};
-}
-#else
-std::optional<LineErrors> SystemLineErrors(DeviceHandle) { return std::nullopt; }
-#endif
 
 std::vector<int> EventsBetween(const LineErrors& before, const LineErrors& now) {
   std::vector<int> events;

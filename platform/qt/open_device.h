@@ -20,9 +20,12 @@ std::optional<int> SystemLineSpeed(DeviceHandle handle);
 
 // Whether a receiver at one speed understands a sender at the other: some converters report the exact rate of
 // their divider, 28811 for 28800. A device that fell back to another rate is farther away than that.
-bool SpeedsAgree(int asked, int real);
+constexpr bool SpeedsAgree(int asked, int real) {
+  const int apart = asked > real ? asked - real : real - asked;
+  return apart <= asked / 50;
+}
 
-// False once the device has disappeared; also where the system cannot tell.
+// False once the device has disappeared; also on a system that is not asked.
 bool DeviceAnswers(DeviceHandle handle);
 
 // Waits until the system's queue has been sent, at most that long, and discards what is left of it then: the

@@ -32,14 +32,6 @@ QSerialPort::StopBits StopBitsOf(StopBits stop_bits) {
   return stop_bits == StopBits::kOne ? QSerialPort::OneStop : QSerialPort::TwoStop;
 }
 
-std::string WhyNotOpened(const QSerialPort& device) {
-  // That the user may use the device is known by now, so what holds the lock is another program.
-  const QString locked =
-      QCoreApplication::translate("QSerialPort", "Permission error while locking the device");
-  if (device.errorString() == locked) return "Device or resource busy";
-  return device.errorString().toStdString();
-}
-
 void LetOutputLeave(QSerialPort& device) {
   const QDeadlineTimer deadline(kClosingTime);
   while (device.bytesToWrite() > 0 && !deadline.hasExpired()) {

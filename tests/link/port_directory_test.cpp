@@ -183,6 +183,28 @@ TEST(PortDirectory, ComPortsHaveTheirOwnNumbers) {
   EXPECT_FALSE(directory.Assign({"COM1", "COM5", "COM9"}));
 }
 
+TEST(PortDirectory, AComPortIsKnownOnceItWasSeenAndUntilItGoes) {
+  auto directory = ComDirectory("2=COM9\n", {{3, "COM8"}});
+  EXPECT_EQ(directory.Known(17), "") << "it may be opened, and nobody has seen it";
+
+  directory.Assign({"COM1", "COM17"});
+
+  EXPECT_EQ(directory.Known(1), "COM1");
+  EXPECT_EQ(directory.Known(2), "COM9");
+  EXPECT_EQ(directory.Known(3), "COM8");
+  EXPECT_EQ(directory.Known(4), "");
+  EXPECT_EQ(directory.Known(17), "COM17");
+  directory.Assign({"COM1"});
+  EXPECT_EQ(directory.Known(17), "");
+}
+
+TEST(PortDirectory, ADeviceWithALineIsKnownAlsoWhenItIsNotThere) {
+  auto directory = Directory("1=/dev/ttyUSB0\n");
+  directory.Assign({});
+  EXPECT_EQ(directory.Known(1), "/dev/ttyUSB0");
+  EXPECT_EQ(directory.Known(2), "");
+}
+
 TEST(PortDirectory, DevicesWithoutAComNumberGetOneThatNoComPortHas) {
   auto directory = ComDirectory("");
 

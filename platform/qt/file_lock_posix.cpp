@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/file_lock.h"
 
-#include <QtGlobal>
-
-#ifdef Q_OS_UNIX
 #include <cerrno>
 #include <fstream>
 #include <sstream>
@@ -12,26 +9,14 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#ifdef Q_OS_LINUX
+#ifdef __linux__
 #include <sys/sysmacros.h>
-#endif
-#else
-#include <QDir>
-#include <QString>
-
-#include <qt_windows.h>
 #endif
 
 namespace quenlor::platform::qt {
 namespace {
 
 class GrantedLock : public FileLock {};
-
-}  // namespace
-
-#ifdef Q_OS_UNIX
-
-namespace {
 
 bool IsThatFile(int file, const std::string& path) {
   struct stat held {};
@@ -81,7 +66,7 @@ std::unique_ptr<FileLock> LockFile(const std::string& path) {
   }
 }
 
-#ifdef Q_OS_LINUX
+#ifdef __linux__
 
 // A line of the system's list: "1: FLOCK ADVISORY WRITE 4711 08:01:1234 0 EOF".
 std::string LockHolder(const std::string& path) {
@@ -110,37 +95,6 @@ std::string LockHolder(const std::string& path) {
 }
 
 #else
-
-std::string LockHolder(const std::string&) { return {}; }
-
-#endif
-
-#else
-
-namespace {
-
-class HeldFile : public FileLock {
- public:
-  explicit HeldFile(HANDLE file) : file_(file) {}
-  ~HeldFile() override { ::CloseHandle(file_); }
-  HeldFile(const HeldFile&) = delete;
-  HeldFile& operator=(const HeldFile&) = delete;
-
- private:
-  HANDLE file_;
-};
-
-}  // namespace
-
-std::unique_ptr<FileLock> LockFile(const std::string& path) {
-  const QString name = QDir::toNativeSeparators(QString::fromStdString(path));
-  const HANDLE file =
-      ::CreateFileW(reinterpret_cast<const wchar_t*>(name.utf16()), GENERIC_READ | GENERIC_WRITE | DELETE, 0,
-                    nullptr, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-  if (file != INVALID_HANDLE_VALUE) return std::make_unique<HeldFile>(file);
-  if (::GetLastError() == ERROR_SHARING_VIOLATION) return nullptr;
-  return std::make_unique<GrantedLock>();
-}
 
 std::string LockHolder(const std::string&) { return {}; }
 

@@ -2,34 +2,16 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QCoreApplication>
-#include <QString>
-
-#ifdef Q_OS_WIN
-#include <windows.h>
-#else
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusUnixFileDescriptor>
 #include <QGuiApplication>
+#include <QString>
 #include <QVariantMap>
-#endif
 
 namespace quenlor::platform::qt {
-
-#ifdef Q_OS_WIN
-
-struct QtDesktop::Hold {
-  Hold() { SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED); }
-  ~Hold() { SetThreadExecutionState(ES_CONTINUOUS); }
-};
-
-void QtDesktop::Notify(const std::string& /*title*/, const std::string& /*text*/) {}
-
-void QtDesktop::KeepAwake(bool awake) { hold_ = awake ? std::make_shared<Hold>() : nullptr; }
-
-#else
 
 // logind keeps the machine awake as long as this descriptor is open.
 struct QtDesktop::Hold {
@@ -64,8 +46,6 @@ void QtDesktop::Notify(const std::string& title, const std::string& text) {
          << QVariantMap{{QStringLiteral("desktop-entry"), QGuiApplication::desktopFileName()}} << kStays;
   QDBusConnection::sessionBus().asyncCall(notify);
 }
-
-#endif
 
 QtDesktop::QtDesktop() = default;
 QtDesktop::~QtDesktop() = default;

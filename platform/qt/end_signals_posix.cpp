@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/end_signals.h"
 
-#include <QtGlobal>
-
-#ifdef Q_OS_UNIX
 #include <QSocketNotifier>
 #include <array>
 #include <cerrno>
@@ -13,11 +10,8 @@
 #include <fcntl.h>
 #include <sys/socket.h>
 #include <unistd.h>
-#endif
 
 namespace quenlor::platform::qt {
-
-#ifdef Q_OS_UNIX
 
 namespace {
 
@@ -72,14 +66,5 @@ EndSignals::~EndSignals() {
   waking_end = -1;
   for (const int end : parts_->ends) ::close(end);
 }
-
-#else
-
-struct EndSignals::Parts {};
-
-EndSignals::EndSignals(std::function<void()>) {}
-EndSignals::~EndSignals() = default;
-
-#endif
 
 }  // namespace quenlor::platform::qt

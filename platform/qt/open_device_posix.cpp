@@ -2,8 +2,6 @@
 // The only source that sees the kernel's own terminal structure: its header cannot stand beside <termios.h>.
 #include "platform/qt/open_device.h"
 
-#include <cstdlib>
-
 #ifdef __linux__
 #include <thread>
 
@@ -12,8 +10,6 @@
 #endif
 
 namespace quenlor::platform::qt {
-
-bool SpeedsAgree(int asked, int real) { return std::abs(asked - real) <= asked / 50; }
 
 #ifdef __linux__
 

@@ -2,9 +2,6 @@
 #include "platform/qt/replacement_file.h"
 
 #include <QFile>
-#include <QSaveFile>
-
-#ifdef Q_OS_UNIX
 #include <climits>
 #include <cstdio>
 #include <filesystem>
@@ -14,11 +11,8 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#endif
 
 namespace quenlor::platform::qt {
-
-#ifdef Q_OS_UNIX
 
 // QSaveFile would do all of this, but not for a name that is no UTF-8.
 
@@ -125,32 +119,5 @@ Reason ReplacementFile::TakeItsPlace() {
   SyncFolder(folder.empty() ? "." : folder.string());
   return {};
 }
-
-#else
-
-struct ReplacementFile::Parts {
-  QSaveFile file;
-};
-
-ReplacementFile::ReplacementFile(const std::string& path) : parts_(std::make_unique<Parts>()) {
-  parts_->file.setFileName(QString::fromStdString(path));
-  parts_->file.setDirectWriteFallback(true);
-}
-
-ReplacementFile::~ReplacementFile() = default;
-
-Reason ReplacementFile::Open() {
-  if (parts_->file.open(QIODevice::WriteOnly)) return {};
-  return LastReason(parts_->file);
-}
-
-QFileDevice& ReplacementFile::Device() { return parts_->file; }
-
-Reason ReplacementFile::TakeItsPlace() {
-  if (parts_->file.commit()) return {};
-  return LastReason(parts_->file);
-}
-
-#endif
 
 }  // namespace quenlor::platform::qt

@@ -1,0 +1,31 @@
+# 64-bit Windows by the cross compilers of MinGW-w64, with the Qt for it in the folder QUENLOR_WINDOWS_QT (a variable of
+# the environment or of the cache); the tools of Qt that run here are this system's. Without that folder only the parts
+# that need no Qt can be built.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+find_program(QUENLOR_MINGW NAMES x86_64-w64-mingw32-g++-posix x86_64-w64-mingw32-g++ REQUIRED)
+set(CMAKE_CXX_COMPILER ${QUENLOR_MINGW})
+string(REPLACE "g++" "gcc" CMAKE_C_COMPILER ${QUENLOR_MINGW})
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+
+if(NOT QUENLOR_WINDOWS_QT)
+  set(QUENLOR_WINDOWS_QT "$ENV{QUENLOR_WINDOWS_QT}")
+endif()
+set(QUENLOR_WINDOWS_QT "${QUENLOR_WINDOWS_QT}" CACHE PATH "The folder of a Qt for Windows")
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES QUENLOR_WINDOWS_QT)
+list(APPEND CMAKE_PREFIX_PATH ${QUENLOR_WINDOWS_QT})
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 ${QUENLOR_WINDOWS_QT})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
+set(QT_HOST_PATH /usr CACHE PATH "The Qt whose tools run here")
+file(GLOB QUENLOR_HOST_CMAKE /usr/lib/*/cmake/Qt6HostInfo)
+cmake_path(GET QUENLOR_HOST_CMAKE PARENT_PATH QUENLOR_HOST_CMAKE)
+set(QT_HOST_PATH_CMAKE_DIR "${QUENLOR_HOST_CMAKE}" CACHE PATH "")
+
+find_program(WINE NAMES wine64 wine)
+if(WINE)
+  set(CMAKE_CROSSCOMPILING_EMULATOR ${WINE})
+endif()
