@@ -17,6 +17,7 @@ class GuideWindow : public QTextBrowser {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  QVariant loadResource(int type, const QUrl& name) override;  // pictures, no wider than the window
 };
 
 // "About Quenlor": versions, and whose work is in it.

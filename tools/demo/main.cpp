@@ -8,47 +8,26 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDialog>
 #include <QDir>
-#include <QEventLoop>
 #include <QFileInfo>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <cstdio>
-#include <functional>
 #include <string_view>
 #include <variant>
 
 #include "app/program.h"
+#include "tools/demo/hand.h"
 
 namespace {
 
 using namespace quenlor;
+using demo::AnswerBox;
+using demo::Wait;
 
 constexpr int kRunMilliseconds = 9000;
 constexpr int kFailed = 1;
-
-void Wait(int milliseconds) {
-  QEventLoop loop;
-  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-  loop.exec();
-}
-
-// Fills in the next box with that text and accepts it.
-void AnswerBox(const QString& text) {
-  auto* look = new QTimer(qApp);
-  QObject::connect(look, &QTimer::timeout, look, [look, text] {
-    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (box == nullptr) return;
-    look->deleteLater();
-    box->findChild<QLineEdit*>()->setText(text);
-    box->accept();
-  });
-  look->start(50);
-}
 
 // Both curves, over seconds, as long as the runs are.
 void ChooseView(const app::MainWindow& window) {
