@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
+#include <QTimer>
 #include <cstdlib>
 #include <variant>
 
@@ -66,8 +67,10 @@ int main(int argc, char** argv) {
   if (const auto failed = app::CannotKeepFilesIn(app::ProgramFolder(line.folder)))
     return RefuseUsage(failed->text);
   app::Program program(line, virtual_viscometer);
-  if (!line.files.empty()) program.Window().OpenFile(line.files.front());
   program.Window().show();
+  // In the loop, where a bar shows how far it is and the close box ends it.
+  if (!line.files.empty())
+    QTimer::singleShot(0, &program.Window(), [&] { program.Window().OpenFile(line.files.front()); });
   app::LeaveConsole();
   return program.Run();
 }
