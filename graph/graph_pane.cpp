@@ -2,6 +2,7 @@
 #include "graph/graph_pane.h"
 
 #include <QContextMenuEvent>
+#include <QFontInfo>
 #include <QPainter>
 #include <QShortcut>
 #include <QWheelEvent>
@@ -119,6 +120,11 @@ void GraphPane::Hold(bool hold) {
 
 PlotSettings GraphPane::Settings() const { return PlotLook(graph_, settings_, colors_, Picture2->width()); }
 
+double GraphPane::LargestText() const {
+  constexpr double kBesideTheDesktop = 1.3;
+  return std::min(kLargestText, kBesideTheDesktop * QFontInfo(font()).pixelSize() * kTwipsPerPixel);
+}
+
 void GraphPane::LayoutLabels() {
   if (held_ || !isVisible()) return;
   const double twips_wide = width() * kTwipsPerPixel;
@@ -133,7 +139,8 @@ void GraphPane::LayoutLabels() {
   const auto text_width = [&](std::string_view text, double text_height) {
     return platform::qt::QtDrawingSurface::TextWidthIn(font(), text, text_height / pixel) * pixel;
   };
-  const LabelLayout layout = graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), texts, text_width);
+  const LabelLayout layout =
+      graph::LayoutLabels(twips_wide, twips_high, graph_.Kind(), texts, text_width, LargestText());
   const auto place = [this](auto& captions, const auto& placed, std::size_t from) {
     for (std::size_t i = from; i < captions.size(); ++i) captions[i]->Place(placed[i], colors_.BackColor());
   };
@@ -228,6 +235,10 @@ void GraphPane::paintEvent(QPaintEvent* /*event*/) {
   plot_.DrawPicture1(surface, surface.Whole(),
                      PlotLayout(static_cast<float>(drawn.width() * kTwipsPerPixel),
                                 static_cast<float>(drawn.height() * kTwipsPerPixel)));
+  // A sheet of its own, whatever the window's scheme and the graph's ground are.
+  painter.resetTransform();
+  painter.setPen(palette().color(QPalette::Mid));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 }  // namespace quenlor::graph

@@ -42,6 +42,10 @@ class GraphPane : public QWidget {
   // How the graph looks, as options and colours have it.
   PlotSettings Settings() const;
 
+  // How large letters may be here, in twips: a little larger than those of the desktop, however large the
+  // graph is.
+  double LargestText() const;
+
  signals:
   void Label5_DblClick(int Index);
   void Label6_DblClick(int Index);

@@ -9,7 +9,8 @@ namespace quenlor::graph {
 using platform::DrawingSurface;
 using platform::kTwipsPerPixel;
 
-void DrawGraphPicture(DrawingSurface& surface, const Plot& plot, const Captions& captions) {
+void DrawGraphPicture(DrawingSurface& surface, const Plot& plot, const Captions& captions,
+                      double largest_text) {
   const double pixels = std::max(surface.PenScale(), 1e-3);
   const double width = surface.Whole().width / pixels * kTwipsPerPixel;
   const double height = surface.Whole().height / pixels * kTwipsPerPixel;
@@ -19,7 +20,8 @@ void DrawGraphPicture(DrawingSurface& surface, const Plot& plot, const Captions&
   surface.SetViewport(areas.Picture1Viewport(surface.Whole()));
   const LabelLayout layout = LayoutLabels(
       width, height, plot.Axes().Kind(), captions,
-      [&](std::string_view text, double text_height) { return surface.TextWidth(text, text_height); });
+      [&](std::string_view text, double text_height) { return surface.TextWidth(text, text_height); },
+      largest_text);
 
   const PlotSettings& look = plot.Settings();
   const auto draw = [&](const auto& labels) {

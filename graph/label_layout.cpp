@@ -17,7 +17,6 @@ using platform::kTwipsPerPixel;
 constexpr double kSmallestText = 7 * kTwipsPerPixel;
 constexpr double kSmallestNumber = 5 * kTwipsPerPixel;  // that has no room in other letters
 constexpr double kSmallestLegendText = 8 * kTwipsPerPixel;
-constexpr double kLargestText = 24 * kTwipsPerPixel;
 constexpr double kShrunkText = 0.66;   // letters of a text before it is cut, as a part of the others
 constexpr double kAboveLegend = 0.2;   // free, in letters
 constexpr double kBar = 0.4;           // of a run, in letters
@@ -43,12 +42,14 @@ constexpr std::string_view kLongestDate = "2000/00/00 00:00:00";
 
 class Layout {
  public:
-  Layout(double width, double height, GraphKind kind, const Captions& texts, const TextMeasure& text_width)
+  Layout(double width, double height, GraphKind kind, const Captions& texts, const TextMeasure& text_width,
+         double largest_text)
       : unit_x_(width / 8),
         unit_y_(height / 13.5),
         kind_(kind),
         texts_(texts),
         text_width_(text_width),
+        largest_text_(std::max(largest_text, kSmallestText)),
         heading_(texts.Label10[0]) {}
 
   LabelLayout Place() {
@@ -73,12 +74,19 @@ class Layout {
     const double legend_bottom = PlaceLegend(title_below + line_ + kAboveLegend * result_.text_height);
     Write(result_.Label6[6], texts_.Label6[6],
           {X(0.1), std::max(legend_bottom, Y(13.48) - line_), X(7.8), line_}, TextSide::kLeft);
+    for (PlacedLabel& label : result_.Label10) KeepWithin(label);
+    KeepWithin(result_.Label6[6]);
     return std::move(result_);
   }
 
  private:
   double X(double units) const { return units * unit_x_; }
   double Y(double units) const { return units * unit_y_; }
+  // A graph can be too low for what stands below its axis; that is away then, instead of cut.
+  void KeepWithin(PlacedLabel& label) const {
+    const double below = label.box.top + label.box.height - Y(13.5);
+    if (below > 0.2 * label.text_height) label.visible = false;
+  }
   double PlotX(double place) const { return X(kPlotLeft + place * kPlotWidth); }
   double PlotY(double place) const { return Y(kPlotTop + (1 - place) * kPlotHeight); }
   // Below the plot, and below the lowest labels beside it.
@@ -97,7 +105,7 @@ class Layout {
   // Below the plot stand the numbers of its axis, the title, the legend and the remarks, and beside it the
   // longest label of an axis. `of_unit` are the letters that leave room for the former, as a part of a unit.
   double TextHeight(double of_unit) const {
-    double text_height = std::clamp(of_unit * unit_y_, kSmallestText, kLargestText);
+    double text_height = std::clamp(of_unit * unit_y_, kSmallestText, largest_text_);
     const auto fit = [&](std::string_view text, double units) {
       text_height =
           HeightToFit(text, X(units), text_height, kSmallestText,
@@ -278,6 +286,7 @@ class Layout {
   const GraphKind kind_;
   const Captions& texts_;
   const TextMeasure& text_width_;
+  const double largest_text_;
   double line_ = 0;
   double gap_ = 0;
   LabelLayout result_;
@@ -291,8 +300,9 @@ class Layout {
 }  // namespace
 
 LabelLayout LayoutLabels(double width, double height, GraphKind kind, const Captions& captions,
-                         const TextMeasure& text_width) {
-  return Layout(std::max(width, 0.0), std::max(height, 0.0), kind, captions, text_width).Place();
+                         const TextMeasure& text_width, double largest_text) {
+  return Layout(std::max(width, 0.0), std::max(height, 0.0), kind, captions, text_width, largest_text)
+      .Place();
 }
 
 }  // namespace quenlor::graph

@@ -46,12 +46,16 @@ struct LabelLayout {
   double text_height = 0;               // of most texts, in twips
 };
 
-// The layout of a graph area of that size. Letters are as large as the area allows, and small enough for the
-// numbers at the axes; the legend is divided as LegendPlan says. A title takes what room the file name and
-// the date leave it before it is cut, and a number is never shown in part. `text_width` gives a text's width
-// in twips as it will be drawn; where the labels of an axis would not fit side by side, only some of them are
+// Letters of a picture that is no part of a window, at most.
+inline constexpr double kLargestText = 24 * platform::kTwipsPerPixel;
+
+// The layout of a graph area of that size. Letters are as large as the area allows, up to `largest_text`
+// twips, and small enough for the numbers at the axes; the legend is divided as LegendPlan says. A title
+// takes what room the file name and the date leave it before it is cut, and a number is never shown in part.
+// Legend and remarks that a low graph has no room for are not visible. `text_width` gives a text's width in
+// twips as it will be drawn; where the labels of an axis would not fit side by side, only some of them are
 // visible.
 LabelLayout LayoutLabels(double width, double height, GraphKind kind, const Captions& captions,
-                         const TextMeasure& text_width);
+                         const TextMeasure& text_width, double largest_text = kLargestText);
 
 }  // namespace quenlor::graph

@@ -99,7 +99,7 @@ void TableAndGraph::Posi_Resize() {
   const int table_width = PixelsOf(left_ - 100);
   if (table_width > 0) tables_->setGeometry(0, 0, table_width, height());
   const int graph_left = PixelsOf(left_ + 100);
-  const int graph_width = PixelsOf(ScaleWidth() - (left_ + 100) - 200);
+  const int graph_width = PixelsOf(ScaleWidth() - (left_ + 100) - posi::kRightOfGraph);
   Picture1->move(graph_left, 0);
   if (graph_width > 0 && height() > 0) Picture1->resize(graph_width, height());
 }

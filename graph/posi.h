@@ -12,6 +12,7 @@ namespace quenlor::graph {
 namespace posi {
 
 inline constexpr int kWidth = 100;
+inline constexpr int kRightOfGraph = 200;  // free
 
 // Whether the bar may be dragged to that left edge: the table keeps 3600, the graph 2000.
 bool MayMoveTo(double left, double window_width);

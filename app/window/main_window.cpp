@@ -79,7 +79,8 @@ void MainWindow::BuildWindow() {
   setAcceptDrops(true);
   auto* centre = new QWidget(this);
   auto* controls = new QHBoxLayout;
-  controls->setContentsMargins(0, 0, kEdge, 0);
+  controls->setContentsMargins(0, 0, graph::posi::kRightOfGraph / static_cast<int>(platform::kTwipsPerPixel),
+                               0);
   controls->setSpacing(kSpacing);
   controls->addWidget(&panel_);
   controls->addWidget(&choices_);
@@ -195,10 +196,9 @@ void MainWindow::ShowGraphMenu(const QPoint& at, int run) {
     hide->setChecked(Picture1.Alone() == run);
     menu.addSeparator();
   }
-  menu.addAction(tr("&Copy Picture"), this,
-                 [this] { pictures_.CopyPicture(Picture1.size(), Picture1.devicePixelRatioF()); });
+  menu.addAction(tr("&Copy Picture"), this, [this] { pictures_.CopyPicture(Picture1); });
   menu.addAction(tr("&Save Picture..."), this,
-                 [this] { commands_.Run([this] { pictures_.SavePicture(Picture1.size()); }); });
+                 [this] { commands_.Run([this] { pictures_.SavePicture(Picture1); }); });
   menu.addSeparator();
   menu.addAction(tr("&Whole Range"), this, [this] { choices_.ShowWholeRange(); });
   menu.exec(at);

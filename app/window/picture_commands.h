@@ -7,6 +7,7 @@
 
 #include "app/desk/session.h"
 #include "app/desk/status.h"
+#include "graph/graph_pane.h"
 #include "platform/dialogs.h"
 
 namespace quenlor::app {
@@ -17,13 +18,13 @@ class PictureCommands {
   PictureCommands(Session& session, platform::Dialogs& dialogs, Status& status)
       : session_(session), dialogs_(dialogs), status_(status) {}
 
-  // `pixels` is the size of the graph in the window.
-  void CopyPicture(QSize pixels, double ratio);
-  void SavePicture(QSize pixels);
+  // As large as in the window, and in letters of that size.
+  void CopyPicture(const graph::GraphPane& pane);
+  void SavePicture(const graph::GraphPane& pane);
 
  private:
   std::string Drawn(std::string (*picture)(QSize, const std::function<void(platform::DrawingSurface&)>&),
-                    QSize pixels) const;
+                    QSize pixels, double largest_text) const;
 
   Session& session_;
   platform::Dialogs& dialogs_;

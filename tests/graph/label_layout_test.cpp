@@ -149,6 +149,32 @@ TEST(LabelLayout, ASizeOfNothingLeavesReadableLettersInPlaces) {
   }
 }
 
+TEST(LabelLayout, WhatALowGraphHasNoRoomForIsAwayInsteadOfCut) {
+  for (double height = 2500; height < 9000; height += 250) {
+    const LabelLayout layout =
+        LayoutLabels(9000, height, GraphKind::ViscoTime, Labels(ViscoAxis::Linear), TextWidth);
+    for (const Placed& placed : Visible(layout))
+      EXPECT_LE(placed.label.box.top + placed.label.box.height, height + 0.2 * layout.text_height + 1)
+          << placed.name << " at " << height;
+    EXPECT_EQ(layout.Label10[1].visible, layout.Label10[2].visible);
+  }
+  const LabelLayout low =
+      LayoutLabels(9000, 3000, GraphKind::ViscoTime, Labels(ViscoAxis::Linear), TextWidth);
+  EXPECT_FALSE(low.Label10[1].visible);
+  EXPECT_TRUE(low.Label7[1].visible);
+}
+
+TEST(LabelLayout, LettersGrowWithTheAreaUpToWhatIsSaid) {
+  const auto letters = [](double size, double largest) {
+    return LayoutLabels(1.5 * size, size, GraphKind::ViscoTime, Labels(ViscoAxis::Linear), TextWidth, largest)
+        .text_height;
+  };
+  EXPECT_EQ(letters(6000, 16 * 15), letters(6000, kLargestText));
+  EXPECT_EQ(letters(15000, 16 * 15), 16 * 15);
+  EXPECT_GT(letters(15000, kLargestText), 16 * 15);
+  EXPECT_GE(letters(15000, 0), 7 * 15);  // legible, whatever is said
+}
+
 TEST(LabelLayout, ASingleLongValueTakesTheFreePlacesBesideIt) {
   Captions captions = Labels(ViscoAxis::Linear);
   for (std::size_t run = 2; run <= 10; ++run) captions.Label10[run].clear();

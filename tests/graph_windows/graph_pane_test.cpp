@@ -86,16 +86,18 @@ TEST(GraphPane, CutsNothingOffTheLettersOfItsCaptions) {
         platform::qt::QtDrawingSurface surface(painter, picture.size(), ratio);
         Plot plot(bench.live.Values());
         plot.Set(pane.Settings(), bench.document.Ranges());
-        DrawGraphPicture(surface, plot, CaptionsOf(bench.document, bench.live));
+        DrawGraphPicture(surface, plot, CaptionsOf(bench.document, bench.live), pane.LargestText());
       }
       // In the picture nothing is cut. A line of letters may stand a pixel higher there.
       const QRect plot = pane.findChild<QWidget*>(QStringLiteral("Picture2"))->geometry();
+      const QRectF within_the_hairline = QRectF(pane.rect()).adjusted(1, 1, -1.01, -1.01);
       const auto ink_around_the_plot = [&](const QImage& image) {
         long long ink = 0;
         for (int y = 0; y < image.height(); ++y) {
           for (int x = 0; x < image.width(); ++x) {
             const QPointF at = QPointF(x, y) / ratio;
-            if (!plot.adjusted(-2, -2, 2, 2).contains(at.toPoint())) ink += 255 - qGray(image.pixel(x, y));
+            const bool around = !plot.adjusted(-2, -2, 2, 2).contains(at.toPoint());
+            if (around && within_the_hairline.contains(at)) ink += 255 - qGray(image.pixel(x, y));
           }
         }
         return ink;
