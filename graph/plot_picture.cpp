@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graph/plot_picture.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -25,6 +26,12 @@ constexpr double kNotch = 120;          // of a wheel, in Qt's eighths of a degr
 constexpr int kRestMilliseconds = 800;  // between two turns of a wheel that are no longer one
 constexpr double kKeyShove = 0.1;       // of the plot, by an arrow
 
+// An image for whoever cannot see it, and what its keys are.
+QAccessibleInterface* Describe(const QString& /*class_name*/, QObject* object) {
+  auto* plot = qobject_cast<PlotPicture*>(object);
+  return plot != nullptr ? new QAccessibleWidget(plot, QAccessible::Graphic) : nullptr;
+}
+
 Along AlongOf(Qt::KeyboardModifiers keys) {
   if (keys.testFlag(Qt::ShiftModifier)) return Along::Across;
   return keys.testFlag(Qt::ControlModifier) ? Along::Up : Along::Both;
@@ -41,6 +48,9 @@ PlotPicture::PlotPicture(const Plot& plot, const data::Document& document, LiveG
       runs_(plot, graph.Values()),
       overlay_(plot, document, graph, colors),
       hand_(graph) {
+  // Before anything is told of it, for what it is then stays.
+  static const bool installed = (QAccessible::installFactory(Describe), true);
+  Q_UNUSED(installed)
   setObjectName(QStringLiteral("Picture2"));
   setAccessibleName(tr("Graph"));
   const QString keys =

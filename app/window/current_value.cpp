@@ -57,11 +57,14 @@ void CurrentValue::ShowNewest() {
     if (!whose_.isEmpty()) whose_ += QStringLiteral(" \u00B7 ");
     whose_ += ToShortQString(document.Grid1().TextMatrix(row, 1));
   }
-  setAccessibleName(row < 1 ? QString()
-                            : QStringLiteral("%1 %2, %3 %4, %5")
-                                  .arg(visco_.number, visco_.unit, temp_.number, temp_.unit, whose_)
-                                  .simplified());
   update();
+}
+
+QString CurrentValue::Spoken() const {
+  if (whose_.isEmpty()) return {};
+  return QStringLiteral("%1 %2, %3 %4, %5")
+      .arg(visco_.number, visco_.unit, temp_.number, temp_.unit, whose_)
+      .simplified();
 }
 
 // Right-aligned lines, as large as the height allows; a number that does not fit is not shown at all.

@@ -16,6 +16,7 @@ class CurrentValue : public QWidget {
   CurrentValue(const Session& session, QWidget* parent);
 
   void ShowNewest();
+  QString Spoken() const;  // what is shown, as a sentence; empty when there is nothing
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -19,9 +19,9 @@ int ToCount(data::Document::Row rows) {
   return static_cast<int>(std::min<data::Document::Row>(rows, std::numeric_limits<int>::max()));
 }
 
-// Figures stand on the right, so that their places stand below each other.
+// Figures and times stand on the right, so that their places stand below each other.
 Qt::Alignment SideOf(std::string_view text) {
-  const bool figure = !text.empty() && text.find_first_not_of("0123456789+-.,eE ") == std::string_view::npos;
+  const bool figure = !text.empty() && text.find_first_not_of("0123456789+-.,:eE ") == std::string_view::npos;
   return (figure ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 

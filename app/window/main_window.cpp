@@ -44,6 +44,7 @@ MainWindow::MainWindow(const MainWindowPorts& ports)
       panel_(*new MeasurePanel(session_, measurement_, ports.dialogs, commands_, status_, progress_, this)),
       choices_(*new GraphChoices(session_, this)),
       value_(*new CurrentValue(session_, this)),
+      announcer_(*new Announcer(measurement_, value_, status_line_.Message(), this)),
       tables_(*new TablesPane(session_, panel_.ReceivedData(), this)),
       Picture1(*new graph::GraphPane(session_.Document(), session_.Graph(), session_.List(),
                                      session_.Colors(), this)),
@@ -69,6 +70,7 @@ MainWindow::MainWindow(const MainWindowPorts& ports)
 MainWindow::~MainWindow() {
   session_.Document().RemoveListener(refresh_);
   measurement_.RemoveListener(refresh_);
+  delete &announcer_;
   delete takeCentralWidget();
   delete &menus_;
 }
@@ -303,6 +305,7 @@ int MainWindow::ShowNews(bool whole) {
   }
   panel_.ShowLine();
   value_.ShowNewest();
+  announcer_.TellReading(value_.Spoken());
   return milliseconds;
 }
 

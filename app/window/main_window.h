@@ -8,6 +8,7 @@
 
 #include "app/desk/document_commands.h"
 #include "app/desk/vigil.h"
+#include "app/window/announcer.h"
 #include "app/window/current_value.h"
 #include "app/window/edits.h"
 #include "app/window/graph_choices.h"
@@ -110,6 +111,7 @@ class MainWindow : public QMainWindow, private DocumentCommandsView {
   MeasurePanel& panel_;
   GraphChoices& choices_;
   CurrentValue& value_;
+  Announcer& announcer_;
   TablesPane& tables_;
   graph::GraphPane& Picture1;
   graph::TableAndGraph& halves_;

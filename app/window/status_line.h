@@ -23,6 +23,8 @@ class StatusLine : public QObject {
 
   void Show();  // as it is now
 
+  QWidget& Message() const { return *message_; }  // shows what was said last
+
   // Says something that can be done about; the offer stays until one of both was chosen or something else is
   // said.
   void Offer(const std::string& text, const QString& deed, std::function<void()> take,
