@@ -178,6 +178,7 @@ QGroupBox* MeasurePanel::BuildMeasureFrame() {
   Command2->setEnabled(false);
   Combo1->setAcceptDrops(false);  // files dropped on the window are documents, wherever they fall
   Combo1->lineEdit()->setAcceptDrops(false);
+  Combo1->lineEdit()->setAccessibleName(Combo1->accessibleName());  // whoever types is told where
   Combo1->setMinimumWidth(fontMetrics().averageCharWidth() * 13);
 
   // What the eye finds first.

@@ -110,7 +110,7 @@ class TreeWalk {
     const bool focusable = widget != nullptr && (widget->focusPolicy() & Qt::TabFocus) &&
                            !widget->isWindow() && widget->focusProxy() == nullptr;
     if (focusable || IsControl(at->role())) LookAt(*at, focusable);
-    if (at->role() == QAccessible::Table || at->role() == QAccessible::ComboBox) return;
+    if (at->role() == QAccessible::Table) return;
     for (int i = 0; i < at->childCount(); ++i) Walk(at->child(i));
   }
 
