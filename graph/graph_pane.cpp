@@ -237,8 +237,9 @@ void GraphPane::paintEvent(QPaintEvent* /*event*/) {
                                 static_cast<float>(drawn.height() * kTwipsPerPixel)));
   // A sheet of its own, whatever the window's scheme and the graph's ground are.
   painter.resetTransform();
-  painter.setPen(palette().color(QPalette::Mid));
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  for (const QRect& side : {QRect(0, 0, width(), 1), QRect(0, height() - 1, width(), 1),
+                            QRect(0, 0, 1, height()), QRect(width() - 1, 0, 1, height())})
+    painter.fillRect(side, palette().color(QPalette::Mid));
 }
 
 }  // namespace quenlor::graph

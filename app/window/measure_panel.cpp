@@ -23,7 +23,7 @@ namespace {
 namespace setting = data::setting;
 using platform::qt::ToQString;
 
-constexpr double kButtonContrast = 7.5;  // of a word to its button
+constexpr double kButtonContrast = 9;  // of a word to its button
 
 }  // namespace
 

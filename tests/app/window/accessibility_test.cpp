@@ -222,8 +222,11 @@ QRect TextOf(const QWidget& widget) {
     return widget.style()->subElementRect(QStyle::SE_CheckBoxContents, &button, &widget);
   if (const auto* radio = qobject_cast<const QRadioButton*>(&widget); radio && !radio->text().isEmpty())
     return widget.style()->subElementRect(QStyle::SE_RadioButtonContents, &button, &widget);
-  if (const auto* push = qobject_cast<const QPushButton*>(&widget); push && !push->text().isEmpty())
-    return whole.adjusted(6, 6, -6, -6);
+  if (const auto* push = qobject_cast<const QPushButton*>(&widget); push && !push->text().isEmpty()) {
+    // Styles shade a button from its upper to its lower edge.
+    const int beside = (whole.height() - push->fontMetrics().height()) / 2;
+    return whole.adjusted(6, beside, -6, -beside);
+  }
   if (const auto* label = qobject_cast<const QLabel*>(&widget); label && !label->text().trimmed().isEmpty())
     return whole;
   if (const auto* edit = qobject_cast<const QLineEdit*>(&widget); edit && !edit->text().isEmpty())
