@@ -94,6 +94,7 @@ std::optional<platform::OpenFailure> Measurement::Start(const data::Progress& pr
   UpdateRepeatTimer();
   Timer2_.Enabled(false);
   for (MeasurementListener* listener : listeners_) listener->Started();
+  TakeWaiting();
   return {};
 }
 
@@ -110,7 +111,10 @@ std::optional<platform::OpenFailure> Measurement::OpenPort(const data::Progress&
   StateChanged();
   loop_.Paint();
   MSComm1_.RTSEnable(true);
-  if (const auto failed = raw_log_.RewriteRawLog(port->CommPort, progress)) {
+  opening_log_ = true;
+  const auto failed = raw_log_.RewriteRawLog(port->CommPort, progress);
+  opening_log_ = false;
+  if (failed) {
     ClosePort();
     return platform::OpenFailure{"", failed->text, ""};
   }
@@ -119,8 +123,11 @@ std::optional<platform::OpenFailure> Measurement::OpenPort(const data::Progress&
   return platform::OpenFailure{"", "the device has gone", ""};
 }
 
-// What arrived before a timer, a click or the end got its turn came first.
-void Measurement::TakeWaiting() { reception_.TakeWaiting(); }
+// What arrived before a timer, a click or the end got its turn came first. While the raw log is written there
+// is none yet that a reading could be added to.
+void Measurement::TakeWaiting() {
+  if (!opening_log_) reception_.TakeWaiting();
+}
 
 void Measurement::Stop(Ending why) {
   if (!Running() || stopping_) return;
@@ -238,6 +245,7 @@ void Measurement::Timer2_Timer() {
 }
 
 void Measurement::OnComm(int CommEvent) {
+  if (opening_log_ && CommEvent == platform::comm_event::kReceive) return;
   reception_.MSComm1_OnComm(CommEvent);
   if (CommEvent != platform::comm_event::kPortGone) return;
   TakeWaiting();

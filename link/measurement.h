@@ -81,7 +81,8 @@ class Measurement {
   std::string RawLogPath() const { return raw_log_.Path(CommPort()); }
 
   // Opens the port of the settings and starts. On failure the measurement is stopped and nothing was sent.
-  // `progress` is told while a large raw log is written, and cannot leave it.
+  // `progress` is told while a large raw log is written, and cannot leave it; it may serve events. What arrives
+  // meanwhile waits at the port.
   std::optional<platform::OpenFailure> Start(const data::Progress& progress = {});
 
   // Ends the measurement; with the Visco option "STOP" is sent and the instrument has two seconds to take it.
@@ -135,6 +136,7 @@ class Measurement {
   double last_tick_ = 0;       // when the clock was last looked at for it
   double set_ahead_ = 0;       // by how much the clock was, or back below 0, since the first line
   bool stopping_ = false;
+  bool opening_log_ = false;
   bool measuring_ = false;      // from Start to the end that listeners are told of
   bool auto_stopping_ = false;  // "STOP" was sent since the set time is over
   double started_at_ = 0;

@@ -71,8 +71,10 @@ void MeasurePanel::Command1_Click() {
   commands_.Run([this] {
     if (measurement_.Running()) return measurement_.Stop();
     const auto not_kept = session_.Settings().SaveSettings();
-    const auto failure = measurement_.Start(
-        [this](double part) { return progress_.Tell("Writing the raw log", part, false); });
+    const auto failure = measurement_.Start([this](double part) {
+      progress_.TellAndAnswer("Writing the raw log", part);
+      return true;
+    });
     progress_.Done();
     if (!failure) {
       if (not_kept) status_.Say(not_kept->text);

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLayout>
 
+#include "platform/qt/qt_busy_pointer.h"
 #include "platform/qt/to_qstring.h"
 
 namespace quenlor::app {
@@ -26,20 +27,12 @@ ProgressBar::ProgressBar(QWidget* parent) : QProgressBar(parent) {
 
 bool ProgressBar::Tell(const std::string& what, double part, bool may_leave) {
   if (!window()->isVisible()) return true;
-  if (!begun_.isValid()) {
-    begun_.start();
-    left_ = false;
-    qApp->installEventFilter(this);
-    // The box that asked for the file goes first.
-    if (may_leave) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  }
+  // The box that asked for the file goes first.
+  if (Begin() && may_leave) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   if (!may_leave && quiet_ != nullptr) quiet_->setUpdatesEnabled(false);
   if (begun_.elapsed() < kSoon) return true;
-  if (painted_.isValid() && painted_.elapsed() < kBetween) return !left_;
-  painted_.start();
-  setFormat(platform::qt::ToQString(what) + QStringLiteral(" %p%"));
+  if (!Show(what, part)) return !left_;
   setToolTip(may_leave ? tr("Esc leaves it") : QString());
-  setValue(static_cast<int>(part * 100));
   if (may_leave) {
     show();
     QCoreApplication::processEvents();
@@ -47,6 +40,34 @@ bool ProgressBar::Tell(const std::string& what, double part, bool may_leave) {
     PaintNow();
   }
   return !left_;
+}
+
+void ProgressBar::TellAndAnswer(const std::string& what, double part) {
+  if (!window()->isVisible()) return;
+  Begin();
+  if (begun_.elapsed() < kSoon || !Show(what, part)) return;
+  if (!pointer_) pointer_.emplace(platform::qt::ShowBusyPointer);
+  setToolTip({});
+  show();
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+// True for the first word of a work.
+bool ProgressBar::Begin() {
+  if (begun_.isValid()) return false;
+  begun_.start();
+  left_ = false;
+  qApp->installEventFilter(this);
+  return true;
+}
+
+// False where it has been shown just before.
+bool ProgressBar::Show(const std::string& what, double part) {
+  if (painted_.isValid() && painted_.elapsed() < kBetween) return false;
+  painted_.start();
+  setFormat(platform::qt::ToQString(what) + QStringLiteral(" %p%"));
+  setValue(static_cast<int>(part * 100));
+  return true;
 }
 
 void ProgressBar::PaintNow() {
@@ -62,6 +83,7 @@ void ProgressBar::Done() {
   if (!begun_.isValid()) return;
   begun_.invalidate();
   painted_.invalidate();
+  pointer_.reset();
   qApp->removeEventFilter(this);
   hide();
   if (quiet_ != nullptr) quiet_->setUpdatesEnabled(true);

@@ -234,5 +234,20 @@ TEST(Measurement, OnAClosedPortACommandDoesNothing) {
   EXPECT_FALSE(bench.Timer2.Enabled());
 }
 
+TEST(Measurement, WhatArrivesWhileTheRawLogIsWrittenFollowsInTableAndLog) {
+  Bench bench;
+  bench.New();
+  bench.while_writing_the_raw_log = [&] {
+    bench.Line("7001");
+    bench.measurement.Timer1_Timer();
+    EXPECT_EQ(bench.document.Grid1().EntryRow(), 1) << "no log could take it yet";
+  };
+  bench.Start();
+  bench.while_writing_the_raw_log = {};
+  bench.Line("7002");
+  EXPECT_EQ(Column(bench.document.Grid1(), 2), (Texts{"7001", "7002"}));
+  EXPECT_EQ(Column(data::ParseDataFile(bench.RawLogText()).table, 2), (Texts{"7001", "7002"}));
+}
+
 }  // namespace
 }  // namespace quenlor::link

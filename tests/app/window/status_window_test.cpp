@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QStatusBar>
+#include <ctime>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -201,6 +202,38 @@ TEST_F(StatusWindowTest, WhatMayNotBeLeftPaintsOnlyItself) {
   EXPECT_EQ(turns, 0) << "nothing else was served";
   bar.Done();
   EXPECT_TRUE(Find<QWidget>("Picture1")->updatesEnabled());
+}
+
+TEST_F(StatusWindowTest, WorkUponAWholeDocumentLetsTheWindowAnswerUnderAWaitingPointer) {
+  Open();
+  ProgressBar bar(window->statusBar());
+  bar.KeepQuiet(Find<QWidget>("Picture1"));
+  bar.TellAndAnswer("Writing the raw log", 0.1);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "it may be short";
+  QTest::qWait(300);
+  int turns = 0;
+  QTimer::singleShot(0, window.get(), [&] { ++turns; });
+  bar.TellAndAnswer("Writing the raw log", 0.5);
+  EXPECT_TRUE(bar.isVisible());
+  EXPECT_EQ(bar.text(), "Writing the raw log 50%");
+  EXPECT_EQ(turns, 1);
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  EXPECT_TRUE(Find<QWidget>("Picture1")->updatesEnabled());
+  bar.Done();
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(StatusWindowTest, LinesOfThousandsOfCommasAreShownWithoutDelay) {
+  Open();
+  Click("Command1");
+  const std::clock_t before = std::clock();
+  for (int line = 0; line < 20; ++line) Line(std::string(8000, ','));
+  Find<QTimer>("Refresh")->stop();
+  QMetaObject::invokeMethod(Find<QTimer>("Refresh"), "timeout");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window->Document().Grid1().Cols(), 2 + 8001);
+  EXPECT_LT(static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC, 1) << "of the processor, some 30 ms";
 }
 
 TEST_F(StatusWindowTest, KeysDoWhatClicksDo) {
