@@ -81,8 +81,8 @@ class Measurement {
   std::string RawLogPath() const { return raw_log_.Path(CommPort()); }
 
   // Opens the port of the settings and starts. On failure the measurement is stopped and nothing was sent.
-  // `progress` is told while a large raw log is written, and cannot leave it; it may serve events. What arrives
-  // meanwhile waits at the port.
+  // `progress` is told while a large raw log is written, and cannot leave it; it may serve events. What
+  // arrives meanwhile waits at the port.
   std::optional<platform::OpenFailure> Start(const data::Progress& progress = {});
 
   // Ends the measurement; with the Visco option "STOP" is sent and the instrument has two seconds to take it.
