@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QHashSeed>
+#include <QStandardPaths>
 #include <cstdlib>
 
 #include "app/decimal_point.h"
@@ -34,6 +35,12 @@ ExitStatus RunBatchProgram(const CommandLine& line, int& argc, char** argv) {
        {"QT_FONT_DPI", "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_USE_PHYSICAL_DPI",
         "QT_ENABLE_HIGHDPI_SCALING", "QT_AUTO_SCREEN_SCALE_FACTOR", "QT_QPA_PLATFORMTHEME"})
     qunsetenv(name);
+#ifdef Q_OS_WIN
+  // Without a screen the toolkit looks for fonts in one folder alone, which it is told by this.
+  if (!qEnvironmentVariableIsSet("QT_QPA_FONTDIR"))
+    qputenv("QT_QPA_FONTDIR",
+            QStandardPaths::standardLocations(QStandardPaths::FontsLocation).value(0).toLocal8Bit());
+#endif
   QHashSeed::setDeterministicGlobalSeed();  // so that equal input gives equal bytes
   const QGuiApplication application(argc, argv);
   QGuiApplication::setApplicationName(QStringLiteral("Quenlor"));

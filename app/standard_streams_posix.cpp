@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "app/standard_streams.h"
+
 #include <cerrno>
 #include <csignal>
 
@@ -7,7 +9,6 @@
 #include <unistd.h>
 
 #include "app/batch_options.h"
-#include "app/standard_streams.h"
 #include "app/terminal.h"
 
 namespace quenlor::app {

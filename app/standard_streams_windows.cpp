@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "app/standard_streams.h"
+
 #include <QString>
 #include <algorithm>
 #include <array>
@@ -9,7 +11,6 @@
 #include <shellapi.h>
 
 #include "app/batch_options.h"
-#include "app/standard_streams.h"
 #include "app/terminal.h"
 
 namespace quenlor::app {

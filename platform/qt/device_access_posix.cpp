@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/qt/device_access.h"
+
 #include <QCoreApplication>
 #include <QSerialPort>
 #include <cerrno>
@@ -14,7 +16,6 @@
 #include <unistd.h>
 
 #include "data/text_number.h"
-#include "platform/qt/device_access.h"
 
 namespace quenlor::platform::qt {
 

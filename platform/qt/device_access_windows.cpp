@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <QSerialPort>
-
 #include "platform/qt/device_access.h"
+
+#include <QSerialPort>
 
 namespace quenlor::platform::qt {
 

@@ -23,7 +23,8 @@ std::function<void()>* wish = nullptr;
 bool AskOnce() {
   const std::lock_guard held(listening);
   if (listener == nullptr) return false;
-  QMetaObject::invokeMethod(std::exchange(listener, nullptr), [asked = *wish] { asked(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      std::exchange(listener, nullptr), [asked = *wish] { asked(); }, Qt::QueuedConnection);
   return true;
 }
 

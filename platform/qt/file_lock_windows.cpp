@@ -34,7 +34,8 @@ class HeldFile : public FileLock {
 
 }  // namespace
 
-// Whoever has opened the file to write to it holds the lock: nobody else can then. To look into it is allowed.
+// Whoever has opened the file to write to it holds the lock: nobody else can then. To look into it is
+// allowed.
 std::unique_ptr<FileLock> LockFile(const std::string& path) {
   constexpr int kMostTries = 5;
   constexpr DWORD kPause = 10;  // ms

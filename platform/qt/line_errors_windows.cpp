@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "platform/qt/line_errors.h"
+
 #include <qt_windows.h>
 #include <winioctl.h>
-
-#include "platform/qt/line_errors.h"
 
 namespace quenlor::platform::qt {
 

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/qt/native_file.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,7 +11,6 @@
 #include <io.h>
 #include <qt_windows.h>
 
-#include "platform/qt/native_file.h"
 #include "platform/qt/system_name.h"
 
 namespace quenlor::platform::qt {

@@ -89,8 +89,7 @@ Reason ReplacementFile::TakeItsPlace() {
     const DWORD error = ::GetLastError();
     const bool may_be_held = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
     if (!may_be_held) return ReasonOf(error);
-    if (pauses >= kMostPauses)
-      return Failure{"it is open in another program", FailureKind::kPermission};
+    if (pauses >= kMostPauses) return Failure{"it is open in another program", FailureKind::kPermission};
     ::Sleep(kPause);
   }
   parts_->beside.clear();

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/qt/system_name.h"
+
 #include <QDir>
 #include <QString>
 #include <cwctype>
@@ -6,7 +8,6 @@
 #include <qt_windows.h>
 
 #include "platform/qt/native_file.h"
-#include "platform/qt/system_name.h"
 
 namespace quenlor::platform::qt {
 namespace {

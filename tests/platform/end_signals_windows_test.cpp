@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "platform/qt/end_signals.h"
+
 #include <QCoreApplication>
 #include <QTest>
 
 #include <gtest/gtest.h>
 #include <qt_windows.h>
-
-#include "platform/qt/end_signals.h"
 
 namespace quenlor::platform::qt {
 namespace {

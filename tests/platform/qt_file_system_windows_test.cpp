@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The disk of Windows: names beyond its code page and its old length, attributes, and files that others hold.
 
+#include "platform/qt/qt_file_system.h"
+
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -8,7 +10,6 @@
 #include <qt_windows.h>
 
 #include "platform/qt/native_file.h"
-#include "platform/qt/qt_file_system.h"
 #include "platform/qt/system_name.h"
 
 namespace quenlor::platform::qt {
