@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "graph/painted_area.h"
 #include "graph/painted_rows.h"
 #include "graph/plot_axes.h"
 #include "graph/plot_settings.h"
@@ -23,6 +24,11 @@ namespace quenlor::graph {
 // two colours meet only when the viscosity and the temperature curve of a document with a single run overlap;
 // then the column is cut into blocks, the newest first, until the curves of a block lie apart or newer ones
 // hide it.
+//
+// Where readings jump from column to column, as a noisy temperature makes them, no column tells them. There
+// the picture itself does, if the surface tells its pixels: lines of one curve have one colour, so their
+// order does not show, and a block whose lines lie in a rectangle that has that colour already needs none.
+// Some lines, spread over the run, are painted first and fill most of what all of them would.
 //
 // A run with fewer readings than pixel columns may be drawn with a smooth pen. Its curves are one shape each,
 // the temperature over the viscosity: a smooth line looks another way where it goes on than where it ends, so
@@ -50,6 +56,9 @@ class CurvePainter {
   void PaintReading(Index index);
   void PaintSmoothRun(Index end);
   void PaintColumns(Index begin, Index end);
+  bool IsTangle(Index begin, Index end) const;
+  void PaintTangle(Index begin, Index end);
+  platform::PixelRectangle BoxOf(Index begin, Index end) const;
   void PaintInColumn(Index begin, Index end);
   void PaintOneColor(const Curve& curve, Index begin, Index end);
   void PaintTwoColors(Index begin, Index end);
@@ -72,8 +81,10 @@ class CurvePainter {
   const PlotSettings& settings_;
   platform::DrawingSurface& surface_;
   const platform::Viewport viewport_;
-  const int reach_;  // pixels that a line or marker may cover beyond its points
+  const int line_reach_;  // pixels that a line may cover to the left and above of its points
+  const int reach_;       // that a line or marker may cover beyond them, or fewer
   PaintedRows painted_;
+  PaintedArea painted_area_;
 
   Index run_begin_ = 0;
   std::vector<Curve> curves_;  // of the run

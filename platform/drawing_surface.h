@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -48,6 +49,10 @@ class DrawingSurface {
   // Whether lines are kept as lines (on paper, in PDF and SVG files) and not as the pixels that they paint:
   // there, a line that others hide costs as much as they do.
   virtual bool KeepsLines() const = 0;
+
+  // What has been painted so far, where the device is a picture that can be looked at: the pixels of a row
+  // from left to right, as 0xFFRRGGBB. Empty elsewhere.
+  virtual std::span<const std::uint32_t> PixelsOf(int /*row*/) const { return {}; }
 
   virtual void SetViewport(const Viewport& viewport) = 0;
   virtual const Viewport& CurrentViewport() const = 0;

@@ -73,9 +73,24 @@ QRectF TextAnchor(QPointF point) { return {point, QSizeF(0, 0)}; }
 }  // namespace
 
 QtDrawingSurface::QtDrawingSurface(QPainter& painter, QSize size, double pen_scale)
-    : painter_(painter), size_(size), pen_scale_(pen_scale) {
+    : painter_(painter), size_(size), pen_scale_(pen_scale), picture_(Picture()) {
   SetViewport({Whole(), {0, 0, std::max(1.0, 1.0 * size.width()), std::max(1.0, 1.0 * size.height())}});
   SetPen({});
+}
+
+const QImage* QtDrawingSurface::Picture() const {
+  if (!painter_.isActive() || !PaintsPixels() || !painter_.deviceTransform().isIdentity()) return nullptr;
+  if (painter_.device()->devType() != QInternal::Image) return nullptr;
+  const auto* picture = static_cast<const QImage*>(painter_.device());
+  const bool of_colors =
+      picture->format() == QImage::Format_RGB32 || picture->format() == QImage::Format_ARGB32_Premultiplied;
+  return of_colors && picture->size() == size_ ? picture : nullptr;
+}
+
+std::span<const std::uint32_t> QtDrawingSurface::PixelsOf(int row) const {
+  if (picture_ == nullptr || row < 0 || row >= picture_->height()) return {};
+  return {reinterpret_cast<const QRgb*>(picture_->constScanLine(row)),
+          static_cast<std::size_t>(picture_->width())};
 }
 
 // The clip is set even where the area is all there is: with an explicit clip rectangle the raster painter

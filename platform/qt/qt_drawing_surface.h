@@ -25,6 +25,7 @@ class QtDrawingSurface final : public DrawingSurface {
   PixelRectangle Whole() const override { return {0, 0, size_.width(), size_.height()}; }
   double PenScale() const override { return pen_scale_; }
   bool KeepsLines() const override { return painter_.isActive() && !PaintsPixels(); }
+  std::span<const std::uint32_t> PixelsOf(int row) const override;
   void SetViewport(const Viewport& viewport) override;
   const Viewport& CurrentViewport() const override { return viewport_; }
   void SetPen(const Pen& pen) override;
@@ -52,6 +53,7 @@ class QtDrawingSurface final : public DrawingSurface {
   QPoint PixelAt(Point point) const { return {viewport_.Column(point.x), viewport_.Row(point.y)}; }
   QPointF PlaceOf(Point point) const;
   bool PaintsPixels() const;
+  const QImage* Picture() const;
   void DrawPixelLines(std::span<const Segment> lines);
   void DrawCoverage(std::span<const Segment> lines);
   void DrawOutline(const QRectF& place, const QString& text);
@@ -62,6 +64,7 @@ class QtDrawingSurface final : public DrawingSurface {
   QPainter& painter_;
   QSize size_;
   double pen_scale_;
+  const QImage* picture_;  // whose pixels are the device's; nothing where there is no such picture
   Viewport viewport_;
   Pen pen_;
   std::vector<QLine> pixel_lines_;  // kept from call to call, for their memory

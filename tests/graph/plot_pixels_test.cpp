@@ -135,6 +135,63 @@ std::string NameOf(const testing::TestParamInfo<Look>& info) {
 
 INSTANTIATE_TEST_SUITE_P(All, PlotPixels, testing::ValuesIn(AllLooks()), NameOf);
 
+// ---- many readings that jump from column to column
+
+std::vector<TestReading> NoisyReadings(Dice& dice) {
+  std::vector<TestReading> readings;
+  const int runs = dice.Int(1, 3);
+  const int kind = dice.Int(0, 3);
+  const double noise = dice.AnyOf({0.5, 5, 40});
+  const double drift = dice.Real(-0.01, 0.01);
+  for (int run = 1; run <= runs; ++run) {
+    double temp = dice.Real(20, 80);
+    double visco = dice.Real(20, 80);
+    const int count = dice.Int(5000, 14000);
+    for (int i = 0; i < count; ++i) {
+      const double way = kind == 0   ? dice.Real(-20, 20)
+                         : kind == 1 ? dice.AnyOf({-15, 15}) + dice.Real(-1, 1)
+                         : kind == 2 ? std::tan(dice.Real(-1.5, 1.5))
+                                     : 20 * std::sin(i * 1.3);
+      const double spike = dice.Once(2000) ? dice.AnyOf({1e4, -1e6, 1e9, -1e308}) : 0;
+      readings.push_back({run, i * 0.1, visco + dice.Real(-noise, noise), temp + way + spike});
+      visco += drift;
+      temp += drift / 3;
+    }
+  }
+  return readings;
+}
+
+TEST(TanglePixels, AreThoseOfDrawingEveryReadingInItsTurn) {
+  for (unsigned seed = 0; seed < 80; ++seed) {
+    Dice dice(seed);
+    const auto readings = NoisyReadings(dice);
+    const ValueArrays values = ValuesOf(readings);
+    PlotSettings settings;
+    settings.kind = GraphKind::ViscoTemp;
+    settings.visco_axis = static_cast<ViscoAxis>(dice.Int(0, 1));
+    settings.MarkerEvery = static_cast<int>(dice.AnyOf({0, 0, 0, 1, 4}));
+    settings.LineWidth = dice.Int(1, 2);
+    data::AxisRanges ranges;
+    ranges.TempMin = 0;
+    ranges.TempMax = dice.AnyOf({60, 100});
+    ranges.ViscoMin = 0;
+    ranges.ViscoMax = dice.AnyOf({50, 100, 200});
+    Plot plot(values);
+    plot.Set(settings, ranges);
+    const QSize size(dice.Int(20, 250), dice.Int(20, 200));
+    const double pen_scale = dice.AnyOf({1, 1, 1.25, 1.5, 2, 2.5, 3, 4});
+    const PixelRectangle area{dice.Int(-3, 3), dice.Int(-3, 3), size.width(), size.height()};
+    const QImage naive = Picture(size, pen_scale, [&](DrawingSurface& surface) {
+      DrawNaively(surface, readings, values, plot, area);
+    });
+    const QImage drawn =
+        Picture(size, pen_scale, [&](DrawingSurface& surface) { plot.DrawCurves(surface, area); });
+    ASSERT_EQ(DifferentPixels(naive, drawn), 0)
+        << "seed " << seed << ", " << readings.size() << " readings, line width " << settings.LineWidth
+        << ", pen scale " << pen_scale << ", " << size.width() << " x " << size.height();
+  }
+}
+
 // ---- a kept picture
 
 TEST(KeptPlotPixels, AreThoseOfDrawingEverything) {
