@@ -303,7 +303,7 @@ void Player::SendLines() {
       bytes += chance_.OneIn(3) ? " " : ",";
       bytes += chance_.Of(kFields);
     }
-    bytes += chance_.OneIn(500) ? std::string(9000, ',') : "";
+    bytes += chance_.OneIn(500) ? std::string(300, ',') : "";
     bytes += chance_.Of(kLineEnds);
   }
   if (chance_.OneIn(10)) bytes += ",";  // the beginning of the next line
