@@ -9,8 +9,8 @@ namespace quenlor::platform::qt {
 
 // What the sources that ask Windows about files have in common.
 
-// A path of ours, UTF-8 with either slash, as the system takes it: also one that is longer than 260 characters,
-// whatever the registry says about long paths.
+// A path of ours, UTF-8 with either slash, as the system takes it: also one that is longer than 260
+// characters, whatever the registry says about long paths.
 std::wstring SystemName(const std::string& path);
 
 // The system's reason by its number, in English, without the full stop.
