@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QSize>
-#include <functional>
 #include <string>
 
 #include "app/desk/session.h"
 #include "app/desk/status.h"
 #include "graph/graph_pane.h"
 #include "platform/dialogs.h"
+#include "platform/qt/picture_file.h"
 
 namespace quenlor::app {
 
@@ -20,11 +19,12 @@ class PictureCommands {
 
   // As large as in the window, and in letters of that size.
   void CopyPicture(const graph::GraphPane& pane);
-  void SavePicture(const graph::GraphPane& pane);
+  void SavePicture(
+      const graph::GraphPane& pane);  // in the format, and so many times as fine, as its name ends
 
  private:
-  std::string Drawn(std::string (*picture)(QSize, const std::function<void(platform::DrawingSurface&)>&),
-                    QSize pixels, double largest_text) const;
+  platform::qt::DrawPicture Graph(const graph::GraphPane& pane) const;
+  std::string Drawn(const std::string& path, const graph::GraphPane& pane) const;
 
   Session& session_;
   platform::Dialogs& dialogs_;

@@ -92,14 +92,15 @@ std::string Pdf(const QPageLayout& layout, const std::string& title, int pages,
 
 }  // namespace
 
-std::string PngOf(QSize pixels, const DrawPicture& draw) {
-  QImage image(pixels, QImage::Format_RGB32);
+std::string PngOf(QSize pixels, const DrawPicture& draw, double times) {
+  QImage image(pixels * times, QImage::Format_RGB32);
   if (image.isNull()) return {};
-  image.setDotsPerMeterX(kDotsPerMetre);  // else those of the screen
-  image.setDotsPerMeterY(kDotsPerMetre);
+  const int dots = qRound(kDotsPerMetre * times);
+  image.setDotsPerMeterX(dots);  // else those of the screen
+  image.setDotsPerMeterY(dots);
   {
     QPainter painter(&image);
-    QtDrawingSurface surface(painter, pixels);
+    QtDrawingSurface surface(painter, image.size(), times);
     draw(surface);
   }
   QBuffer buffer;

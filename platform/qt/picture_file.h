@@ -14,8 +14,9 @@ namespace quenlor::platform::qt {
 
 using DrawPicture = std::function<void(DrawingSurface&)>;
 
-// A picture of that many pixels. SVG and PDF are lines and letters, drawn finer than pixels.
-std::string PngOf(QSize pixels, const DrawPicture& draw);
+// A picture of that many pixels. SVG and PDF are lines and letters, drawn finer than pixels; a PNG may be so
+// many times finer, the same picture with more pixels.
+std::string PngOf(QSize pixels, const DrawPicture& draw, double times = 1);
 std::string SvgOf(QSize pixels, const DrawPicture& draw);
 std::string PdfOf(QSize pixels, const DrawPicture& draw);
 

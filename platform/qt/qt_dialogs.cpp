@@ -114,17 +114,17 @@ QStringList NameFilters(const std::string& filter) {
   return filters;
 }
 
-// "csv" of a filter that ends with "(*.csv)", nothing of one with several patterns or none in particular.
+// ".csv" of a filter that ends with "(*.csv)", nothing of one with several patterns or none in particular.
 QString SuffixOf(const QString& name_filter) {
   const QString pattern = name_filter.mid(name_filter.lastIndexOf(u'(') + 1).chopped(1);
-  if (!pattern.startsWith(QStringLiteral("*."))) return {};
-  const QString suffix = pattern.mid(2);
+  if (!pattern.startsWith(u'*')) return {};
+  const QString suffix = pattern.mid(1);
   const bool plain = !suffix.contains(u'*') && !suffix.contains(u'?') && !suffix.contains(u' ');
-  return plain ? suffix : QString();
+  return plain && suffix.contains(u'.') ? suffix : QString();
 }
 
 // A name gets the suffix of the filter before the box asks about an existing file. A dot in it ("batch 1.5")
-// begins no suffix.
+// begins no suffix. Of a suffix like "@2x.png" the name may have the last part already.
 class SaveDialog : public QFileDialog {
  public:
   using QFileDialog::QFileDialog;
@@ -134,9 +134,11 @@ class SaveDialog : public QFileDialog {
     const QString suffix = SuffixOf(selectedNameFilter());
     if (edit != nullptr && !suffix.isEmpty()) {
       const QString name = edit->text();
-      const bool has_it = name.endsWith(QLatin1Char('.') + suffix, Qt::CaseInsensitive);
+      const bool has_it = name.endsWith(suffix, Qt::CaseInsensitive);
       const bool is_folder = name.isEmpty() || QFileInfo(directory().absoluteFilePath(name)).isDir();
-      if (!has_it && !is_folder) edit->setText(name + QLatin1Char('.') + suffix);
+      const QString ending = suffix.mid(suffix.lastIndexOf(u'.'));
+      const qsizetype cut = name.endsWith(ending, Qt::CaseInsensitive) ? ending.size() : 0;
+      if (!has_it && !is_folder) edit->setText(name.chopped(cut) + suffix);
     }
     QFileDialog::accept();
   }

@@ -44,6 +44,20 @@ TEST(PictureFile, APngHasThePixelsAsked) {
   EXPECT_EQ(image.pixelColor(150, 150), QColor(Qt::white));
 }
 
+TEST(PictureFile, AFinerPngIsTheSamePictureWithMorePixels) {
+  const QImage image = QImage::fromData(Bytes(PngOf({300, 200}, Draw, 2)), "PNG");
+  const QImage coarse = QImage::fromData(Bytes(PngOf({300, 200}, Draw)), "PNG");
+  ASSERT_EQ(image.size(), QSize(600, 400));
+  const auto red = [](const QImage& picture) {
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y)
+      for (int x = 0; x < picture.width(); ++x) count += picture.pixelColor(x, y) == QColor(Qt::red);
+    return count;
+  };
+  EXPECT_GT(red(coarse), 0);
+  EXPECT_NEAR(red(image), 4 * red(coarse), red(coarse)) << "pens are as wide";
+}
+
 TEST(PictureFile, APictureTooLargeForTheMemoryIsNone) { EXPECT_EQ(PngOf({0, 100}, Draw), ""); }
 
 TEST(PictureFile, AnSvgIsAsLargeAsAskedAndHoldsLinesAndLetters) {

@@ -325,6 +325,16 @@ TEST_F(QtDialogsTest, ANameThatEndsOtherwiseGetsTheSuffixOfTheFilter) {
   EXPECT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), Path("monday.CSV"));
 }
 
+TEST_F(QtDialogsTest, ASuffixMayBeMoreThanWhatFollowsTheDot) {
+  const std::string filter = "Fine(*@2x.png)|*@2x.png";
+  WhenOpen<QFileDialog>(Type(QStringLiteral("monday")));
+  EXPECT_EQ(dialogs_.SaveFile("", "x", filter), Path("monday@2x.png"));
+  WhenOpen<QFileDialog>(Type(QStringLiteral("monday.png")));
+  EXPECT_EQ(dialogs_.SaveFile("", "x", filter), Path("monday@2x.png"));
+  WhenOpen<QFileDialog>(Type(QStringLiteral("monday@2x.png")));
+  EXPECT_EQ(dialogs_.SaveFile("", "x", filter), Path("monday@2x.png"));
+}
+
 TEST_F(QtDialogsTest, WithTheFilterOfAllFilesANameStaysAsTyped) {
   WhenOpen<QFileDialog>(Type(QStringLiteral("monday"), [](QFileDialog& dialog) { ChooseFilter(dialog, 1); }));
   EXPECT_EQ(dialogs_.SaveFile("", "x.csv", kCsvOrAll), Path("monday"));

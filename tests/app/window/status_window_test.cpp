@@ -359,6 +359,13 @@ TEST_F(StatusWindowTest, TheGraphGoesToTheClipboardAndIntoAFile) {
   pick(1);
   EXPECT_THAT(File("graph.svg"), HasSubstr("<svg"));
   EXPECT_EQ(Message(), "Saved /lab/graph.svg");
+  for (const auto& [name, times] : {std::pair{"graph.png", 1}, {"graph@2x.png", 2}, {"graph@4x.png", 4}}) {
+    dialogs.Path("/lab/" + std::string(name));
+    pick(1);
+    const QImage saved = QImage::fromData(QByteArray::fromStdString(File(name)), "PNG");
+    EXPECT_EQ(saved.size(), picture->size() * times) << name;
+    EXPECT_EQ(saved.dotsPerMeterX(), 3780 * times) << "as large on paper";
+  }
   Find<QAbstractButton>("Check2")->setChecked(false);
   pick(3);
   EXPECT_TRUE(Find<QAbstractButton>("Check2")->isChecked());
