@@ -58,7 +58,10 @@ class Answers {
 
   // What is asked meanwhile does not count: Start writes the raw log anew, under a bar that tells how far it
   // is.
-  void Pause(bool pause) { paused_ = pause; }
+  void Pause(bool pause) {
+    paused_ = pause;
+    ++pauses_;
+  }
 
   double Worst() const { return worst_; }
   double WorstOfTheMachine() const { return worst_sleep_; }
@@ -68,7 +71,7 @@ class Answers {
  private:
   void Ask() {
     while (!over_) {
-      const bool paused = paused_;
+      const int pauses = pauses_;
       const auto asked = steady_clock::now();
       const auto answer = std::make_shared<std::binary_semaphore>(0);
       QMetaObject::invokeMethod(
@@ -76,7 +79,7 @@ class Answers {
       while (!answer->try_acquire_for(10ms)) {
         if (over_) return;  // nobody is left to answer
       }
-      if (paused_ || paused) continue;
+      if (paused_ || pauses != pauses_) continue;
       const double waited = Milliseconds(steady_clock::now() - asked);
       worst_ = std::max<double>(worst_, waited);
       too_late_ += waited > kGoalMilliseconds ? 1 : 0;
@@ -94,6 +97,7 @@ class Answers {
 
   std::atomic<bool> over_ = false;
   std::atomic<bool> paused_ = false;
+  std::atomic<int> pauses_ = 0;
   std::atomic<double> worst_ = 0;
   std::atomic<double> worst_sleep_ = 0;
   std::atomic<long> count_ = 0;
