@@ -70,6 +70,19 @@ TEST(MeasurementAutoStop, StopIsSentInPlaceOfTheRequest) {
   EXPECT_EQ(bench.TakeSent(), "STOP\r\n");
 }
 
+TEST(MeasurementAutoStop, AStallDoesNotPutItOff) {
+  Bench bench;
+  bench.Repeat("1");
+  bench.AutoStop("1");
+  bench.Start();
+  bench.Line("1");
+  bench.Stall(30);
+  bench.Advance(28.9);
+  EXPECT_EQ(bench.TakeSent().find("STOP"), std::string::npos);
+  bench.Advance(0.2);
+  EXPECT_TRUE(bench.TakeSent().ends_with("STOP\r\n"));
+}
+
 TEST(MeasurementAutoStop, NeedsRepeat) {
   Bench bench;
   bench.AutoStop("1");

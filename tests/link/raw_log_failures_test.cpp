@@ -288,6 +288,18 @@ TEST_F(RawLogFailures, MissingLinesFollowAlthoughRowsBeforeThemAreDeleted) {
   EXPECT_THAT(OnDisk(), ElementsAre("1", "2", "3", "4"));
 }
 
+TEST_F(RawLogFailures, MissingLinesFollowAlthoughRowsBeforeThemAreDeletedAndBroughtBack) {
+  bench.Line("2");
+  bench.Line("3");
+
+  bench.document.RestoreRows(bench.document.RemoveRows(1, 1));
+  bench.files.MakeRoom();
+  bench.Advance(1);
+  bench.Line("4");
+
+  EXPECT_THAT(OnDisk(), ElementsAre("1", "2", "3", "4"));
+}
+
 TEST_F(RawLogFailures, DeletedMissingLinesAreNotWritten) {
   bench.Line("2");
   bench.Line("3");
