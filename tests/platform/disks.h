@@ -37,7 +37,7 @@ class MemoryDisk {
   std::int64_t Now() const { return clock.Now().local_second; }
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
-    for (const std::string& path : files.Paths()) names.push_back(fs::path(path).filename());
+    for (const std::string& path : files.Paths()) names.push_back(fs::path(path).filename().string());
     return names;
   }
 
