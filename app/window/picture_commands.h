@@ -17,10 +17,10 @@ class PictureCommands {
   PictureCommands(Session& session, platform::Dialogs& dialogs, Status& status)
       : session_(session), dialogs_(dialogs), status_(status) {}
 
-  // As large as in the window, and in letters of that size.
+  // As large as in the window, and in letters of that size; a file in the format, and so many times as fine,
+  // as the ending of its name says.
   void CopyPicture(const graph::GraphPane& pane);
-  void SavePicture(
-      const graph::GraphPane& pane);  // in the format, and so many times as fine, as its name ends
+  void SavePicture(const graph::GraphPane& pane);
 
  private:
   platform::qt::DrawPicture Graph(const graph::GraphPane& pane) const;
