@@ -123,7 +123,9 @@ void NameRunsAfterFile(DataFileContents& file, std::string_view file_name) {
     const std::string number = OnlyItsNumber(run);
     const std::string_view now = file.runs.TextMatrix(run, 1);
     if (!now.empty() && now != number) continue;
-    file.runs.SetTextMatrix(run, 1, file.run_count == 1 ? name : name + ' ' + number);
+    std::string called = name;
+    if (file.run_count > 1) called.append(1, ' ').append(number);
+    file.runs.SetTextMatrix(run, 1, called);
   }
 }
 
