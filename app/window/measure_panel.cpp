@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "app/window/frame.h"
@@ -238,6 +239,8 @@ void MeasurePanel::ShowSign() {
     }
   }
   Command1->setIcon(sign);
+  // Also where letters are narrow and bold ones are not; never less, so that nothing moves at Start.
+  Command1->setMinimumWidth(std::max(Command1->minimumWidth(), Command1->sizeHint().width()));
 }
 
 void MeasurePanel::changeEvent(QEvent* event) {
