@@ -3,6 +3,7 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -66,7 +67,8 @@ Pair FromFile(std::int64_t readings) {
               }};
 }
 
-// Files side by side in one document, to each in a document of its own.
+// Files side by side in one document, to each in a document of its own; those stay open, too, since a
+// document that is dropped leaves its memory to the next one.
 Pair Appended(std::int64_t readings, int files) {
   const auto bytes = std::make_shared<const std::string>(DataFileText(readings));
   return {.ours =
@@ -83,10 +85,11 @@ Pair Appended(std::int64_t readings, int files) {
           .baseline =
               [bytes, files] {
                 double seconds = 0;
+                std::vector<std::unique_ptr<OpenDocument>> opened;
                 for (int file = 0; file < files; ++file) {
-                  OpenDocument opened;
                   std::string copy = *bytes;
-                  seconds += Seconds([&] { opened.Open(std::move(copy)); });
+                  opened.push_back(std::make_unique<OpenDocument>());
+                  seconds += Seconds([&] { opened.back()->Open(std::move(copy)); });
                 }
                 return seconds;
               }};
@@ -102,7 +105,7 @@ void AddOpenRows() {
   AddRow({.work = "open: 10 M readings from a file, to bare parser", .goal = "-"},
          [] { return FromFile(10'000'000); });
   AddRow(
-      {.work = "append: ten files of 1 M readings to one document, to opening each", .goal = "at most 1.5"},
+      {.work = "append: ten files of 1 M readings to one document, to ten documents", .goal = "at most 1.5"},
       [] { return Appended(1'000'000, 10); });
 }
 
