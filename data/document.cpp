@@ -2,6 +2,7 @@
 #include "data/document.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -203,19 +204,11 @@ bool Document::AppendRuns(DataFileContents contents, std::string_view file_name)
   if (count == 0) return true;
   const int cols = table_.Cols();
   Tell(&DocumentListener::RowsAboutToBeRestored, Row{first}, Row{first + count - 1});
-  DataFileContents whole;
-  whole.table = std::move(table_);
-  whole.runs = std::move(runs_);
-  whole.run_count = RunCount_;
-  whole.date = std::move(date_);
-  whole.List2 = std::move(List2_);
-  AppendFile(std::move(contents), file_name, whole);
-  table_ = std::move(whole.table);
-  runs_ = std::move(whole.runs);
-  RunCount_ = static_cast<std::int16_t>(whole.run_count);
-  date_ = std::move(*whole.date);
-  List2_ = std::move(whole.List2);
-  holds_commas_ = holds_commas_ || whole.holds_commas;
+  NameRunsAfterFile(contents, file_name);
+  if (contents.date) date_ = *contents.date;
+  std::ranges::move(contents.List2, std::back_inserter(List2_));
+  holds_commas_ = holds_commas_ || contents.holds_commas;
+  RunCount_ = static_cast<std::int16_t>(data::AppendRuns(std::move(contents), table_, runs_, RunCount_));
   MultiRun_ = RunCount_ >= 2;
   DataChanged_ = true;
   unsaved_readings_ += count;
