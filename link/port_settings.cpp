@@ -9,7 +9,6 @@ namespace {
 namespace setting = data::setting;
 
 constexpr int kFewestPorts = 4;
-constexpr int kMostPorts = 256;  // as many as Windows numbers; a longer menu helps nobody
 
 template <std::size_t N>
 std::optional<std::string_view> Caption(const std::array<std::string_view, N>& captions, int index) {

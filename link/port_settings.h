@@ -18,6 +18,8 @@ inline constexpr std::array<std::string_view, 2> Length = {"7", "8"};
 inline constexpr std::array<std::string_view, 3> Bit = {"1", "1.5", "2"};
 inline constexpr std::array<std::string_view, 2> Term = {"CR/LF", "CR"};
 
+inline constexpr int kMostPorts = 256;  // as many as Windows numbers; a longer menu helps nobody
+
 // The number of items of the Com Port menu (1 to this): at least the four that are always there, and no more
 // than a menu can show, whatever the settings file says.
 int PortCount(const data::SettingsList& settings);

@@ -23,7 +23,6 @@ constexpr std::array<std::string_view, 2> kOnLoss = {"end", "wait"};
 
 // Far beyond any measurement, and sums of it stay whole numbers of milliseconds.
 constexpr double kMostSeconds = 1e9;
-constexpr int kMostPorts = 256;
 
 // Options whose words are the items of a menu, or on and off.
 struct MenuOption {
@@ -135,7 +134,7 @@ std::string TakeMeasureOption(const std::string& option, const std::string& valu
   if (option == "--quiet") options.quiet = true;
   if (option == "--readings" || option == "--runs") return TakeCount(option, value, options);
   if (option == "--com-port") {
-    const std::int64_t port = Count(value, kMostPorts);
+    const std::int64_t port = Count(value, link::kMostPorts);
     if (port == 0) return Needs(option, "a port number", value);
     options.choices.emplace_back(setting::kPort, std::to_string(port));
   }
