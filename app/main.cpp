@@ -33,7 +33,8 @@ int Say(const std::string& text) {
 void NoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
   if (type != QtFatalMsg) return;
   app::Complain(
-      "there is no display to show a window on; --measure, --report, --graph and --statistics need none");
+      "there is no display to show a window on; --measure, --report, --graph, --statistics and --merge need "
+      "none");
   std::_Exit(static_cast<int>(app::ExitStatus::kWrongUsage));
 }
 

@@ -72,8 +72,8 @@ TEST(TheProgram, EndsWith2AndALineWhereItCannotShowAWindow) {
     const Ended ended = Call({}, QString::fromLatin1(variable), QString::fromLatin1(value));
     EXPECT_EQ(ended.code, 2) << variable;
     EXPECT_EQ(ended.errors,
-              "quenlor: there is no display to show a window on; --measure, --report, --graph and "
-              "--statistics need none\n")
+              "quenlor: there is no display to show a window on; --measure, --report, --graph, "
+              "--statistics and --merge need none\n")
         << variable;
     EXPECT_THAT(ended.output, IsEmpty());
   }
