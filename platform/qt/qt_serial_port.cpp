@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QThread>
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -18,6 +19,9 @@ using namespace std::chrono_literals;
 // A break may come without any character, so the counters are also looked at by the clock.
 constexpr auto kLineErrorInterval = 250ms;
 constexpr auto kClosingTime = 500ms;
+
+// A program that closes a device gives it up a moment before the lock on its name.
+constexpr auto kLockOutlivesDevice = 200ms;
 
 // A device that reports more errors than this within a second, although it answers, is as good as gone.
 constexpr int kMostDoubts = 100;
@@ -38,6 +42,18 @@ void LetOutputLeave(QSerialPort& device) {
     if (!device.waitForBytesWritten(static_cast<int>(deadline.remainingTime()))) break;
   }
   DrainSystemQueue(device.handle(), std::chrono::milliseconds(deadline.remainingTime()));
+}
+
+// Whether it is open at last; else `holders` are the programs that have it.
+bool OpenUnlessHeld(QSerialPort& device, const std::string& name, std::string& holders) {
+  const QDeadlineTimer deadline(kLockOutlivesDevice);
+  while (!device.open(QIODevice::ReadWrite)) {
+    holders = WhoHolds(name);
+    if (device.error() != QSerialPort::PermissionError || !holders.empty() || deadline.hasExpired())
+      return false;
+    QThread::msleep(5);
+  }
+  return true;
 }
 
 }  // namespace
@@ -69,8 +85,7 @@ std::optional<OpenFailure> QtSerialPort::Open(int comm_port, std::string_view se
   device->setDataBits(line->data_bits == 7 ? QSerialPort::Data7 : QSerialPort::Data8);
   device->setStopBits(StopBitsOf(line->stop_bits));
   device->setFlowControl(QSerialPort::NoFlowControl);
-  if (!device->open(QIODevice::ReadWrite)) {
-    const std::string holders = WhoHolds(name);
+  if (std::string holders; !OpenUnlessHeld(*device, name, holders)) {
     return OpenFailure{name, WhyNotOpened(*device), holders.empty() ? holders : "open in " + holders};
   }
   const auto speed = system_.line_speed(device->handle());

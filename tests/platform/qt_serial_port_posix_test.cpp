@@ -6,11 +6,16 @@
 #include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLockFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 #include <algorithm>
+#include <filesystem>
+#include <regex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -159,6 +164,34 @@ TEST_F(QtSerialPortTest, ADeviceInUseIsRefusedUnderItsOtherNameToo) {
   ASSERT_TRUE(failure);
   EXPECT_EQ(failure->device, link.toStdString());
   EXPECT_EQ(failure->reason, "Device or resource busy");
+}
+
+// Of a line that is open; the programs of a system agree on the folder.
+std::string LockFileOf(const std::string& device) {
+  const auto name =
+      "LCK.." + std::regex_replace(device.substr(std::string("/dev/").size()), std::regex("/"), "_");
+  for (const std::filesystem::path folder : {"/var/lock", "/var/spool/locks", "/var/spool/uucp", "/tmp",
+                                             "/var/tmp", "/var/lock/lockdev", "/run/lock"}) {
+    if (std::filesystem::exists(folder / name)) return folder / name;
+  }
+  return {};
+}
+
+TEST_F(QtSerialPortTest, ALockThatOutlivesItsOwnerForAMomentRefusesNobody) {
+  ASSERT_FALSE(port_.Open(1, "9600N81"));
+  const auto lock_file = LockFileOf(line_.Device());
+  port_.Close();
+  QLockFile lock(QString::fromStdString(lock_file));
+  ASSERT_TRUE(lock.tryLock()) << lock_file;
+
+  std::thread owner([&] {
+    QThread::msleep(30);
+    lock.unlock();
+  });
+  const auto failure = OpenDevice(line_.Device());
+  owner.join();
+
+  EXPECT_FALSE(failure);
 }
 
 // The administrator may open everything, so a test that runs as one steps back to nobody meanwhile.
