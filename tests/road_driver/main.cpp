@@ -4,7 +4,7 @@
 //
 // Usage: quenlor-road-driver FOLDER DEVICE [READINGS PATH]
 // With these it stops after so many readings, saves as PATH and ends; before that it prints how many readings
-// the table holds, whenever there are more.
+// the table holds, whenever there are more. A box that is in the way ends it.
 
 #include <QApplication>
 #include <QFileDialog>
@@ -36,6 +36,10 @@ class Hand : public QObject {
     if (std::exchange(told_, readings) != readings) {
       std::printf("%lld\n", readings);
       std::fflush(stdout);
+    }
+    if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+      std::fprintf(stderr, "%s\n", qUtf8Printable(box->text()));
+      std::_Exit(3);
     }
     if (readings < readings_) return;
     look_.stop();
