@@ -84,7 +84,7 @@ std::string PortDirectory::Known(int port) const {
 bool PortDirectory::HasNumber(const std::string& device) const {
   if (naming_ == Naming::kCom) {
     const int own = ComNumber(device);
-    if (own != 0 && !lines_.contains(own) && !overrides_.contains(own)) return true;
+    if (own != 0 && !lines_.contains(own)) return true;
   }
   return std::any_of(lines_.begin(), lines_.end(), [&](const auto& line) { return line.second == device; });
 }

@@ -221,5 +221,14 @@ TEST(PortDirectory, AComPortWhoseNumberBelongsToAnotherGetsALine) {
   EXPECT_EQ(directory.Text(), "1=COM7\n2=COM1\n");
 }
 
+TEST(PortDirectory, AComPortKeepsItsOwnNumberWhenThatIsOverriddenForOnce) {
+  auto directory = ComDirectory("", {{1, "COM5"}});
+
+  EXPECT_FALSE(directory.Assign({"COM1", "COM5"}));
+
+  EXPECT_EQ(directory.Text(), "");
+  EXPECT_EQ(directory.Device(1), "COM5");
+}
+
 }  // namespace
 }  // namespace quenlor::link
