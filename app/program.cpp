@@ -2,6 +2,7 @@
 #include "app/program.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QIcon>
 
 #include "app/decimal_point.h"
@@ -52,6 +53,8 @@ struct Program::Parts {
   void End() {
     window->EndNow();
     ended = true;
+    // The system's own box waits in a loop of the system.
+    if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget())) box->reject();
     QCoreApplication::exit();
   }
 

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -28,6 +29,8 @@ bool UseScreen(const QString& path) {
 #ifdef Q_OS_WIN
   // A colon divides the words here, so the path goes without its drive, and the program to that drive.
   if (!QDir::setCurrent(QFileInfo(path).path())) return false;
+  qputenv("QT_QPA_FONTDIR",
+          QStandardPaths::standardLocations(QStandardPaths::FontsLocation).value(0).toLocal8Bit());
   return qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + path.mid(2).toLocal8Bit());
 #else
   return qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + path.toLocal8Bit());

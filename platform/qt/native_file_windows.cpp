@@ -147,17 +147,17 @@ bool IsSameFile(const std::string& path, const std::string& other) {
 Reason AppendBytes(const std::string& path, std::string_view bytes) {
   const OpenHandle file(Open(path, GENERIC_WRITE));
   LARGE_INTEGER before{};
-  if (!file || ::GetFileSizeEx(file.get(), &before) == 0) {
-    const Failure reason = LastReason();
+  const auto folder_or = [&path](const Failure& reason) {
     return KindOfFile(path) == FileKind::kFolder ? Failure{"Is a directory"} : reason;
-  }
+  };
+  if (!file || ::GetFileSizeEx(file.get(), &before) == 0) return folder_or(LastReason());
   OVERLAPPED at_the_end{};
   at_the_end.Offset = at_the_end.OffsetHigh = 0xFFFFFFFF;
   DWORD written = 0;
   if (::WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, &at_the_end) != 0 &&
       written == bytes.size())
     return {};
-  Reason reason = written > 0 ? ReasonOf(ERROR_DISK_FULL) : LastReason();
+  Reason reason = written > 0 ? ReasonOf(ERROR_DISK_FULL) : folder_or(LastReason());
   if (written > 0 &&
       (::SetFilePointerEx(file.get(), before, nullptr, FILE_BEGIN) == 0 || ::SetEndOfFile(file.get()) == 0)) {
     reason->text += "; a part of it stays in the file";

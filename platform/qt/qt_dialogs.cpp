@@ -123,8 +123,16 @@ QString SuffixOf(const QString& name_filter) {
   return plain && suffix.contains(u'.') ? suffix : QString();
 }
 
-// A name gets the suffix of the filter before the box asks about an existing file. A dot in it ("batch 1.5")
-// begins no suffix. Of a suffix like "@2x.png" the name may have the last part already.
+// A dot in a name ("batch 1.5") begins no suffix. Of a suffix like "@2x.png" the name may have the last part
+// already.
+QString WithSuffix(const QString& name, const QString& suffix) {
+  if (name.endsWith(suffix, Qt::CaseInsensitive)) return name;
+  const QString ending = suffix.mid(suffix.lastIndexOf(u'.'));
+  const qsizetype cut = name.endsWith(ending, Qt::CaseInsensitive) ? ending.size() : 0;
+  return name.chopped(cut) + suffix;
+}
+
+// A name gets the suffix of the filter before the box asks about an existing file.
 class SaveDialog : public QFileDialog {
  public:
   using QFileDialog::QFileDialog;
@@ -134,15 +142,33 @@ class SaveDialog : public QFileDialog {
     const QString suffix = SuffixOf(selectedNameFilter());
     if (edit != nullptr && !suffix.isEmpty()) {
       const QString name = edit->text();
-      const bool has_it = name.endsWith(suffix, Qt::CaseInsensitive);
       const bool is_folder = name.isEmpty() || QFileInfo(directory().absoluteFilePath(name)).isDir();
-      const QString ending = suffix.mid(suffix.lastIndexOf(u'.'));
-      const qsizetype cut = name.endsWith(ending, Qt::CaseInsensitive) ? ending.size() : 0;
-      if (!has_it && !is_folder) edit->setText(name.chopped(cut) + suffix);
+      if (!is_folder) edit->setText(WithSuffix(name, suffix));
     }
     QFileDialog::accept();
   }
 };
+
+// The system's own box has asked about a name without the suffix.
+QString Chosen(const QFileDialog& dialog) {
+  const QString path = dialog.selectedFiles().value(0);
+  if (dialog.acceptMode() == QFileDialog::AcceptOpen || path.isEmpty()) return path;
+  const QString whole = WithSuffix(path, SuffixOf(dialog.selectedNameFilter()));
+  if (whole == path || !QFileInfo::exists(whole)) return whole;
+  const QString question = QFileDialog::tr("%1 already exists.\nDo you want to replace it?");
+  const auto answer = QMessageBox::warning(dialog.parentWidget(), dialog.windowTitle(),
+                                           question.arg(QFileInfo(whole).fileName()),
+                                           QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+  return answer == QMessageBox::Yes ? whole : QString();
+}
+
+// Windows has boxes for files that its users know.
+constexpr QFileDialog::Options kWhoseBox =
+#ifdef Q_OS_WIN
+    QFileDialog::Options();
+#else
+    QFileDialog::DontUseNativeDialog;
+#endif
 
 }  // namespace
 
@@ -193,6 +219,8 @@ std::optional<std::string> QtDialogs::SaveFile(const std::string& folder, const 
   Prepare(*dialog, FolderToShow(folder), filter);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setFileMode(QFileDialog::AnyFile);
+  if (!dialog->testOption(QFileDialog::DontUseNativeDialog))
+    dialog->setDefaultSuffix(SuffixOf(dialog->nameFilters().value(0)).mid(1));
   // A name that is no UTF-8 cannot be typed here; the one that is proposed instead is there to be seen.
   dialog->selectFile(QString::fromStdString(data::ToUtf8(name)));
   if (auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
@@ -204,7 +232,7 @@ std::optional<std::string> QtDialogs::SaveFile(const std::string& folder, const 
 
 void QtDialogs::Prepare(QFileDialog& dialog, const QString& folder, const std::string& filter) const {
   dialog.setObjectName(QStringLiteral("CommonDialog1"));
-  dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
+  dialog.setOptions(kWhoseBox | QFileDialog::HideNameFilterDetails);
   MakeModal(dialog);
   dialog.setNameFilters(NameFilters(filter));
   dialog.setDirectory(folder);
@@ -214,7 +242,7 @@ std::optional<std::string> QtDialogs::Run(QFileDialog* dialog) {
   const OnScreen files(dialog);
   const bool accepted = files->exec() == QDialog::Accepted;
   if (!accepted || files.Gone()) return std::nullopt;
-  const QString path = files->selectedFiles().value(0);
+  const QString path = Chosen(*files.operator->());
   if (path.isEmpty()) return std::nullopt;
   folder_ = QFileInfo(path).absolutePath();
   return path.toStdString();

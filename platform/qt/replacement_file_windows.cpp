@@ -83,6 +83,9 @@ Reason ReplacementFile::TakeItsPlace() {
   constexpr int kMostPauses = 10;
   const std::wstring from = SystemName(parts_->beside);
   const std::wstring to = SystemName(parts_->target);
+  const DWORD old = ::GetFileAttributesW(to.c_str());
+  if (old != INVALID_FILE_ATTRIBUTES && (old & FILE_ATTRIBUTE_READONLY) != 0)
+    return ReasonOf(ERROR_ACCESS_DENIED);
   for (int pauses = 0;
        ::MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0;
        ++pauses) {

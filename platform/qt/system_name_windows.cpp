@@ -43,6 +43,9 @@ std::errc MeaningOf(unsigned long error) {
     case kDiskQuotaExceeded:
     case ERROR_FILE_TOO_LARGE:
       return std::errc::no_space_on_device;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+      return std::errc::file_exists;
     default:
       return std::errc::io_error;
   }
@@ -76,8 +79,12 @@ std::wstring SystemName(const std::string& path) {
   return LR"(\\?\)" + whole;
 }
 
+// What every system knows is told in the same words on each.
 Failure ReasonOf(unsigned long error) {
-  return {TextOf(error), KindOf(std::make_error_code(MeaningOf(error)))};
+  const std::errc meaning = MeaningOf(error);
+  const FailureKind kind = KindOf(std::make_error_code(meaning));
+  if (error == ERROR_SHARING_VIOLATION) return {"it is open in another program", kind};
+  return {meaning == std::errc::io_error ? TextOf(error) : std::make_error_code(meaning).message(), kind};
 }
 
 OpenHandle::~OpenHandle() {

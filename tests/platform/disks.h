@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -15,8 +14,6 @@
 #endif
 
 namespace quenlor::platform {
-
-namespace fs = std::filesystem;
 
 // The two disks on which the promises of a file system are tried, in one shape.
 
@@ -37,7 +34,7 @@ class MemoryDisk {
   std::int64_t Now() const { return clock.Now().local_second; }
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
-    for (const std::string& path : files.Paths()) names.push_back(fs::path(path).filename().string());
+    for (const std::string& path : files.Paths()) names.push_back(path.substr(path.rfind('/') + 1));
     return names;
   }
 
