@@ -12,7 +12,6 @@
 #include "fuzz/promise.h"
 #include "platform/serial_port.h"
 #include "tests/actions/boxes.h"
-#include "tests/actions/promises.h"
 
 namespace quenlor::actions {
 namespace {
@@ -106,7 +105,8 @@ void Player::Do(const Action& action) {
 void Player::LookAtPromises() {
   CheckState(bench_);
   CheckViews(bench_);
-  if (disk_is_well_ && !log_is_due_) CheckRawLog(bench_);
+  held_.Note(bench_.window->Document().Grid1());
+  if (disk_is_well_ && !log_is_due_) CheckRawLog(bench_, held_);
 }
 
 void Player::Act(Kind kind) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tests/actions/action.h"
+#include "tests/actions/promises.h"
 #include "tests/app/window/window_bench.h"
 
 namespace quenlor::actions {
@@ -52,6 +53,7 @@ class Player {
   Chance chance_{0};
   std::string told_;
   int readings_ = 0;
+  HeldReadings held_;
   bool disk_is_well_ = true;
   bool log_is_due_ = false;  // something that the disk refused may still be missing in the raw log
 };

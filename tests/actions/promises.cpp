@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <algorithm>
 
 #include "data/text_number.h"
 #include "fuzz/promise.h"
@@ -100,6 +101,11 @@ std::string TableText(const data::MeasurementTable& table, char divider) {
   return text;
 }
 
+void HeldReadings::Note(const data::MeasurementTable& table) {
+  now_ = NumbersIn(TableText(table, ','));
+  for (const int number : now_) most_[number] = std::max(most_[number], now_.count(number));
+}
+
 void CheckState(app::WindowBench& bench) {
   if (const QWidget* box = WaitingBox())
     throw BrokenPromise("a box is left: " + box->objectName().toStdString() + " \"" +
@@ -131,14 +137,15 @@ void CheckViews(app::WindowBench& bench) {
   CheckValues(bench.window->Graph().Values(), document);
 }
 
-void CheckRawLog(app::WindowBench& bench) {
+void CheckRawLog(app::WindowBench& bench, const HeldReadings& held) {
   if (!bench.MSComm1.PortOpen()) return;
   const std::string log = bench.File("Com_" + std::to_string(bench.MSComm1.CommPort()) + ".txt");
   const std::multiset<int> logged = NumbersIn(log);
-  for (const int number : NumbersIn(TableText(bench.window->Document().Grid1(), ','))) {
-    if (logged.count(number) != 1)
-      throw BrokenPromise("reading " + NumberedReading(number) + " stands " +
-                          std::to_string(logged.count(number)) + " times in the raw log:\n" + log);
+  for (const int number : held.Now()) {
+    const std::size_t times = logged.count(number);
+    if (times < held.Now().count(number) || times > held.Most(number))
+      throw BrokenPromise("reading " + NumberedReading(number) + " stands " + std::to_string(times) +
+                          " times in the raw log:\n" + log);
   }
 }
 
