@@ -192,6 +192,29 @@ TEST(TanglePixels, AreThoseOfDrawingEveryReadingInItsTurn) {
   }
 }
 
+// ---- two curves over each other
+
+TEST(TwoCurvePixels, OfFewReadingsInAColumnAreThoseOfDrawingEachInItsTurn) {
+  for (unsigned seed = 0; seed < 40; ++seed) {
+    Dice dice(seed);
+    const QSize size(dice.Int(20, 150), dice.Int(20, 120));
+    const int count = size.width() * dice.Int(2, 5);
+    std::vector<TestReading> readings;
+    for (int i = 0; i < count; ++i)
+      readings.push_back({1, i * 180.0 / count, dice.Real(30, 70), dice.Real(30, 70)});
+    const ValueArrays values = ValuesOf(readings);
+    PlotSettings settings;
+    settings.kind = GraphKind::ViscoTempTime;
+    Plot plot(values);
+    plot.Set(settings, {});
+    const PixelRectangle area{0, 0, size.width(), size.height()};
+    const QImage naive = Picture(
+        size, 1, [&](DrawingSurface& surface) { DrawNaively(surface, readings, values, plot, area); });
+    const QImage drawn = Picture(size, 1, [&](DrawingSurface& surface) { plot.DrawCurves(surface, area); });
+    ASSERT_EQ(DifferentPixels(naive, drawn), 0) << "seed " << seed << ", " << count << " readings";
+  }
+}
+
 // ---- a kept picture
 
 TEST(KeptPlotPixels, AreThoseOfDrawingEverything) {
