@@ -63,6 +63,7 @@ void LineCoverage::Add(const Segment& line) {
       begin = std::max(begin, middle - half);
       end = std::min(end, middle + half);
     }
+    if (begin > end) continue;  // of a nearly level line they may be beyond what an int holds
     const int first = std::max(0, Floor(begin) - area_.left);
     const int last = std::min(area_.width - 1, Floor(end) - area_.left);
     std::uint8_t* const pixels =

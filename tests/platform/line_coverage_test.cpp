@@ -95,6 +95,22 @@ TEST(LineCoverage, LiesWithinItsAreaHoweverFarLinesReach) {
   EXPECT_NEAR(CoveredAt(coverage, 30, 30), 255, 1);
 }
 
+// Such a line passes by the row next to its reach as far away as no number of a pixel can tell.
+TEST(LineCoverage, OfANearlyLevelLineIsThatOfALevelOne) {
+  constexpr PixelRectangle kAround{0, -20, 60, 80};
+  for (const double rise : {1e-7, -1e-7, 1e-11, -1e-11, 5e-324}) {
+    for (const double y : {0.0, 30.2, 30.5, 30.8}) {
+      const Segment level{{20, y}, {50, y}};
+      const Segment nearly{{20, y}, {50, y + rise}};
+      for (int row = -3; row < 60; ++row) {
+        EXPECT_NEAR(CoveredAt(LineCoverage({&nearly, 1}, 2, kAround), 35, row),
+                    CoveredAt(LineCoverage({&level, 1}, 2, kAround), 35, row), 1)
+            << rise << " at " << y << ", row " << row;
+      }
+    }
+  }
+}
+
 TEST(LineCoverage, OutOfSightIsEmpty) {
   const Segment line{{100, 100}, {200, 200}};
   EXPECT_TRUE(LineCoverage({&line, 1}, 2, kArea).Area().Empty());
