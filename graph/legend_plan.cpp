@@ -95,7 +95,7 @@ class Planning {
     double level = 0;
     double too_much = widest;
     for (int halvings = 0; halvings < 50; ++halvings) {
-      const double middle = (level + too_much) / 2;
+      const double middle = std::midpoint(level, too_much);
       (Fit(up_to(middle), plan_.heading) ? level : too_much) = middle;
     }
     return up_to(level);

@@ -96,6 +96,15 @@ TEST(Measurement, WhatIsSentAtStartFollowsTheOptions) {
   }
 }
 
+TEST(Measurement, ACommandIsOneLineWhateverLineEndsItHolds) {
+  Bench bench;
+  bench.Repeat("5", "\nSP\rEED\r\n 10\r");
+
+  bench.Start();
+
+  EXPECT_EQ(bench.TakeSent(), "SPEED 10\r\n");
+}
+
 TEST(Measurement, WithAnEmptyCommandAndRepeatOnlyTheTerminatorIsSent) {
   Bench bench;
   bench.Repeat("5", "");

@@ -11,6 +11,7 @@ namespace {
 
 namespace setting = data::setting;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 // 09:30:00, port 1 with a device, 2400 E71 CR/LF; the instrument is asked for nothing.
 class StatusTest : public testing::Test, protected DeskBench {
@@ -70,6 +71,16 @@ TEST_F(StatusTest, MeasuringItTellsRunReadingsAndAges) {
   Start();
   Line("7");
   EXPECT_EQ(Fields().run, "Run 2 · 1 reading · 00:00:00");
+}
+
+TEST_F(StatusTest, AnAgeHasTenthsAsLongAsItRoundsToLessThanTenSeconds) {
+  Repeat("60");
+  Start();
+  Line("1.5");
+  clock.Advance(9.9);
+  EXPECT_THAT(Fields().ages, StartsWith("last 9.9 s"));
+  clock.Advance(0.06);
+  EXPECT_THAT(Fields().ages, StartsWith("last 10 s"));
 }
 
 TEST_F(StatusTest, AClockThatIsSetKeepsNoMessageAndMakesNoAgeOfIt) {
