@@ -245,6 +245,8 @@ TEST(AxisSettings, FieldsThatNameNoMenuItemStandInTheSettingsAsTheyAre) {
   EXPECT_THAT(SettingsAfter("-1,-1,0,-1"), ElementsAre("-1", "-1", "0", "-1"));
   EXPECT_THAT(SettingsAfter("x,,-,True"), ElementsAre("x", "", "-", "True"));
   EXPECT_THAT(SettingsAfter("0.5,0.5,1.5,2.5"), ElementsAre("0.5", "0.5", "1.5", "2.5"));
+  EXPECT_THAT(SettingsAfter("3.0,2.0,3.0,5.0"), ElementsAre("3.0", "2.0", "3.0", "5.0"));
+  EXPECT_THAT(SettingsAfter("-1.0,-1.0,0.0,-1.0"), ElementsAre("-1.0", "-1.0", "0.0", "-1.0"));
 }
 
 TEST(AxisSettings, ASettingBecomesTheIndexOfItsItemHoweverTheNumberIsWritten) {
