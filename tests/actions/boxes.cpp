@@ -2,6 +2,7 @@
 #include "tests/actions/boxes.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -37,8 +38,11 @@ void Boxes::Answer(QWidget* box) {
     const QPoint at(chance_.Below(std::max(box->width(), 1)), chance_.Below(std::max(box->height(), 1)));
     if (box->windowHandle() != nullptr) QTest::mouseClick(box->windowHandle(), Qt::LeftButton, {}, at);
   } else if (chance_.OneIn(2) && box->windowHandle() != nullptr) {
-    for (const QChar letter : QString::fromUtf8(chance_.Of(kTexts)))
+    const QPointer<QWidget> still_there(box);  // a letter may answer it
+    for (const QChar letter : QString::fromUtf8(chance_.Of(kTexts))) {
+      if (still_there == nullptr || box->windowHandle() == nullptr) return;
       QTest::sendKeyEvent(QTest::Click, box->windowHandle(), Qt::Key_unknown, letter, Qt::NoModifier);
+    }
   } else if (box->windowHandle() != nullptr) {
     QTest::keyClick(box->windowHandle(), chance_.Of(kKeys));
   }
