@@ -46,8 +46,8 @@ void MissingReadings::Follow(const ValueArrays& values) {
 
 void MissingReadings::Judge(const ValueColumn& times, Stretch stretch) {
   if (stretch.Ways() < 1) return;
-  double shortest = times[stretch.begin + 1] - times[stretch.begin];
-  double longest = shortest;
+  double shortest = HUGE_VAL;
+  double longest = -HUGE_VAL;
   bool whole = true;
   for (Index reading = stretch.begin + 1; reading < stretch.end; ++reading) {
     const double way = times[reading] - times[reading - 1];
