@@ -34,6 +34,10 @@ struct DeskBenchOn : private DocumentCommandsView {
   int busy = 0;
   int choices_shown = 0;
   int received_data_cleared = 0;
+  std::vector<double> parts;  // how far long works had come
+
+  // The operator leaves a long work as soon as it has come so far.
+  double leaves_at = 2;
 
   // A measurement that receives these lines and is stopped.
   void Measure(const std::vector<std::string>& lines) {
@@ -46,6 +50,10 @@ struct DeskBenchOn : private DocumentCommandsView {
  private:
   void Say(const std::string& text) override { said.push_back(text); }
   void Busy(bool on) override { busy += on ? 1 : -1; }
+  bool Progress(const std::string&, double part, bool may_leave) override {
+    parts.push_back(part);
+    return !may_leave || part < leaves_at;
+  }
   void ShowChoices() override { ++choices_shown; }
   void ClearReceivedData() override { ++received_data_cleared; }
 };

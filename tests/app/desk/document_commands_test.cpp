@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/desk/document_commands.h"
 
+#include <algorithm>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,6 +13,7 @@ namespace {
 
 using platform::Answer;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -32,6 +35,38 @@ TEST_F(DocumentCommandsTest, NewReadsTheTemplateAndScalesAllAxes) {
   EXPECT_EQ(files.Content("/lab/New.txt"), "No.,Time,Viscosity,Unit1,Temp,Unit2\r\n");
   EXPECT_EQ(choices_shown, 1);
   EXPECT_EQ(received_data_cleared, 1);
+}
+
+// So long that reading it, dividing it and copying it for the graph tell how far they have come.
+std::string LongFile() {
+  std::string text = "No.,Time,Viscosity,Temp\r\n";
+  for (int i = 0; i < 200'000; ++i) text += "1,00:00:00,12345.678901234567890,25.0123456789\r\n";
+  return text;
+}
+
+TEST_F(DocumentCommandsTest, HowFarAnOpeningHasComeOnlyGrows) {
+  files.Put("/data/long.csv", LongFile());
+  commands.ReadDataFile("/data/long.csv");
+  EXPECT_EQ(said.back(), "Opened long.csv: 1 run, 200,000 readings");
+  EXPECT_TRUE(std::ranges::is_sorted(parts)) << testing::PrintToString(parts);
+  EXPECT_GT(parts.size(), 4U);
+  EXPECT_LT(parts.front(), 0.3);
+  EXPECT_GT(parts.back(), 0.9);
+  EXPECT_LE(parts.back(), 1);
+}
+
+TEST_F(DocumentCommandsTest, AnOpeningThatIsLeftLeavesTheDocumentAsItWas) {
+  files.Put("/data/a.csv", "No.,Time,Viscosity\r\n1,0,5\r\n");
+  files.Put("/data/long.csv", LongFile());
+  commands.ReadDataFile("/data/a.csv");
+  for (const double part : {0.1, 0.4}) {
+    leaves_at = part;
+    commands.ReadDataFile("/data/long.csv");
+    EXPECT_THAT(said.back(), EndsWith(" /data/long.csv was left"));
+    EXPECT_EQ(Document().FileName(), "a.csv");
+    EXPECT_EQ(Document().Grid1().TextMatrix(1, 2), "5");
+  }
+  EXPECT_THAT(commands.Recent(), ElementsAre("/data/a.csv"));
 }
 
 TEST_F(DocumentCommandsTest, AppendAddsTheRunsOfAFileAsUnsavedReadings) {
