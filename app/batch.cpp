@@ -32,9 +32,8 @@ class OpenedFile {
     session_.Graph().SetKind(kind);
   }
 
-  void Load(const std::string& path, std::string bytes, bool has_date) {
-    session_.Load(path, data::ParseDataFile(std::move(bytes)),
-                  has_date ? FileDate(files_, path) : std::string());
+  void Load(const std::string& path, std::string bytes, const std::string& date) {
+    session_.Load(path, data::ParseDataFile(std::move(bytes)), date);
   }
 
   const Session* operator->() const { return &session_; }
@@ -82,7 +81,7 @@ class Batch {
   bool ForEachFile(const Use& use) {
     return ReadEachFile([&](const std::string& path, std::string bytes) {
       OpenedFile file(files_, ports_, options_.kind);
-      file.Load(path, std::move(bytes), !ports_.is_stream(path));
+      file.Load(path, std::move(bytes), DateOf(path));
       TellIfEmpty(path, file->Document().Grid1());
       use(file);
       return platform::Done();
@@ -112,6 +111,10 @@ class Batch {
     return TooLarge(path);
   } catch (const std::length_error&) {
     return TooLarge(path);
+  }
+
+  std::string DateOf(const std::string& path) const {
+    return ports_.is_stream(path) ? std::string() : FileDate(files_, path);
   }
 
   void TellIfEmpty(const std::string& path, const data::MeasurementTable& table) const {
@@ -165,11 +168,16 @@ class Batch {
     const bool for_people = options_.format == OutputFormat::kText;
     const char decimal_point = for_people && ports_.system_writes_comma ? ',' : '.';
     std::vector<Kept> kept;
-    const bool all = ForEachFile([&](const OpenedFile& file) {
-      const data::Document& document = file->Document();
+    // Without a session: its graph would hold a copy of all readings.
+    const data::SettingsList settings;
+    const bool all = ReadEachFile([&](const std::string& path, std::string bytes) {
+      data::Document document(settings);
+      document.Load(data::ParseDataFile(std::move(bytes)), NameWithoutFolder(path), DateOf(path));
+      TellIfEmpty(path, document.Grid1());
       kept.push_back({document.FileName(),
                       document.Date(),
                       {document.Grid1(), document.ViscoColumn(), document.TempColumn(), decimal_point}});
+      return platform::Done();
     });
     if (!all) return ExitStatus::kCannotRead;
 
@@ -210,7 +218,7 @@ class Batch {
     if (!read) return ExitStatus::kCannotRead;
     const std::string& first = line_.files.front();
     Session session(files_, ports_.place, ports_.system_writes_comma);
-    session.Load(first, std::move(*all), ports_.is_stream(first) ? std::string() : FileDate(files_, first));
+    session.Load(first, std::move(*all), DateOf(first));
     return Written(session.SaveOn(ports_.files, options_.output));
   }
 
