@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "graph/plot_grid.h"
 
@@ -11,18 +10,12 @@ namespace quenlor::graph {
 namespace {
 
 using platform::DrawingSurface;
-using platform::PixelRectangle;
 using platform::Point;
 using platform::Segment;
 using platform::Viewport;
 
 constexpr MarkerSizes kMarkers;
 constexpr std::size_t kMostLinesAtOnce = 4096;
-constexpr Index kTangle = 4096;       // lines from column to column that make one
-constexpr Index kTried = 512;         // readings that tell how many there are
-constexpr Index kSpread = 8192;       // readings that are painted first
-constexpr Index kPixelsLooked = 250;  // at in the time that a line takes
-constexpr int kFar = 10'000;          // pixels; of longer lines painters need not be that exact
 
 // How far to the left and above of its points a line is painted: a square end that leans reaches as far as
 // half of its diagonal, and a pixel counts from its middle on. To the right and below it is one pixel less.
@@ -153,65 +146,6 @@ void CurvePainter::PaintColumns(Index begin, Index end) {
     if (stop - begin > 1 && column > leftmost && column < rightmost) PaintInColumn(begin, stop);
     begin = stop;
   }
-}
-
-bool CurvePainter::IsTangle(Index begin, Index end) const {
-  if (curves_.size() != 1 || end - begin <= kTangle || surface_.PixelsOf(viewport_.Area().top).empty())
-    return false;
-  const ValueColumn& xs = XValues();
-  Index jumps = 0;
-  for (Index i = 0; i < kTried; ++i) {
-    const Index at = begin + i * (end - begin - 1) / kTried;
-    jumps += viewport_.Column(axes_.X(xs[at])) == viewport_.Column(axes_.X(xs[at + 1])) ? 0 : 1;
-  }
-  return jumps * ((end - begin) / kTried) > kTangle;
-}
-
-void CurvePainter::PaintTangle(Index begin, Index end) {
-  const Index step = (end - begin) / kSpread + 1;
-  for (Index at = begin; at < end; at += step) PaintReading(at);
-  const PixelRectangle& area = viewport_.Area();
-  PixelRows touched{area.top, area.top + area.height};  // since the picture was looked at
-  Index lines = 0;
-  const auto look = [&] {
-    UseColor(curves_[0].color);
-    Flush();
-    painted_area_.Look(surface_, curves_[0].color, touched);
-    touched = {std::numeric_limits<int>::max(), std::numeric_limits<int>::min()};
-    lines = 0;
-  };
-  look();
-  VisitBackwards(begin, end, ValueColumn::kLevels - 1, [&](Index block, Index block_end) {
-    const PixelRectangle box = BoxOf(block, block_end);
-    const bool near = box.width < kFar && box.height < kFar;
-    if (near && painted_area_.Contains(box)) return true;
-    if (block_end - block > 1) return false;
-    PaintReading(block);
-    touched = {std::min(touched.first, box.top), std::max(touched.last, box.top + box.height)};
-    const Index rows = std::min(touched.last, area.top + area.height) - std::max(touched.first, area.top);
-    if (++lines * kPixelsLooked > rows * area.width) look();
-    return true;
-  });
-}
-
-// Where those readings paint.
-PixelRectangle CurvePainter::BoxOf(Index begin, Index end) const {
-  const Curve& curve = curves_[0];
-  const Index from = std::max(begin - 1, run_begin_);
-  Segment box{PointOf(curve, from), PointOf(curve, begin)};
-  if (end - begin > 1) {
-    box = Upright(curve, from, end);
-    const ValueColumn::Extremes xs = XValues().ExtremesOf(from, end);
-    box.from.x = axes_.X(xs.min);
-    box.to.x = axes_.X(xs.max);
-  }
-  const auto [left, right] = std::minmax({viewport_.Column(box.from.x), viewport_.Column(box.to.x)});
-  const PixelRows rows = RowsOf(box);
-  const bool marker = AnyMarker(begin, end);
-  const int before = marker ? reach_ : line_reach_;
-  const int after = marker ? reach_ : line_reach_ - 1;
-  return {left - before, rows.first - before, right - left + 1 + before + after,
-          rows.last - rows.first + 1 + before + after};
 }
 
 // What the readings after the first add in their common pixel column.

@@ -28,7 +28,9 @@ namespace quenlor::graph {
 // Where readings jump from column to column, as a noisy temperature makes them, no column tells them. There
 // the picture itself does, if the surface tells its pixels: lines of one curve have one colour, so their
 // order does not show, and a block whose lines lie in a rectangle that has that colour already needs none.
-// Some lines, spread over the run, are painted first and fill most of what all of them would.
+// Where that is so but for some columns at the left and right of the rectangle, only readings that stand
+// there are looked at. The outermost readings of some blocks, spread over the run, are painted first and fill
+// most of what all of them would.
 //
 // A run with fewer readings than pixel columns may be drawn with a smooth pen. Its curves are one shape each,
 // the temperature over the viscosity: a smooth line looks another way where it goes on than where it ends, so
@@ -51,6 +53,11 @@ class CurvePainter {
     Quantity quantity;
     platform::Rgb color;
   };
+  struct Between {  // two values, none by default
+    double low = 1;
+    double high = 0;
+    bool Has(double value) const { return value >= low && value <= high; }
+  };
 
   void EnterRun(std::size_t run);
   void PaintReading(Index index);
@@ -58,7 +65,14 @@ class CurvePainter {
   void PaintColumns(Index begin, Index end);
   bool IsTangle(Index begin, Index end) const;
   void PaintTangle(Index begin, Index end);
-  platform::PixelRectangle BoxOf(Index begin, Index end) const;
+  void PaintOutermost(Index begin, Index end);
+  void PaintBlocks(Index begin, Index end, int level, Between painted);
+  void PaintReadings(Index begin, Index end, Between painted);
+  void Touch(PixelRows rows);
+  void Look();
+  bool IsPainted(const platform::PixelRectangle& box) const;
+  Between PaintedWithin(const platform::PixelRectangle& box, bool markers) const;
+  platform::PixelRectangle BoxOf(Index begin, Index end, const ValueColumn::Extremes& xs) const;
   void PaintInColumn(Index begin, Index end);
   void PaintOneColor(const Curve& curve, Index begin, Index end);
   void PaintTwoColors(Index begin, Index end);
@@ -69,6 +83,8 @@ class CurvePainter {
   platform::Point PointOf(const Curve& curve, Index index) const;
   platform::Segment Upright(const Curve& curve, Index begin, Index end) const;
   PixelRows RowsOf(const platform::Segment& upright) const;
+  int ReachBefore(bool markers) const { return markers ? reach_ : line_reach_; }
+  int ReachAfter(bool markers) const { return markers ? reach_ : line_reach_ - 1; }
   bool AnyMarker(Index begin, Index end) const;
   bool Apart(PixelRows one, PixelRows other) const;
 
@@ -85,6 +101,8 @@ class CurvePainter {
   const int reach_;       // that a line or marker may cover beyond them, or fewer
   PaintedRows painted_;
   PaintedArea painted_area_;
+  PixelRows touched_;  // since the picture was looked at
+  Index lines_since_look_ = 0;
 
   Index run_begin_ = 0;
   std::vector<Curve> curves_;  // of the run

@@ -41,6 +41,11 @@ class ValueColumn {
   Index Size() const { return static_cast<Index>(values_.size()); }
   double operator[](Index index) const { return values_[static_cast<std::size_t>(index)]; }
 
+  // Number `index`, if there is one, will be asked for soon.
+  void Expect(Index index) const {
+    if (index < Size()) __builtin_prefetch(&values_[static_cast<std::size_t>(index)]);
+  }
+
   void Clear();
   void Reserve(Index size);
   void Append(double value) {  // infinities become the largest number of their sign, NaN becomes 0
