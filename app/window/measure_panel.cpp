@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QPainter>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -184,7 +186,12 @@ QGroupBox* MeasurePanel::BuildMeasureFrame() {
   Combo1->lineEdit()->setAccessibleName(Combo1->accessibleName());  // whoever types is told where
   Combo1->setMinimumWidth(fontMetrics().averageCharWidth() * 13);
 
-  // What the eye finds first.
+  // What the eye finds first. The buttons of Windows' own theme take no colours.
+  if (style()->name().startsWith(QStringLiteral("windows"))) {
+    QStyle* own = QStyleFactory::create(QStringLiteral("fusion"));
+    own->setParent(Command1);
+    Command1->setStyle(own);
+  }
   Command1->setDefault(true);
   Command1->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   Command1->setMinimumWidth(fontMetrics().averageCharWidth() * 13);

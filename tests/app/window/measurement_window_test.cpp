@@ -2,6 +2,9 @@
 //
 // A measurement as the main window runs it.
 
+#include <QApplication>
+#include <QStyle>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -286,6 +289,18 @@ TEST_F(MeasurementWindowTest, ButtonsAreCalledByTheirCaptions) {
     EXPECT_TRUE(button->accessibleName().isEmpty()) << "the caption is the name";
     EXPECT_FALSE(button->accessibleDescription().isEmpty());
   }
+}
+
+TEST_F(MeasurementWindowTest, StartHasItsColoursWhereTheThemeOfTheSystemPaintsButtons) {
+  const QString usual = QApplication::style()->objectName();
+  QApplication::setStyle(QStringLiteral("windows"));
+
+  Open();
+
+  EXPECT_EQ(Find<QPushButton>("Command1")->style()->name(), "fusion");
+  EXPECT_EQ(Find<QPushButton>("Command2")->style()->name(), "windows");
+  window.reset();
+  QApplication::setStyle(usual);
 }
 
 }  // namespace
