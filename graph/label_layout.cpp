@@ -155,7 +155,10 @@ class Layout {
             TextSide::kRight);
     }
     Write(result_.Label6[4], texts_.Label6[4], {X(4) - side, 0, 2 * side, line_}, TextSide::kCentre);
-    Write(result_.Label6[3], texts_.Label6[3], {X(4) - side, line_, 2 * side, line_}, TextSide::kCentre);
+    // The room above and below its letters may be shared where the plot comes close.
+    const double date = std::clamp(Y(1) - line_, 0.8 * line_, line_);
+    if (date + line_ <= Y(1) + 0.2 * result_.text_height)
+      Write(result_.Label6[3], texts_.Label6[3], {X(4) - side, date, 2 * side, line_}, TextSide::kCentre);
   }
 
   // A label of the left axis at that place of its range, and one of the right axis.

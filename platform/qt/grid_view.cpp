@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <QStyleOptionHeader>
 #include <algorithm>
@@ -24,6 +25,22 @@ constexpr int kFittedUnseen = 120;   // pixels, while the view has no width yet
 constexpr int kCellMargins = 15;
 constexpr int kHeaderMargins = 23;
 
+// Titles stand where the texts of their columns do, whose cells end one pixel earlier, at a line.
+class TitleStyle : public QProxyStyle {
+ public:
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
+    if (element != CE_HeaderLabel || header == nullptr)
+      return QProxyStyle::drawControl(element, option, painter, widget);
+    const int of_cells = pixelMetric(PM_FocusFrameHMargin, option, widget) + 1;
+    const int more = of_cells - pixelMetric(PM_HeaderMargin, option, widget);
+    QStyleOptionHeader title(*header);
+    title.rect.adjust(more, 0, -more - 1, 0);
+    QProxyStyle::drawControl(element, &title, painter, widget);
+  }
+};
+
 // A header whose every pixel answers, and of whose buttons only the left one edits. A style shades a header's
 // colour as it likes, but one that the model tells has a meaning.
 class GridHeader : public QHeaderView {
@@ -31,6 +48,11 @@ class GridHeader : public QHeaderView {
   GridHeader(Qt::Orientation orientation, QWidget* parent) : QHeaderView(orientation, parent) {
     setSectionsClickable(true);
     setHighlightSections(orientation == Qt::Vertical);
+    if (orientation == Qt::Horizontal) {
+      auto* titles = new TitleStyle;
+      titles->setParent(this);
+      setStyle(titles);
+    }
   }
 
  protected:

@@ -164,6 +164,19 @@ TEST(LabelLayout, WhatALowGraphHasNoRoomForIsAwayInsteadOfCut) {
   EXPECT_TRUE(low.Label7[1].visible);
 }
 
+TEST(LabelLayout, TheDateStaysAboveThePlotOrIsAway) {
+  for (double height = 1500; height < 9000; height += 60) {
+    const LabelLayout layout =
+        LayoutLabels(9000, height, GraphKind::ViscoTime, Labels(ViscoAxis::Linear), TextWidth);
+    const PlacedLabel& date = layout.Label6[3];
+    const double plot_top = height / 13.5;
+    EXPECT_EQ(date.visible, height > 2906) << height;
+    if (date.visible) {
+      EXPECT_LE(date.box.top + date.box.height, plot_top + 0.2 * layout.text_height) << height;
+    }
+  }
+}
+
 TEST(LabelLayout, LettersGrowWithTheAreaUpToWhatIsSaid) {
   const auto letters = [](double size, double largest) {
     return LayoutLabels(1.5 * size, size, GraphKind::ViscoTime, Labels(ViscoAxis::Linear), TextWidth, largest)

@@ -47,16 +47,19 @@ class GrowingTable : public GridTable {
   int rowCount(const QModelIndex& = {}) const override { return shown_; }
   int columnCount(const QModelIndex& = {}) const override { return static_cast<int>(rows_[0].size()) - 1; }
   QVariant data(const QModelIndex& index, int role) const override {
+    if (role == Qt::TextAlignmentRole) return side;
     return role == Qt::DisplayRole ? QVariant(Text(index.row() + 1, index.column() + 1)) : QVariant();
   }
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
     if (role == Qt::BackgroundRole && orientation == Qt::Vertical) return row_color;
     if (role == Qt::ForegroundRole && orientation == Qt::Vertical) return QColor(Qt::white);
+    if (role == Qt::TextAlignmentRole && orientation == Qt::Horizontal) return side;
     if (role != Qt::DisplayRole) return {};
     return orientation == Qt::Horizontal ? Text(0, section + 1) : Text(section + 1, 0);
   }
 
   QVariant row_color;
+  QVariant side;
 
  private:
   int Count() const { return static_cast<int>(rows_.size()); }
@@ -105,6 +108,33 @@ class GridViewTest : public testing::Test {
 TEST_F(GridViewTest, HasItsNameForProgramsAndItsTitleForThoseWhoDoNotSeeIt) {
   EXPECT_EQ(view.objectName(), "Grid1");
   EXPECT_EQ(view.accessibleName(), "A table");
+}
+
+// From the left end of a column to the first or last pixel of a letter in that row of a picture.
+int InkIn(const QImage& picture, const QRect& cell, bool last) {
+  const auto dark = [&](int x) {
+    for (int y = cell.top(); y < cell.bottom() - 1; ++y) {
+      if (qGray(picture.pixel(x, y)) < 100) return true;
+    }
+    return false;
+  };
+  int x = last ? cell.right() - 1 : cell.left();
+  while (cell.contains(x, cell.top()) && !dark(x)) x += last ? -1 : 1;
+  return x - cell.left();
+}
+
+TEST_F(GridViewTest, ATitleStandsWhereTheTextsOfItsColumnDo) {
+  for (const auto side : {Qt::AlignLeft, Qt::AlignRight}) {
+    table.side = QVariant(side | Qt::AlignVCenter);
+    table.Anew({{"No.", "H", "H"}, {"1", "H", "H"}, {"2", "H", "H"}});
+    const QHeaderView* header = view.horizontalHeader();
+    const QRect title(header->sectionViewportPosition(1), 0, header->sectionSize(1), header->height());
+    const QRect cell = view.visualRect(table.index(1, 1));
+    const bool last = side == Qt::AlignRight;
+    EXPECT_EQ(InkIn(header->viewport()->grab().toImage(), title, last),
+              InkIn(view.viewport()->grab().toImage(), cell, last))
+        << last;
+  }
 }
 
 TEST_F(GridViewTest, TheCornerShowsTheTitleOfColumnZeroAsItIsNow) {
