@@ -162,10 +162,13 @@ platform::Done RawLog::Append(Row first, Row last) {
 // A device that failed may have kept less than it took, and does not fail twice for it: all of it is written
 // anew.
 platform::Done RawLog::SyncNowAndThen() {
+  auto failed = files_.EndedSync(path_);
   const double now = clock_.Now().seconds;
-  if (std::fabs(now - last_sync_) < kSyncSeconds) return {};
-  last_sync_ = now;
-  auto failed = files_.Sync(path_);
+  if (!failed && std::fabs(now - last_sync_) >= kSyncSeconds) {
+    last_sync_ = now;
+    files_.BeginSync(path_);
+    failed = files_.EndedSync(path_);
+  }
   if (failed) written_.reset();
   return failed;
 }

@@ -69,6 +69,10 @@ class FileSystem {
   virtual Done Append(const std::string& path, std::string_view bytes) = 0;
 
   virtual Done Sync(const std::string& path) = 0;  // to the device
+  // The same behind the caller, who goes on: a device can take seconds for it when others write much. Nothing
+  // is begun while one goes on. Its failure is told once, by the first EndedSync of that path afterwards.
+  virtual void BeginSync(const std::string& path) = 0;
+  virtual Done EndedSync(const std::string& path) = 0;
 
   // Gives the file another name; fails when `to` exists already, and then changes nothing.
   virtual Done Rename(const std::string& from, const std::string& to) = 0;

@@ -35,6 +35,8 @@ class ReadOnlyFiles final : public platform::FileSystem {
   }
   platform::Done Append(const std::string& path, std::string_view /*bytes*/) override { return Refuse(path); }
   platform::Done Sync(const std::string& path) override { return Refuse(path); }
+  void BeginSync(const std::string& /*path*/) override {}
+  platform::Done EndedSync(const std::string& path) override { return Refuse(path); }
   platform::Done Rename(const std::string& from, const std::string& /*to*/) override { return Refuse(from); }
   std::unique_ptr<platform::FileLock> Lock(const std::string& /*path*/) override { return nullptr; }
 

@@ -116,6 +116,11 @@ Done MemoryFileSystem::Append(const std::string& path, std::string_view bytes) {
   return {};
 }
 
+Done MemoryFileSystem::EndedSync(const std::string& path) {
+  if (holds_syncs_) return {};
+  return std::exchange(syncing_[path], {});
+}
+
 Done MemoryFileSystem::Sync(const std::string& path) {
   ++calls_.syncs;
   if (!Exists(path)) return Cannot("sync " + path, kMissing);

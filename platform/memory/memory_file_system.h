@@ -35,6 +35,10 @@ class MemoryFileSystem : public FileSystem {
   Done Replace(const std::string& path, const std::function<void(ByteSink&)>& write) override;
   Done Append(const std::string& path, std::string_view bytes) override;
   Done Sync(const std::string& path) override;
+  // Ends at once, or when it is told to.
+  void BeginSync(const std::string& path) override { syncing_[path] = Sync(path); }
+  Done EndedSync(const std::string& path) override;
+  void HoldSyncs(bool hold) { holds_syncs_ = hold; }
   Done Rename(const std::string& from, const std::string& to) override;
   std::unique_ptr<FileLock> Lock(const std::string& path) override;
   std::string HolderOf(const std::string& lock) const override {
@@ -81,6 +85,8 @@ class MemoryFileSystem : public FileSystem {
   std::uint64_t last_number_ = 0;
   bool fails_to_close_ = false;
   bool refuses_sync_ = false;
+  bool holds_syncs_ = false;
+  std::map<std::string, Done> syncing_;
   std::map<std::string, File> files_;
   std::set<std::string> folders_;
   std::optional<std::uint64_t> room_;

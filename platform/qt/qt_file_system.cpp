@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <algorithm>
+#include <chrono>
 #include <new>
 #include <stdexcept>
 
@@ -30,7 +31,7 @@ Done DoneUnless(const Reason& reason, const char* what, const std::string& path)
 
 // So that the device works while a long file is made, and the wait for it at the end is short. Promises
 // nothing.
-void BeginSync([[maybe_unused]] int file, [[maybe_unused]] qint64 from, [[maybe_unused]] qint64 to) {
+void BeginWriteOut([[maybe_unused]] int file, [[maybe_unused]] qint64 from, [[maybe_unused]] qint64 to) {
 #ifdef __linux__
   ::sync_file_range(file, from, to - from, SYNC_FILE_RANGE_WRITE);
 #endif
@@ -73,7 +74,7 @@ class FileSink : public ByteSink {
       }
     }
     if (written_ - begun_ < kSyncBlock) return;
-    BeginSync(file_.handle(), begun_, written_);
+    BeginWriteOut(file_.handle(), begun_, written_);
     begun_ = written_;
   }
 
@@ -102,6 +103,10 @@ Reason WriteBeside(const std::string& path, const std::function<void(ByteSink&)>
   CopyPermissions(path, file.Device().handle());
   if (Reason reason = SyncToDevice(file.Device().handle())) return reason;
   return file.TakeItsPlace();
+}
+
+bool HasEnded(const std::future<Done>& work) {
+  return work.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
 }
 
 }  // namespace
@@ -168,6 +173,17 @@ Done QtFileSystem::Append(const std::string& path, std::string_view bytes) {
 }
 
 Done QtFileSystem::Sync(const std::string& path) { return DoneUnless(SyncToDevice(path), "sync ", path); }
+
+void QtFileSystem::BeginSync(const std::string& path) {
+  if (syncing_.valid() && (path == syncing_path_ || !HasEnded(syncing_))) return;
+  syncing_path_ = path;
+  syncing_ = std::async(std::launch::async, [path] { return DoneUnless(SyncToDevice(path), "sync ", path); });
+}
+
+Done QtFileSystem::EndedSync(const std::string& path) {
+  if (path != syncing_path_ || !syncing_.valid() || !HasEnded(syncing_)) return {};
+  return syncing_.get();
+}
 
 Done QtFileSystem::Rename(const std::string& from, const std::string& to) {
   return DoneUnless(RenameFile(from, to), "rename ", from + " to " + to);

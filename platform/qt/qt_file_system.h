@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <future>
+#include <string>
+
 #include "platform/file_system.h"
 
 namespace quenlor::platform::qt {
@@ -19,9 +22,15 @@ class QtFileSystem : public FileSystem {
   Done Replace(const std::string& path, const std::function<void(ByteSink&)>& write) override;
   Done Append(const std::string& path, std::string_view bytes) override;
   Done Sync(const std::string& path) override;
+  void BeginSync(const std::string& path) override;
+  Done EndedSync(const std::string& path) override;
   Done Rename(const std::string& from, const std::string& to) override;
   std::unique_ptr<FileLock> Lock(const std::string& path) override;
   std::string HolderOf(const std::string& lock) const override;
+
+ private:
+  std::string syncing_path_;
+  std::future<Done> syncing_;
 };
 
 }  // namespace quenlor::platform::qt

@@ -6,7 +6,9 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <map>
+#include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -37,6 +39,7 @@ struct Call {
 // Calls that concern this folder, while there is one.
 std::string recorded_folder;
 std::vector<Call> calls;
+std::mutex recording;  // a log is synced behind the measurement
 
 template <class Function>
 Function Real(const char* name) {
@@ -52,6 +55,7 @@ void Record(Call::Kind kind, int file, std::string text = {}) {
   const std::string name(path, static_cast<std::size_t>(size));
   if (!name.starts_with(recorded_folder)) return;
   if (kind == Call::kSync && S_ISDIR(known.st_mode)) kind = Call::kSyncFolder;
+  const std::lock_guard lock(recording);
   calls.push_back({kind, name, std::move(text), known.st_ino});
 }
 
@@ -76,8 +80,10 @@ int fsync(int file) {
 
 int rename(const char* from, const char* to) noexcept {
   static const auto real = Real<int (*)(const char*, const char*)>("rename");
-  if (!recorded_folder.empty() && std::string(to).starts_with(recorded_folder))
+  if (!recorded_folder.empty() && std::string(to).starts_with(recorded_folder)) {
+    const std::lock_guard lock(recording);
     calls.push_back({Call::kRename, from, to, 0});
+  }
   return real(from, to);
 }
 
@@ -142,6 +148,23 @@ class Disk {
   std::map<std::string, ino_t> kept_names_;
 };
 
+// A clock that a test moves leaves the device no time for what is synced behind the measurement.
+class PatientFiles : public platform::qt::QtFileSystem {
+ public:
+  void BeginSync(const std::string& path) override {
+    const auto syncs = [] {
+      const std::lock_guard lock(recording);
+      return std::ranges::count(calls, Call::kSync, &Call::kind);
+    };
+    const auto before = syncs();
+    while (syncs() == before) {
+      QtFileSystem::BeginSync(path);
+      EXPECT_FALSE(QtFileSystem::EndedSync(path)) << "of the one before";
+      std::this_thread::yield();
+    }
+  }
+};
+
 class PowerLoss : public testing::Test {
  protected:
   PowerLoss() { calls.clear(); }
@@ -152,7 +175,7 @@ class PowerLoss : public testing::Test {
   void EndRecording() { recorded_folder.clear(); }
 
   QTemporaryDir folder_;
-  platform::qt::QtFileSystem files_;
+  PatientFiles files_;
 };
 
 TEST_F(PowerLoss, ASaveLeavesTheOldFileOrTheNewOneAndThenTheNewOne) {
@@ -199,6 +222,7 @@ TEST_F(PowerLoss, ARunKeepsAllButTheReadingsOfTheLastTenSecondsAndAtItsEndAll) {
   for (int reading = 0; reading < kReadings; ++reading) {
     clock.Advance(1);
     port.Feed(std::to_string(7000 + reading) + "\r");
+    const std::lock_guard lock(recording);
     calls.emplace_back();
   }
   measurement.Stop();

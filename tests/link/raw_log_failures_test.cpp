@@ -399,6 +399,27 @@ TEST(RawLogSync, WhatDidNotReachTheDeviceIsToldAndWrittenAnew) {
                                       "Raw Log Written Again"));
 }
 
+TEST(RawLogSync, ADeviceThatTakesItsTimeHoldsNobodyUp) {
+  Bench bench;
+  bench.Start();
+  bench.Line("1");
+  bench.Advance(10);
+  bench.files.HoldSyncs(true);
+  bench.files.RefuseSync(true);
+  bench.Line("2");
+  bench.Advance(1);
+  bench.Line("3");
+  EXPECT_TRUE(bench.told.empty());
+
+  bench.files.RefuseSync(false);
+  bench.files.HoldSyncs(false);
+  bench.Line("4");
+  EXPECT_THAT(bench.told, ElementsAre("Raw Log Not Written: cannot sync /lab/Com_1.txt: Input/output error"));
+  bench.Advance(1);
+  bench.Line("5");
+  EXPECT_EQ(Column(data::ParseDataFile(bench.RawLogText()).table, 2), (Texts{"1", "2", "3", "4", "5"}));
+}
+
 TEST(RawLogSync, WhatDoesNotReachTheDeviceAtTheEndIsTold) {
   Bench bench;
   bench.Start();

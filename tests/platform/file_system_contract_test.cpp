@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <chrono>
+#include <thread>
+
 #include <gmock/gmock.h>
 
 #include "tests/platform/disks.h"
@@ -239,6 +242,22 @@ TYPED_TEST(FileSystemContract, OfAnAppendThatDoesNotFitNothingStays) {
 TYPED_TEST(FileSystemContract, SyncingChangesNothing) {
   ASSERT_EQ(Told(this->files().Replace(this->Path("log"), "line")), "done");
   EXPECT_EQ(Told(this->files().Sync(this->Path("log"))), "done");
+  EXPECT_EQ(this->Content("log"), "line");
+}
+
+TYPED_TEST(FileSystemContract, ASyncBehindTheCallerIsToldOnceItHasEnded) {
+  ASSERT_EQ(Told(this->files().Replace(this->Path("log"), "line")), "done");
+  this->files().BeginSync(this->Path("log"));
+  EXPECT_EQ(Told(this->files().EndedSync(this->Path("log"))), "done");
+  this->files().BeginSync(this->Path("missing"));
+  EXPECT_EQ(Told(this->files().EndedSync(this->Path("log"))), "done") << "that of another file";
+  std::string told = "done";
+  for (int looks = 0; looks < 1000 && told == "done"; ++looks) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    this->files().BeginSync(this->Path("missing"));  // as long as the first one goes on, that one
+    told = Told(this->files().EndedSync(this->Path("missing")));
+  }
+  EXPECT_EQ(told, "cannot sync " + this->Path("missing") + ": No such file or directory");
   EXPECT_EQ(this->Content("log"), "line");
 }
 
