@@ -119,6 +119,29 @@ TEST(Merge, RunNumbersThatDoNotSufficeLeaveEverythingAsItWas) {
   EXPECT_EQ(merging.document.RunCount(), 32767);
 }
 
+TEST(Merge, AFileThatIsAppendedToAFileGivesWhatItGivesAppendedToADocument) {
+  Merging merging(kMonday);
+  merging.Append(kTuesday, "tuesday.csv");
+  DataFileContents both = ParseDataFile(kMonday);
+  ASSERT_TRUE(AppendFile(ParseDataFile(kTuesday), "tuesday.csv", both));
+  EXPECT_EQ(both.run_count, 4);
+  EXPECT_EQ(both.runs.TextMatrix(4, 1), "tuesday No.2");
+  EXPECT_EQ(both.date, "2026/11/24 10:00:00");
+  EXPECT_EQ(both.remarks, "first");
+  EXPECT_THAT(both.List2, ElementsAre("monday's memo", "tuesday's memo"));
+  Merging opened("");
+  opened.document.Load(std::move(both), "both.csv", "");
+  EXPECT_EQ(opened.Rows(), merging.Rows());
+}
+
+TEST(Merge, AFileWithoutNumbersLeftStaysAsItIs) {
+  DataFileContents full = ParseDataFile("No.,Time,Viscosity\r\n32766,0,50\r\nMemo,full\r\nmemo\r\n");
+  EXPECT_FALSE(AppendFile(ParseDataFile(kTuesday), "tuesday.csv", full));
+  EXPECT_EQ(full.run_count, 32766);
+  EXPECT_EQ(full.table.EntryRow(), 2);
+  EXPECT_THAT(full.List2, ElementsAre("memo"));
+}
+
 TEST(Merge, NothingToAppendChangesNothing) {
   Merging merging(kMonday);
   EXPECT_TRUE(merging.Append("No.,Time,Torque\r\n"));

@@ -129,6 +129,16 @@ TEST(LiveGraph, AnotherViscosityColumnIsAnotherSeries) {
   EXPECT_GE(desk.figs, 1);
 }
 
+TEST(LiveGraph, AnotherTemperatureColumnIsAnotherSeries) {
+  Desk desk;
+  desk.Read("777", "25");
+  desk.Forget();
+  desk.document.SetTempColumn(2);
+  EXPECT_EQ(desk.graph.Values().Temp()[0], 777);
+  EXPECT_GE(desk.Ranges().TempMax, 777);
+  EXPECT_GE(desk.figs, 1);
+}
+
 TEST(LiveGraph, LegendShowsSampleNameAndNewestViscosityOfTheFirstTenRuns) {
   Desk desk;
   EXPECT_EQ(desk.graph.LegendText(1), std::nullopt);

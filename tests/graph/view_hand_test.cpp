@@ -59,6 +59,17 @@ TEST(ViewHand, ANotchLeavesWhatIsAtThePointerThere) {
   EXPECT_EQ(desk.Ranges().TimeMax, 200);
 }
 
+TEST(ViewHand, FingersThatSpreadMakeWhatIsBetweenThemAsManyTimesAsLarge) {
+  Desk desk;
+  desk.hand.Spread({0.25, 0.5}, 2);
+  EXPECT_EQ(desk.Ranges().TimeMin, 25);
+  EXPECT_EQ(desk.Ranges().TimeMax, 125);
+  EXPECT_EQ(desk.Ranges().ViscoMin, 250);
+  EXPECT_EQ(desk.Ranges().ViscoMax, 750);
+  for (const double times : {0.0, -1.0, HUGE_VAL, std::nan("")}) desk.hand.Spread(kMiddle, times);
+  EXPECT_EQ(desk.Ranges().TimeMax, 125) << "no spread at all";
+}
+
 TEST(ViewHand, OneDirectionLeavesTheOthersBoxTicked) {
   Desk desk;
   desk.graph.ShowWhole();

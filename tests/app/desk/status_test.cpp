@@ -201,6 +201,15 @@ TEST_F(StatusTest, AutoStopIsAReason) {
   EXPECT_THAT(Fields().message, HasSubstr("Auto Stop after 1 min"));
 }
 
+TEST_F(StatusTest, RunNumbersThatAreUsedUpAreAReason) {
+  files.Put("/lab/full.csv", "No.,Time,Viscosity\r\n32767,0,5\r\n");
+  commands.ReadDataFile("/lab/full.csv");
+  Start();
+  Line("6");
+  EXPECT_THAT(Fields().state, StartsWith("Run numbers used up 09:30:"));
+  EXPECT_THAT(Fields().message, HasSubstr("all run numbers, 1 to 32767, are used up"));
+}
+
 TEST_F(StatusTest, ADeviceThatIsGoneTellsWhereTheReadingsAre) {
   Start();
   Line("1");
