@@ -30,11 +30,12 @@ struct Drawn {
   int line_batches = 0;
 
   void Draw(const std::vector<TestReading>& readings) { Draw(ValuesOf(readings)); }
-  void Draw(const ValueArrays& values, const PixelRectangle& plot = kPlot) {
+  void Draw(const ValueArrays& values, const PixelRectangle& plot = kPlot, int dot = 1) {
     PlotAxes axes;
     axes.SetScales(ranges, settings.kind, settings.visco_axis);
     RecordingSurface surface(9921, 14031, 12.5);
-    DrawCurveLines(surface, {plot, {0, 0, axes.XExtent(), 10000}}, 1, values, values.Runs(), settings, axes);
+    DrawCurveLines(surface, {plot, {0, 0, axes.XExtent(), 10000}}, dot, values, values.Runs(), settings,
+                   axes);
     calls = surface.Calls();
     line_batches = surface.LineBatches();
   }
@@ -162,6 +163,24 @@ TEST(CurveLines, ALineIntoTheDistanceEndsAtTheEdge) {
   drawn.Draw({{1, 0, 50, 0}, {1, 90, 150, 0}, {1, 180, 50, 0}});
   EXPECT_THAT(drawn.Lines(), ElementsAre(platform::Segment{{0, 5195}, {1860, 0}},
                                          platform::Segment{{5580, 0}, {7440, 5195}}));
+}
+
+TEST(CurveLines, OfLargerDotsLieAtTheSamePlacesWithAsMuchRoomOnEverySide) {
+  for (const int dot : {1, 2, 10}) {
+    Drawn drawn;
+    drawn.Draw(ValuesOf({{1, 0, 0, 0}, {1, 90, 50, 0}, {1, 180, 0, 0}}), kPlot, dot);
+    const std::vector<Call> lines = drawn.Of(Kind::kLine);
+    ASSERT_EQ(lines.size(), 2U) << dot;
+    const platform::Viewport& viewport = lines[0].viewport;
+    EXPECT_EQ(viewport.DeviceX(lines[0].line.to.x), 1240 + 3720) << dot;
+    EXPECT_NEAR(viewport.DeviceY(lines[0].line.to.y), 1039 + 5195, dot) << dot;
+    const PixelRectangle& area = viewport.Area();
+    const int room = kPlot.left - area.left;
+    EXPECT_GT(room, 0) << dot;
+    EXPECT_EQ(area, (PixelRectangle{kPlot.left - room, kPlot.top - room, kPlot.width + 2 * room,
+                                    kPlot.height + 2 * room}))
+        << dot;
+  }
 }
 
 TEST(CurveLines, OnRangesThatSpanNothingThereIsNoCurve) {
