@@ -76,7 +76,7 @@ std::string RunTold(const data::Document& document, const ValueArrays& values, i
   Index last = -1;
   Index count = 0;
   for (std::size_t run = 0; run < values.Runs().size(); ++run) {
-    if (values.Runs()[run].number != number || values.RunEnd(run) <= values.Runs()[run].first) continue;
+    if (values.Runs()[run].number != number) continue;
     if (count == 0) first = values.Runs()[run].first;
     last = values.RunEnd(run) - 1;
     count += last + 1 - values.Runs()[run].first;
