@@ -72,6 +72,19 @@ TEST(CurveLines, WhatRunsStraightIsOneLine) {
   EXPECT_EQ(drawn.Count(Kind::kLine), 1U);
 }
 
+TEST(CurveLines, DotsWithinOneAndAHalfOfAStraightLineAreOneLine) {
+  const auto at = [](int column, int row) {
+    return TestReading{1, 180.0 * column / kPlot.width, 100 - 100.0 * row / kPlot.height, 20};
+  };
+  Drawn near;
+  near.Draw({at(0, 5000), at(10, 5000), at(20, 5003)});
+  EXPECT_THAT(near.Lines(), ElementsAre(platform::Segment{{0, 5000}, {20, 5003}}));
+  Drawn farther;
+  farther.Draw({at(0, 5000), at(10, 5000), at(20, 5004)});
+  EXPECT_THAT(farther.Lines(), ElementsAre(platform::Segment{{0, 5000}, {10, 5000}},
+                                           platform::Segment{{10, 5000}, {20, 5004}}));
+}
+
 TEST(CurveLines, RunsAreNotJoinedAndHaveTheColourOfTheirNumber) {
   Drawn drawn;
   drawn.Draw({{1, 0, 10, 0}, {1, 90, 10, 0}, {12, 0, 60, 0}, {12, 90, 60, 0}});
