@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "graph/plot_grid.h"
 
@@ -16,6 +17,7 @@ using platform::Viewport;
 
 constexpr MarkerSizes kMarkers;
 constexpr std::size_t kMostLinesAtOnce = 4096;
+constexpr double kNotPainted = 0.45;  // of a pixel; what sticks out so far
 
 // How far to the left and above of its points a line is painted: a square end that leans reaches as far as
 // half of its diagonal, and a pixel counts from its middle on. To the right and below it is one pixel less.
@@ -40,8 +42,9 @@ CurvePainter::CurvePainter(const ValueArrays& values, const PlotAxes& axes, cons
       settings_(settings),
       surface_(surface),
       viewport_(surface.CurrentViewport()),
-      line_reach_(LineReachOf(settings.LineWidth * surface.PenScale())),
-      reach_(ReachOf(viewport_, settings.LineWidth * surface.PenScale())),
+      pen_pixels_(settings.LineWidth * surface.PenScale()),
+      line_reach_(LineReachOf(pen_pixels_)),
+      reach_(ReachOf(viewport_, pen_pixels_)),
       painted_(viewport_.Area().top - reach_, viewport_.Area().top + viewport_.Area().height + reach_) {
   pen_.width = settings.LineWidth;
 }
@@ -93,6 +96,14 @@ void CurvePainter::EnterRun(std::size_t run) {
   }
 }
 
+void CurvePainter::PaintMarkersOf(Index index) {
+  if (!HasMarker(settings_.MarkerEvery, index - run_begin_)) return;
+  for (const Curve& curve : curves_) {
+    UseColor(curve.color);
+    PaintMarker(curve, PointOf(curve, index));
+  }
+}
+
 // One reading as it is: marker and line from the reading before, of one curve after the other.
 void CurvePainter::PaintReading(Index index) {
   for (const Curve& curve : curves_) {
@@ -126,6 +137,7 @@ void CurvePainter::PaintColumns(Index begin, Index end) {
     return std::clamp(viewport_.Column(axes_.X(x)), leftmost, rightmost);
   };
 
+  std::optional<Filled> before;
   while (begin < end) {
     const int column = column_of(xs[begin]);
     // Whatever lies between two values of a column lies in it, too: its edges are guessed and tried, so that
@@ -142,28 +154,55 @@ void CurvePainter::PaintColumns(Index begin, Index end) {
       return (block.min >= low && block.max <= high) ||
              (column_of(block.min) == column && column_of(block.max) == column);
     });
-    PaintReading(begin);
-    if (stop - begin > 1 && column > leftmost && column < rightmost) PaintInColumn(begin, stop);
+    std::optional<Filled> here;
+    if (stop - begin > 1 && column > leftmost && column < rightmost) {
+      here.emplace().column = column;
+      for (std::size_t i = 0; i < curves_.size(); ++i) here->lines[i] = Upright(curves_[i], begin, stop);
+    }
+    if (before && here && HideTheWay(*before, *here, begin)) {
+      PaintMarkersOf(begin);
+    } else {
+      PaintReading(begin);
+    }
+    if (here) PaintInColumn(*here, begin, stop);
+    before = here;
     begin = stop;
   }
 }
 
+// Whether the upright lines of two columns hide the line from the last reading of the one to the first of the
+// other.
+bool CurvePainter::HideTheWay(const Filled& before, const Filled& here, Index first) const {
+  // Around wider pens of odd or broken widths, painters round in other ways.
+  const bool told = pen_pixels_ == 1 || std::fmod(pen_pixels_, 2) == 0;
+  if (here.column != before.column + 1 || TwoColors() || !told) return false;
+  const auto in = [](int row, PixelRows rows) { return rows.first <= row && row <= rows.last; };
+  for (std::size_t i = 0; i < curves_.size(); ++i) {
+    const int from = viewport_.Row(PointOf(curves_[i], first - 1).y);
+    const int to = viewport_.Row(PointOf(curves_[i], first).y);
+    if (!in(to, RowsOf(before.lines[i])) || !in(from, RowsOf(here.lines[i]))) return false;
+    // The corners of a line that leans stick out, and a pixel that is reached to its middle is painted.
+    const double down = std::abs(to - from);
+    const double sticks_out = pen_pixels_ / 2 * ((1 + down) / std::hypot(1, down) - 1);
+    if (sticks_out > kNotPainted) return false;
+  }
+  return true;
+}
+
 // What the readings after the first add in their common pixel column.
-void CurvePainter::PaintInColumn(Index begin, Index end) {
-  const bool two_colors = curves_.size() == 2 && curves_[0].color != curves_[1].color;
-  if (two_colors &&
-      !Apart(RowsOf(Upright(curves_[0], begin, end)), RowsOf(Upright(curves_[1], begin, end)))) {
+void CurvePainter::PaintInColumn(const Filled& here, Index begin, Index end) {
+  if (TwoColors() && !Apart(RowsOf(here.lines[0]), RowsOf(here.lines[1]))) {
     PaintTwoColors(begin, end);
-  } else {
-    for (const Curve& curve : curves_) PaintOneColor(curve, begin, end);
+    return;
+  }
+  for (std::size_t i = 0; i < curves_.size(); ++i) {
+    UseColor(curves_[i].color);
+    Line(here.lines[i]);
+    if (AnyMarker(begin + 1, end)) PaintMarkers(curves_[i], begin + 1, end);
   }
 }
 
-void CurvePainter::PaintOneColor(const Curve& curve, Index begin, Index end) {
-  UseColor(curve.color);
-  Line(Upright(curve, begin, end));
-  if (AnyMarker(begin + 1, end)) PaintMarkers(curve, begin + 1, end);
-}
+bool CurvePainter::TwoColors() const { return curves_.size() == 2 && curves_[0].color != curves_[1].color; }
 
 // Markers at the same pixel are the same, so a block whose pixels all have theirs is passed over.
 void CurvePainter::PaintMarkers(const Curve& curve, Index begin, Index end) {

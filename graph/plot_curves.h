@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "graph/painted_area.h"
@@ -53,6 +54,10 @@ class CurvePainter {
     Quantity quantity;
     platform::Rgb color;
   };
+  struct Filled {  // a pixel column, from the highest to the lowest reading of each curve
+    int column = 0;
+    std::array<platform::Segment, 2> lines;
+  };
   struct Between {  // two values, none by default
     double low = 1;
     double high = 0;
@@ -61,6 +66,7 @@ class CurvePainter {
 
   void EnterRun(std::size_t run);
   void PaintReading(Index index);
+  void PaintMarkersOf(Index index);
   void PaintSmoothRun(Index end);
   void PaintColumns(Index begin, Index end);
   bool IsTangle(Index begin, Index end) const;
@@ -73,8 +79,9 @@ class CurvePainter {
   bool IsPainted(const platform::PixelRectangle& box) const;
   Between PaintedWithin(const platform::PixelRectangle& box, bool markers) const;
   platform::PixelRectangle BoxOf(Index begin, Index end, const ValueColumn::Extremes& xs) const;
-  void PaintInColumn(Index begin, Index end);
-  void PaintOneColor(const Curve& curve, Index begin, Index end);
+  bool HideTheWay(const Filled& before, const Filled& here, Index first) const;
+  void PaintInColumn(const Filled& here, Index begin, Index end);
+  bool TwoColors() const;
   void PaintTwoColors(Index begin, Index end);
   void PaintMarkers(const Curve& curve, Index begin, Index end);
   void PaintMarker(const Curve& curve, platform::Point centre);
@@ -97,6 +104,7 @@ class CurvePainter {
   const PlotSettings& settings_;
   platform::DrawingSurface& surface_;
   const platform::Viewport viewport_;
+  const double pen_pixels_;
   const int line_reach_;  // pixels that a line may cover to the left and above of its points
   const int reach_;       // that a line or marker may cover beyond them, or fewer
   PaintedRows painted_;

@@ -12,7 +12,7 @@ namespace {
 using platform::PixelRectangle;
 
 constexpr Index kTangle = 4096;       // lines from column to column that make one
-constexpr Index kTried = 512;         // readings that tell how many there are
+constexpr Index kTried = 128;         // readings that tell how many there are
 constexpr Index kSpread = 2048;       // blocks of which some are painted first
 constexpr Index kPixelsLooked = 250;  // at in the time that a line takes
 constexpr int kFar = 10'000;          // pixels; of longer lines painters need not be that exact

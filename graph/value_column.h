@@ -63,19 +63,26 @@ class ValueColumn {
     while (begin < end) {
       int level = LargestBlock(begin, end);
       while (level >= 0 && !inside(Summary(level, begin))) --level;
-      if (level < 0 && !inside(Of(begin))) break;
-      begin += BlockSize(level);
+      if (level >= 0) {
+        begin += BlockSize(level);
+        continue;
+      }
+      const Index next = std::min(end, NextBlock(begin));
+      while (begin < next && inside(Of(begin))) ++begin;
+      if (begin < next) break;
     }
     return begin;
   }
 
  private:
+  static constexpr Index NextBlock(Index index) { return (index / BlockSize(0) + 1) * BlockSize(0); }
   static constexpr int BlockBits(int level) { return level < 0 ? 0 : 5 + 3 * level; }
   void SumUp();
   Extremes Of(Index index) const {
     const double value = (*this)[index];
     return {value, value, value > 0 ? value : std::numeric_limits<double>::infinity()};
   }
+  Extremes OfEach(Index begin, Index end) const;
   const Extremes& Summary(int level, Index begin) const {
     return summaries_[static_cast<std::size_t>(level)][static_cast<std::size_t>(begin >> BlockBits(level))];
   }

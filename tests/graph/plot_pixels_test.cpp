@@ -215,6 +215,47 @@ TEST(TwoCurvePixels, OfFewReadingsInAColumnAreThoseOfDrawingEachInItsTurn) {
   }
 }
 
+// ---- many readings in each column, of which the uprights hide the ways between
+
+TEST(DensePixels, AreThoseOfDrawingEveryReadingInItsTurn) {
+  for (unsigned seed = 0; seed < 150; ++seed) {
+    Dice dice(seed);
+    std::vector<TestReading> readings;
+    const int runs = dice.Int(1, 3);
+    const int in_column = dice.Int(2, 12);
+    const double noise = dice.AnyOf({0.5, 3, 10, 40});
+    const double drift = dice.Real(-3, 3);
+    const QSize size(dice.Int(20, 120), dice.Int(20, 200));
+    for (int run = 1; run <= runs; ++run) {
+      for (int i = 0; i < size.width() * in_column; ++i) {
+        const double column = 1.0 * i / in_column;
+        const double visco = 50 + 30 * std::sin(column * 0.05 * drift) + dice.Real(-noise, noise);
+        const double temp = 40 + 20 * std::sin(column * 0.03) + dice.Real(-noise, noise);
+        readings.push_back({run, column * 180 / size.width(), visco, temp});
+      }
+    }
+    const ValueArrays values = ValuesOf(readings);
+    PlotSettings settings;
+    settings.kind = static_cast<GraphKind>(dice.Int(0, 1));
+    settings.visco_axis = static_cast<ViscoAxis>(dice.Int(0, 1));
+    settings.MarkerEvery = static_cast<int>(dice.AnyOf({0, 0, 1, 4}));
+    settings.LineWidth = dice.Int(1, 3);
+    Plot plot(values);
+    plot.Set(settings, {});
+    const double pen_scale = dice.AnyOf({1, 1, 1.25, 1.5, 2, 3, 4});
+    const PixelRectangle area{0, 0, size.width(), size.height()};
+    const QImage naive = Picture(size, pen_scale, [&](DrawingSurface& surface) {
+      DrawNaively(surface, readings, values, plot, area);
+    });
+    const QImage drawn =
+        Picture(size, pen_scale, [&](DrawingSurface& surface) { plot.DrawCurves(surface, area); });
+    ASSERT_EQ(DifferentPixels(naive, drawn), 0)
+        << "seed " << seed << ", " << runs << " runs, " << in_column << " readings in a column, line width "
+        << settings.LineWidth << ", pen scale " << pen_scale << ", " << size.width() << " x "
+        << size.height();
+  }
+}
+
 // ---- a kept picture
 
 TEST(KeptPlotPixels, AreThoseOfDrawingEverything) {
