@@ -13,9 +13,13 @@ namespace {
 constexpr int kNumberColumn = 0;
 constexpr int kTimeColumn = 1;
 
+// For as many more readings all numbers stay where they are: to move those of a long table takes as long as
+// painting it. What is not used of the room is no memory yet.
+constexpr Index kRoom = 1 << 20;
+
 void Clear(ValueColumn& column, const ValueArrays::Table& table) {
   column.Clear();
-  column.Reserve(table.EntryRow() - 1);
+  column.Reserve(table.EntryRow() - 1 + kRoom);
 }
 
 constexpr data::MeasurementTable::Row kTold = 1 << 16;  // rows between two words about how far it has come
