@@ -29,17 +29,21 @@ class PortsFile {
     return directory_.Device(port);
   }
 
-  // For those who list devices: empty where none was seen.
+  // For those who list devices: empty where none was seen. Who only asks this does not wait for the system,
+  // and is told the numbers that the file has.
   std::string Known(int port) {
-    if (!looked_) LookForDevices();
+    if (!read_) Read();
     return directory_.Known(port);
   }
 
  private:
+  platform::Result<std::string> Read();
+
   platform::FileSystem& files_;
   platform::SerialDevices& devices_;
   std::string path_;
   link::PortDirectory directory_;
+  bool read_ = false;
   bool looked_ = false;
 };
 

@@ -55,6 +55,9 @@ class Status : private link::MeasurementListener, private data::DocumentListener
   // Says why Start was refused, and which devices are there instead of a missing one.
   void StartRefused(const platform::OpenFailure& failure);
 
+  // Ports may have other devices now.
+  void DevicesFound() { Changed(); }
+
   // Called when a field may be another one without time having passed.
   void OnChange(std::function<void()> changed) { changed_ = std::move(changed); }
 

@@ -280,6 +280,7 @@ void Menus::ShowDevices() {
         ->SetBeside(Port.Item(port), ToQString(ShortDeviceName(device)), device.empty());
   }
   TellOfUnreachableDevice();
+  status_.DevicesFound();
 }
 
 // A device whose number has no item could never be chosen, and nobody would know why.

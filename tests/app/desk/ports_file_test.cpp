@@ -40,6 +40,17 @@ TEST(PortsFile, WhoeverAsksBeforeAnybodyHasLookedIsToldWhatThereIs) {
   EXPECT_EQ(ports.file.Device(2), "") << "one look is enough until somebody asks for another";
 }
 
+TEST(PortsFile, WhatIsKnownStandsInTheFileUntilSomebodyLooks) {
+  Ports ports;
+  ports.files.Put("/lab/Ports.txt", "2=/dev/b\r\n");
+  ports.devices.Plug({"/dev/a"});
+  EXPECT_EQ(ports.file.Known(2), "/dev/b");
+  EXPECT_EQ(ports.file.Known(1), "");
+  EXPECT_EQ(ports.files.Calls().replaces, 0);
+  EXPECT_EQ(ports.file.Device(1), "/dev/a") << "whoever opens it looks first";
+  EXPECT_EQ(ports.file.Known(1), "/dev/a");
+}
+
 TEST(PortsFile, TheCommandLineWins) {
   Ports ports;
   ports.files.Put("/lab/Ports.txt", "7=/dev/b\r\n");

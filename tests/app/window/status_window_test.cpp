@@ -48,6 +48,17 @@ TEST_F(StatusWindowTest, TellsInFieldsWhatGoesOn) {
   EXPECT_THAT(Message(), HasSubstr("stopped by hand"));
 }
 
+TEST_F(StatusWindowTest, ADeviceIsNamedOnceItHasBeenFound) {
+  devices.clear();
+  Open();
+  ASSERT_TRUE(WaitFor([&] { return looks_for_devices > 0; }));
+  EXPECT_EQ(Field("StatusPort").find("ttyV1"), std::string::npos);
+
+  devices = {{1, "/dev/ttyV1"}};
+  emit Find<QMenu>("mRS")->aboutToShow();
+  EXPECT_TRUE(WaitFor([&] { return Field("StatusPort") == "Port 1 ttyV1 · 2400 E71 CR/LF"; }));
+}
+
 TEST_F(StatusWindowTest, InANarrowWindowTheLessImportantFieldsGo) {
   const std::string name = std::string(60, 'm') + ".csv";
   PutFile(name, "No.,Time,Visco\r\n");
