@@ -114,6 +114,7 @@ void PlotOverlay::Paint(QPainter& painter, const QPalette& palette, double ratio
   painter.setRenderHint(QPainter::Antialiasing);
   marks_.Paint(painter, plot_.Axes(), size_, ratio, ToQColor(colors_.GridColor()));
   PaintTicks(painter);
+  PaintCross(painter);
   PaintCompared(painter, palette);
   PaintNear(painter, palette);
 }
@@ -154,7 +155,8 @@ void PlotOverlay::PaintCompared(QPainter& painter, const QPalette& palette) cons
   DrawPlate(painter, plate, text, ink, palette);
 }
 
-void PlotOverlay::PaintNear(QPainter& painter, const QPalette& palette) const {
+// Below all plates.
+void PlotOverlay::PaintCross(QPainter& painter) const {
   if (!near_) return;
   const QPointF at(near_->at.x, near_->at.y);
   QColor ink = ToQColor(colors_.GridColor());
@@ -162,6 +164,11 @@ void PlotOverlay::PaintNear(QPainter& painter, const QPalette& palette) const {
   painter.setPen(QPen(ink, 1));
   painter.drawLine(QPointF(0, at.y()), QPointF(size_.width(), at.y()));
   painter.drawLine(QPointF(at.x(), 0), QPointF(at.x(), size_.height()));
+}
+
+void PlotOverlay::PaintNear(QPainter& painter, const QPalette& palette) const {
+  if (!near_) return;
+  const QPointF at(near_->at.x, near_->at.y);
   const QColor color = ColorOf(near_->index, near_->quantity);
   painter.setPen(QPen(color, 2));
   painter.setBrush(Qt::NoBrush);

@@ -49,6 +49,7 @@ class PlotOverlay {
   QPointF PlaceOf(Index index, Quantity quantity) const;
   QColor ColorOf(Index index, Quantity quantity) const;
   void PaintCompared(QPainter& painter, const QPalette& palette) const;
+  void PaintCross(QPainter& painter) const;
   void PaintNear(QPainter& painter, const QPalette& palette) const;
   void PaintTicks(QPainter& painter) const;
   void FindNear();

@@ -116,6 +116,19 @@ TEST_F(PlotReadoutTest, TwoClicksWithCtrlCompareTwoReadings) {
   EXPECT_EQ(Told().find("A to B"), std::string::npos);
 }
 
+TEST_F(PlotReadoutTest, TheCrossHairGoesBelowTheDifferenceOfTheMarks) {
+  OpenTwoRuns();
+  QTest::mouseClick(Plot(), Qt::LeftButton, Qt::ControlModifier, Fourth());
+  QTest::mouseClick(Plot(), Qt::LeftButton, Qt::ControlModifier, Second());
+  PointAt(Second());
+  const QImage picture = Picture();
+  const QColor ground = Plot()->palette().color(QPalette::ToolTipBase);
+  const int x = static_cast<int>(Second().x() * picture.devicePixelRatio());
+  int untouched = 0;
+  for (int y = 0; y < picture.height(); ++y) untouched += picture.pixelColor(x, y) == ground ? 1 : 0;
+  EXPECT_GT(untouched, 20);
+}
+
 TEST_F(PlotReadoutTest, MarksGoWhenReadingsAreOthers) {
   OpenTwoRuns();
   QTest::mouseClick(Plot(), Qt::LeftButton, Qt::ControlModifier, Fourth());
