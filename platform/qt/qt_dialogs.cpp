@@ -151,9 +151,9 @@ class SaveDialog : public QFileDialog {
 
 // The system's own box has asked about a name without the suffix.
 QString Chosen(const QFileDialog& dialog) {
-  const QString path = dialog.selectedFiles().value(0);
+  QString path = dialog.selectedFiles().value(0);
   if (dialog.acceptMode() == QFileDialog::AcceptOpen || path.isEmpty()) return path;
-  const QString whole = WithSuffix(path, SuffixOf(dialog.selectedNameFilter()));
+  QString whole = WithSuffix(path, SuffixOf(dialog.selectedNameFilter()));
   if (whole == path || !QFileInfo::exists(whole)) return whole;
   const QString question = QFileDialog::tr("%1 already exists.\nDo you want to replace it?");
   const auto answer = QMessageBox::warning(dialog.parentWidget(), dialog.windowTitle(),
